@@ -1,0 +1,16 @@
+# Writes OUTPUT, a source file that holds the text of each file in SCRIPTS under its name.
+# Pieces stay below the length that every compiler takes for one literal.
+set(text "// Generated from demo/data; edit the scripts there.\n")
+string(APPEND text "#include \"demo/EmbeddedScripts.h\"\n\nnamespace fetchkit::demo {\n\n")
+string(APPEND text "const std::vector<EmbeddedScript>& EmbeddedScripts() {\n")
+string(APPEND text "  static const std::vector<EmbeddedScript> scripts = {\n")
+foreach(script IN LISTS SCRIPTS)
+  get_filename_component(name ${script} NAME)
+  file(READ ${script} hex HEX)
+  string(REGEX REPLACE "([0-9a-f][0-9a-f])" "\\\\x\\1" bytes "${hex}")
+  string(REGEX MATCHALL "(\\\\x[0-9a-f][0-9a-f])(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?(\\\\x[0-9a-f][0-9a-f])?" lines "${bytes}")
+  string(JOIN "\"\n    \"" lines ${lines})
+  string(APPEND text "    {\"${name}\",\n    \"${lines}\"},\n")
+endforeach()
+string(APPEND text "  };\n  return scripts;\n}\n\n}  // namespace fetchkit::demo\n")
+file(WRITE ${OUTPUT} "${text}")

@@ -1,0 +1,15 @@
+# `cmake --install` and find_package(FetchKit).
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+install(TARGETS FetchKit EXPORT FetchKitTargets)
+foreach(header IN LISTS FETCHKIT_HEADERS)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/FetchKit/${folder})
+endforeach()
+install(EXPORT FetchKitTargets NAMESPACE FetchKit::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit FILE FetchKitConfig.cmake)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/FetchKitConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/FetchKitConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit)

@@ -1,0 +1,134 @@
+#include "base/Numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace fetchkit {
+namespace {
+
+bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+
+// Reads a plain ASCII number; texts of this grammar are ASCII by construction.
+double ParseAscii(const std::string& ascii) {
+  double value = 0;
+  const auto result = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    // from_chars leaves the value alone here; only a negative exponent means "too small".
+    const auto exponent = ascii.find('e');
+    const bool tiny = exponent != std::string::npos && ascii[exponent + 1] == '-';
+    const double limit = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+    return ascii.front() == '-' ? -limit : limit;
+  }
+  return value;
+}
+
+}  // namespace
+
+double LeadingNumber(TextView text) {
+  std::size_t at = 0;
+  while (at < text.size() && text[at] == u' ') ++at;
+  std::string ascii;
+  if (at < text.size() && (text[at] == u'+' || text[at] == u'-')) {
+    if (text[at] == u'-') ascii.push_back('-');
+    ++at;
+  }
+  bool point = false;
+  bool digit = false;
+  for (; at < text.size(); ++at) {
+    if (IsDigit(text[at])) {
+      digit = true;
+    } else if (text[at] == u'.' && !point) {
+      point = true;
+    } else {
+      break;
+    }
+    ascii.push_back(static_cast<char>(text[at]));
+  }
+  return digit ? ParseAscii(ascii) : 0;
+}
+
+bool IsNumericText(TextView text) {
+  text = TrimBlanks(text);
+  std::size_t at = 0;
+  const auto more = [&] { return at < text.size(); };
+  const auto skipSign = [&] {
+    if (more() && (text[at] == u'+' || text[at] == u'-')) ++at;
+  };
+  const auto skipDigits = [&](bool commas) {
+    bool any = false;
+    // A comma stands behind a digit, never in front of the first one.
+    for (; more() && (IsDigit(text[at]) || (commas && any && text[at] == u',')); ++at) any = true;
+    return any;
+  };
+  skipSign();
+  bool digits = skipDigits(true);
+  if (more() && text[at] == u'.') {
+    ++at;
+    digits = skipDigits(false) || digits;
+  }
+  if (!digits) return false;
+  if (more() && (text[at] == u'e' || text[at] == u'E')) {
+    ++at;
+    skipSign();
+    if (!skipDigits(false)) return false;
+  }
+  return !more();
+}
+
+double NumericTextToDouble(TextView text) {
+  std::string ascii;
+  for (const char16_t unit : TrimBlanks(text)) {
+    if (unit == u',') continue;
+    ascii.push_back(unit == u'E' ? 'e' : static_cast<char>(unit));
+  }
+  // from_chars knows no plus sign in front.
+  if (ascii.starts_with('+')) ascii.erase(0, 1);
+  return ParseAscii(ascii);
+}
+
+double RoundHalfToEven(double value) {
+  const double below = std::floor(value);
+  const double part = value - below;
+  if (part < 0.5) return below;
+  if (part > 0.5) return below + 1;
+  return std::fmod(below, 2) == 0 ? below : below + 1;
+}
+
+Text NumberText(double value) {
+  if (std::isnan(value)) return u"NaN";
+  if (std::isinf(value)) return value < 0 ? u"-Infinity" : u"Infinity";
+  if (value == 0) return u"0";
+  char digits[40];
+  // 15 significant digits first, then a plain decimal where it fits: the shortest form of the
+  // language would show 0.1 + 0.2 with 17 digits.
+  auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::scientific, 14);
+  std::string scientific(digits, end.ptr);
+  const auto mark = scientific.find('e');
+  const int exponent = std::stoi(scientific.substr(mark + 1));
+  std::string mantissa = scientific.substr(0, mark);
+  const bool negative = mantissa.front() == '-';
+  std::erase_if(mantissa, [](char c) { return c == '.' || c == '-'; });
+  mantissa.erase(mantissa.find_last_not_of('0') + 1);
+
+  std::string text = negative ? "-" : "";
+  const int count = static_cast<int>(mantissa.size());
+  if (exponent >= 15 || exponent < -15) {
+    text += mantissa.substr(0, 1);
+    if (count > 1) text += "." + mantissa.substr(1);
+    text += exponent < 0 ? "E-" : "E+";
+    text += (std::abs(exponent) < 10 ? "0" : "") + std::to_string(std::abs(exponent));
+  } else if (exponent < 0) {
+    text += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + mantissa;
+  } else if (count <= exponent + 1) {
+    text += mantissa + std::string(static_cast<std::size_t>(exponent + 1 - count), '0');
+  } else {
+    const auto whole = static_cast<std::size_t>(exponent) + 1;
+    text += mantissa.substr(0, whole) + "." + mantissa.substr(whole);
+  }
+  return Text(text.begin(), text.end());
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,22 @@
+#include "platform/Platform.h"
+
+#include <atomic>
+
+#include "platform/PortablePlatform.h"
+
+namespace fetchkit {
+namespace {
+
+std::atomic<Platform*> installed = nullptr;
+
+}  // namespace
+
+Platform& CurrentPlatform() {
+  if (Platform* platform = installed.load(std::memory_order_acquire)) return *platform;
+  static PortablePlatform portable;
+  return portable;
+}
+
+Platform* SetPlatform(Platform* platform) { return installed.exchange(platform); }
+
+}  // namespace fetchkit
