@@ -30,7 +30,9 @@ double DayNumber(Date date) {
   return whole;
 }
 
-double TimeOf(Date date) { return std::fabs(date.serial - std::trunc(date.serial)); }
+double TimeOf(Date date) {
+  return std::fabs(date.serial - std::trunc(date.serial));
+}
 
 // A negative day carries its time away from zero, so that the same fraction means the same hour.
 Date Compose(sys_days at, double time) {
@@ -39,7 +41,9 @@ Date Compose(sys_days at, double time) {
   return Date{whole < 0 ? whole - time : whole + time};
 }
 
-sys_days DaysOf(Date date) { return kDayZero + days(static_cast<int>(DayNumber(date))); }
+sys_days DaysOf(Date date) {
+  return kDayZero + days(static_cast<int>(DayNumber(date)));
+}
 
 void AppendPadded(Text& text, int number, int width) {
   for (int scale = width == 4 ? 1000 : 10; scale > 0; scale /= 10)
@@ -54,13 +58,21 @@ std::optional<Date> DateFromYmd(int yearNumber, unsigned monthNumber, unsigned d
   return Compose(sys_days(ymd), 0);
 }
 
-year_month_day YmdOf(Date date) { return year_month_day(DaysOf(date)); }
+year_month_day YmdOf(Date date) {
+  return year_month_day(DaysOf(date));
+}
 
-int YearOf(Date date) { return static_cast<int>(YmdOf(date).year()); }
+int YearOf(Date date) {
+  return static_cast<int>(YmdOf(date).year());
+}
 
-unsigned MonthOf(Date date) { return static_cast<unsigned>(YmdOf(date).month()); }
+unsigned MonthOf(Date date) {
+  return static_cast<unsigned>(YmdOf(date).month());
+}
 
-unsigned DayOf(Date date) { return static_cast<unsigned>(YmdOf(date).day()); }
+unsigned DayOf(Date date) {
+  return static_cast<unsigned>(YmdOf(date).day());
+}
 
 int WeekdayOf(Date date) {
   return static_cast<int>(std::chrono::weekday(DaysOf(date)).c_encoding()) + 1;
@@ -83,7 +95,8 @@ Date AddMonths(Date date, int count) {
   const long long index = 12LL * static_cast<int>(from.year()) +
                           static_cast<int>(static_cast<unsigned>(from.month())) - 1 + count;
   if (index < 12LL * kFirstYear || index >= 12LL * (kLastYear + 1)) ThrowOutOfRange();
-  const auto target = year(static_cast<int>(index / 12)) / month(static_cast<unsigned>(index % 12) + 1);
+  const auto target =
+      year(static_cast<int>(index / 12)) / month(static_cast<unsigned>(index % 12) + 1);
   const day last = (target / std::chrono::last).day();
   return Compose(sys_days(target / std::min(from.day(), last)), TimeOf(date));
 }

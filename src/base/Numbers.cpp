@@ -9,7 +9,9 @@
 namespace fetchkit {
 namespace {
 
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool IsDigit(char16_t unit) {
+  return unit >= u'0' && unit <= u'9';
+}
 
 // Reads a plain ASCII number; texts of this grammar are ASCII by construction.
 double ParseAscii(const std::string& ascii) {
@@ -29,7 +31,8 @@ double ParseAscii(const std::string& ascii) {
 
 double LeadingNumber(TextView text) {
   std::size_t at = 0;
-  while (at < text.size() && text[at] == u' ') ++at;
+  while (at < text.size() && text[at] == u' ')
+    ++at;
   std::string ascii;
   if (at < text.size() && (text[at] == u'+' || text[at] == u'-')) {
     if (text[at] == u'-') ascii.push_back('-');
@@ -60,7 +63,8 @@ bool IsNumericText(TextView text) {
   const auto skipDigits = [&](bool commas) {
     bool any = false;
     // A comma stands behind a digit, never in front of the first one.
-    for (; more() && (IsDigit(text[at]) || (commas && any && text[at] == u',')); ++at) any = true;
+    for (; more() && (IsDigit(text[at]) || (commas && any && text[at] == u',')); ++at)
+      any = true;
     return any;
   };
   skipSign();
@@ -104,7 +108,8 @@ Text NumberText(double value) {
   char digits[40];
   // 15 significant digits first, then a plain decimal where it fits: the shortest form of the
   // language would show 0.1 + 0.2 with 17 digits.
-  auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::scientific, 14);
+  auto end =
+      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::scientific, 14);
   std::string scientific(digits, end.ptr);
   const auto mark = scientific.find('e');
   const int exponent = std::stoi(scientific.substr(mark + 1));

@@ -12,7 +12,9 @@ namespace {
 // Read on every call of the library, so a plain pointer beside the storage that only knows the end.
 constinit thread_local void* slot = nullptr;
 
-void AtThreadEnd(void* state) { EndThreadState(state); }
+void AtThreadEnd(void* state) {
+  EndThreadState(state);
+}
 
 tss_t CreateEndKey() {
   tss_t key;
@@ -22,7 +24,9 @@ tss_t CreateEndKey() {
 
 }  // namespace
 
-void* GetThreadSlot() { return slot; }
+void* GetThreadSlot() {
+  return slot;
+}
 
 void SetThreadSlot(void* state) {
   static const tss_t endKey = CreateEndKey();

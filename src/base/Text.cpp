@@ -23,10 +23,12 @@ namespace detail {
 
 Text JoinPieces(const Piece* const* pieces, std::size_t count) {
   std::size_t length = 0;
-  for (std::size_t i = 0; i < count; ++i) length += pieces[i]->view().size();
+  for (std::size_t i = 0; i < count; ++i)
+    length += pieces[i]->view().size();
   Text joined;
   joined.reserve(length);
-  for (std::size_t i = 0; i < count; ++i) joined.append(pieces[i]->view());
+  for (std::size_t i = 0; i < count; ++i)
+    joined.append(pieces[i]->view());
   return joined;
 }
 
@@ -40,7 +42,8 @@ TextView TrimBlanks(TextView text) {
 
 Text UpperAscii(TextView text) {
   Text upper(text);
-  for (char16_t& unit : upper) unit = UpperAscii(unit);
+  for (char16_t& unit : upper)
+    unit = UpperAscii(unit);
   return upper;
 }
 

@@ -22,12 +22,13 @@ using TextView = std::u16string_view;
 // Holds the digits itself, so a piece lives as long as the full expression it appears in.
 class Piece {
  public:
-  Piece(TextView text) : view_(text) {}            // NOLINT(google-explicit-constructor)
-  Piece(const Text& text) : view_(text) {}         // NOLINT(google-explicit-constructor)
-  Piece(const char16_t* text) : view_(text) {}     // NOLINT(google-explicit-constructor)
+  Piece(TextView text) : view_(text) {}         // NOLINT(google-explicit-constructor)
+  Piece(const Text& text) : view_(text) {}      // NOLINT(google-explicit-constructor)
+  Piece(const char16_t* text) : view_(text) {}  // NOLINT(google-explicit-constructor)
   template <std::integral N>
-    requires(!std::same_as<N, bool> && !std::same_as<N, char> && !std::same_as<N, char16_t>)
-  Piece(N number) : Piece(Digits{}, static_cast<std::int64_t>(number)) {}  // NOLINT
+  requires(!std::same_as<N, bool> && !std::same_as<N, char> && !std::same_as<N, char16_t>)
+      Piece(N number)
+      : Piece(Digits{}, static_cast<std::int64_t>(number)) {}  // NOLINT
   Piece(const Piece&) = delete;
   Piece& operator=(const Piece&) = delete;
 

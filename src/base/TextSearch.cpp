@@ -67,9 +67,8 @@ std::size_t CountUnit(TextView text, char16_t unit) {
   const __m128i wanted = _mm_set1_epi16(static_cast<short>(unit));
   for (; at + kBlock <= text.size(); at += kBlock) {
     const __m128i hits = _mm_cmpeq_epi16(LoadBlock(text.data() + at), wanted);
-    count += static_cast<std::size_t>(
-                 std::popcount(static_cast<unsigned>(_mm_movemask_epi8(hits)))) /
-             2;
+    count +=
+        static_cast<std::size_t>(std::popcount(static_cast<unsigned>(_mm_movemask_epi8(hits)))) / 2;
   }
 #endif
   for (; at < text.size(); ++at)

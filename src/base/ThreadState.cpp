@@ -11,7 +11,9 @@ ThreadState& CurrentThread() {
   return *fresh.release();
 }
 
-void ReleaseThread() { EndThreadState(GetThreadSlot()); }
+void ReleaseThread() {
+  EndThreadState(GetThreadSlot());
+}
 
 void EndThreadState(void* state) {
   // The slot is emptied first: a host object that calls the library while it is let go meets a

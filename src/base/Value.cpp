@@ -34,11 +34,17 @@ std::int32_t ValueArray::UpperBound() const {
   return lowerBound + static_cast<std::int32_t>(items.size()) - 1;
 }
 
-std::uint8_t ToByte(const Value& value) { return ToWhole<std::uint8_t>(value); }
+std::uint8_t ToByte(const Value& value) {
+  return ToWhole<std::uint8_t>(value);
+}
 
-std::int16_t ToInteger(const Value& value) { return ToWhole<std::int16_t>(value); }
+std::int16_t ToInteger(const Value& value) {
+  return ToWhole<std::int16_t>(value);
+}
 
-std::int32_t ToLong(const Value& value) { return ToWhole<std::int32_t>(value); }
+std::int32_t ToLong(const Value& value) {
+  return ToWhole<std::int32_t>(value);
+}
 
 double ToDouble(const Value& value) {
   return std::visit(

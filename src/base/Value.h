@@ -35,15 +35,16 @@ class Value {
  public:
   using Array = std::shared_ptr<const ValueArray>;
   using Object = std::shared_ptr<void>;
-  using Storage = std::variant<EmptyValue, NullValue, MissingValue, bool, std::uint8_t,
-                               std::int16_t, std::int32_t, float, double, Date, Text, Array, Object>;
+  using Storage =
+      std::variant<EmptyValue, NullValue, MissingValue, bool, std::uint8_t, std::int16_t,
+                   std::int32_t, float, double, Date, Text, Array, Object>;
 
   Value() = default;
-  Value(const char16_t* text) : data_(Text(text)) {}   // NOLINT(google-explicit-constructor)
-  Value(TextView text) : data_(Text(text)) {}          // NOLINT(google-explicit-constructor)
+  Value(const char16_t* text) : data_(Text(text)) {}  // NOLINT(google-explicit-constructor)
+  Value(TextView text) : data_(Text(text)) {}         // NOLINT(google-explicit-constructor)
   template <class T>
-    requires std::constructible_from<Storage, std::in_place_type_t<T>, T>
-  Value(T data) : data_(std::in_place_type<T>, std::move(data)) {}  // NOLINT
+  requires std::constructible_from<Storage, std::in_place_type_t<T>, T> Value(T data)
+      : data_(std::in_place_type<T>, std::move(data)) {}  // NOLINT
   explicit Value(ValueArray array) : data_(std::make_shared<const ValueArray>(std::move(array))) {}
 
   const Storage& data() const { return data_; }

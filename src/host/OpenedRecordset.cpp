@@ -9,8 +9,7 @@
 
 namespace fetchkit {
 
-StatementTrace::StatementTrace(TextView sql)
-    : sql_(sql), uncaught_(std::uncaught_exceptions()) {}
+StatementTrace::StatementTrace(TextView sql) : sql_(sql), uncaught_(std::uncaught_exceptions()) {}
 
 StatementTrace::~StatementTrace() {
   if (std::uncaught_exceptions() <= uncaught_) return;

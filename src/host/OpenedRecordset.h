@@ -24,8 +24,8 @@ class StatementTrace {
 };
 
 enum class Cursor {
-  Forward,  // OpenRecordset with 0, 0: the session's loaders and the rights queries
-  Static,   // OpenStaticRecordset with 3, 1, 1, 0: the services, the lists and the dialogs
+  Plain,   // OpenRecordset with 0, 0: the session's loaders and the rights queries
+  Static,  // OpenStaticRecordset with 3, 1, 1, 0: the services, the lists and the dialogs
 };
 
 class OpenedRecordset {

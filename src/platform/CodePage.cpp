@@ -18,8 +18,10 @@ std::unique_ptr<const DoubleByteUnits> ReadCodePage() {
   const iconv_t converter = iconv_open("GBK", "UTF-16LE");
   // A C library without this converter still counts every Chinese character as 2.
   if (converter == reinterpret_cast<iconv_t>(-1)) {
-    for (std::size_t unit = 0x2E80; unit < 0xD800; ++unit) wide->set(unit);
-    for (std::size_t unit = 0xF900; unit < 0xFFF0; ++unit) wide->set(unit);
+    for (std::size_t unit = 0x2E80; unit < 0xD800; ++unit)
+      wide->set(unit);
+    for (std::size_t unit = 0xF900; unit < 0xFFF0; ++unit)
+      wide->set(unit);
     return wide;
   }
   for (std::size_t unit = 0x80; unit < kUnits; ++unit) {

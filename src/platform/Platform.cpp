@@ -17,6 +17,8 @@ Platform& CurrentPlatform() {
   return portable;
 }
 
-Platform* SetPlatform(Platform* platform) { return installed.exchange(platform); }
+Platform* SetPlatform(Platform* platform) {
+  return installed.exchange(platform);
+}
 
 }  // namespace fetchkit

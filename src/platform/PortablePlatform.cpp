@@ -48,7 +48,8 @@ std::optional<int> ReadTime(TextView text) {
 
 std::size_t PortablePlatform::AnsiLength(TextView text) const {
   std::size_t length = 0;
-  for (const char16_t unit : text) length += static_cast<std::size_t>(CodePageBytes(unit));
+  for (const char16_t unit : text)
+    length += static_cast<std::size_t>(CodePageBytes(unit));
   return length;
 }
 
