@@ -1,0 +1,170 @@
+#include "support/FakeConnection.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "base/Utf8.h"
+
+namespace fetchkit::test {
+namespace {
+
+class FakeRecordset : public Recordset {
+ public:
+  explicit FakeRecordset(Answer answer) : answer_(std::move(answer)) {}
+
+  bool Eof() override { return row_ >= Count(); }
+  bool Bof() override { return Count() == 0; }
+  void MoveFirst() override { MoveTo(0); }
+  void MoveLast() override { MoveTo(Count() - 1); }
+  void MoveNext() override { MoveTo(row_ + 1); }
+  std::int32_t RecordCount() override { return Count(); }
+  std::size_t Column(TextView name) override {
+    for (std::size_t i = 0; i < answer_.columns.size(); ++i)
+      if (EqualFolded(answer_.columns[i], name)) return i;
+    throw std::runtime_error("no column " + ToUtf8(name));
+  }
+  Value At(std::size_t column) override {
+    if (row_ < 0 || Eof()) throw std::runtime_error("no current row");
+    if (row_ == answer_.throwAtRow) throw std::runtime_error("row lost");
+    return answer_.rows.at(static_cast<std::size_t>(row_)).at(column);
+  }
+
+  bool open = true;
+
+ private:
+  int Count() const { return static_cast<int>(answer_.rows.size()); }
+  void MoveTo(int row) { row_ = row; }
+
+  Answer answer_;
+  int row_ = 0;
+};
+
+// Host objects over the connection's login; each read may be spoilt.
+class FakeContext : public HostContext,
+                    public HostAccountType,
+                    public HostAccountLogin,
+                    public HostLoginContext,
+                    public std::enable_shared_from_this<FakeContext> {
+ public:
+  explicit FakeContext(std::shared_ptr<FakeConnection> connection)
+      : connection_(std::move(connection)) {}
+
+  std::shared_ptr<HostAccountType> AccountTypeInfo() override {
+    return Part<HostAccountType>("AccountTypeInfo");
+  }
+  std::shared_ptr<HostAccountLogin> AccountLogin() override {
+    return Part<HostAccountLogin>("AccountLogin");
+  }
+  std::shared_ptr<HostLoginContext> LoginContext() override {
+    return Part<HostLoginContext>("LoginContext");
+  }
+  Value AccountType() override { return Read("AccountType", login().accountType); }
+  Value ServerName() override { return Read("ServerName", login().server); }
+  Value UserId() override { return Read("UserId", login().user); }
+  Value LoginDate() override { return Read("LoginDate", login().loginDate); }
+  Value OrganizationId() override { return Read("OrganizationId", login().organizationId); }
+  Value OperatorId() override { return Read("OperatorId", login().operatorId); }
+  Value Password() override { return Read("Password", login().password); }
+  Value Item(TextView name) override {
+    if (name != u"#SSCustomerID") throw std::runtime_error("no such item");
+    return Read("Item", login().customer);
+  }
+
+ private:
+  const FakeLogin& login() const { return connection_->login; }
+  Value Read(const char* name, const Value& value) const {
+    if (login().spoilt.contains(name)) throw std::runtime_error(std::string("spoilt: ") + name);
+    return value;
+  }
+  template <class Object>
+  std::shared_ptr<Object> Part(const char* name) {
+    if (login().absent.contains(name)) return nullptr;
+    return shared_from_this();
+  }
+
+  std::shared_ptr<FakeConnection> connection_;
+};
+
+}  // namespace
+
+Answer Rows(std::vector<Text> columns, std::vector<std::vector<Value>> rows) {
+  return {Answer::Kind::Rows, std::move(columns), std::move(rows)};
+}
+
+Answer Refused() {
+  return {Answer::Kind::Refused, {}, {}};
+}
+
+Answer Throws() {
+  return {Answer::Kind::Throws, {}, {}};
+}
+
+FakeConnection::~FakeConnection() {
+  EXPECT_EQ(openRecordsets, 0) << "a recordset was not given back";
+}
+
+std::vector<std::string> FakeConnection::TakeSent() {
+  return std::exchange(sent_, {});
+}
+
+std::shared_ptr<HostContext> FakeConnection::HostContext() {
+  if (login.absent.contains("HostContext")) return nullptr;
+  return std::make_shared<FakeContext>(shared_from_this());
+}
+
+void FakeConnection::CloseRecordset(RecordsetPtr& recordset) {
+  auto* fake = dynamic_cast<FakeRecordset*>(recordset.get());
+  ASSERT_NE(fake, nullptr) << "a recordset of somebody else, or none, was given back";
+  EXPECT_TRUE(fake->open) << "a recordset was given back twice";
+  fake->open = false;
+  --openRecordsets;
+  recordset.reset();
+}
+
+void FakeConnection::RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) {
+  isEmpty = recordset->Bof() && recordset->Eof();
+}
+
+bool FakeConnection::OpenStaticRecordset(TextView sql, RecordsetPtr& recordset,
+                                         std::int32_t cursorType, std::int32_t lockType,
+                                         std::int32_t commandType, std::int32_t option) {
+  EXPECT_EQ((std::vector{cursorType, lockType, commandType, option}), (std::vector{3, 1, 1, 0}));
+  return Open("static: ", sql, recordset);
+}
+
+bool FakeConnection::OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t option1,
+                                   std::int32_t option2) {
+  EXPECT_EQ((std::vector{option1, option2}), (std::vector{0, 0}));
+  return Open("", sql, recordset);
+}
+
+bool FakeConnection::ExecuteSql(TextView sql, std::int32_t option, Value& out) {
+  EXPECT_EQ(option, 1);
+  sent_.push_back("execute: " + ToUtf8(sql));
+  const Answer* answer = AnswerTo(sql);
+  if (answer == nullptr || answer->kind == Answer::Kind::Refused) return false;
+  if (answer->kind == Answer::Kind::Throws) throw std::runtime_error("statement failed");
+  out = Value();
+  return true;
+}
+
+const Answer* FakeConnection::AnswerTo(TextView sql) {
+  if (const auto found = answers_.find(sql); found != answers_.end()) return &found->second;
+  if (fallback)
+    if (const Answer* answer = fallback(sql)) return answer;
+  ADD_FAILURE() << "unexpected statement: " << ToUtf8(sql);
+  return nullptr;
+}
+
+bool FakeConnection::Open(const std::string& prefix, TextView sql, RecordsetPtr& recordset) {
+  sent_.push_back(prefix + ToUtf8(sql));
+  const Answer* answer = AnswerTo(sql);
+  if (answer == nullptr || answer->kind == Answer::Kind::Refused) return false;
+  if (answer->kind == Answer::Kind::Throws) throw std::runtime_error("statement failed");
+  recordset = std::make_shared<FakeRecordset>(*answer);
+  ++openRecordsets;
+  return true;
+}
+
+}  // namespace fetchkit::test
