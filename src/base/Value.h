@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -29,6 +31,14 @@ struct EmptyValue {};    // never assigned
 struct NullValue {};     // the database's Null
 struct MissingValue {};  // an optional argument that was left out
 
+namespace detail {
+template <class T, class Variant>
+struct IsAlternative;
+template <class T, class... Alternatives>
+struct IsAlternative<T, std::variant<Alternatives...>>
+    : std::disjunction<std::is_same<T, Alternatives>...> {};
+}  // namespace detail
+
 // A value type: copying copies. Arrays and objects are shared, and arrays are never changed once
 // they are inside a value.
 class Value {
@@ -43,7 +53,7 @@ class Value {
   Value(const char16_t* text) : data_(Text(text)) {}  // NOLINT(google-explicit-constructor)
   Value(TextView text) : data_(Text(text)) {}         // NOLINT(google-explicit-constructor)
   template <class T>
-  requires std::constructible_from<Storage, std::in_place_type_t<T>, T> Value(T data)
+  requires(detail::IsAlternative<T, Storage>::value) Value(T data)
       : data_(std::in_place_type<T>, std::move(data)) {}  // NOLINT
   explicit Value(ValueArray array) : data_(std::make_shared<const ValueArray>(std::move(array))) {}
 

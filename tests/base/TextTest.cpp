@@ -1,0 +1,81 @@
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+#include "base/TextSearch.h"
+#include "base/Utf8.h"
+
+namespace fetchkit {
+namespace {
+
+TEST(TextBasics, JoinWritesNumbersPlainly) {
+  EXPECT_EQ(Join(u"a", std::int32_t{-5}, Text(u"b"), TextView(u"c"), std::uint8_t{200}),
+            u"a-5bc200");
+  EXPECT_EQ(Join(std::numeric_limits<std::int64_t>::min(), u" ", 0), u"-9223372036854775808 0");
+  EXPECT_EQ(Join(u""), u"");
+  const Text joined = Join(Text(100, u'x'), 7, Text(100, u'y'));
+  EXPECT_EQ(joined.capacity(), joined.size()) << "one allocation of the right size";
+}
+
+TEST(TextBasics, SplitAndTrim) {
+  using Pieces = std::vector<TextView>;
+  EXPECT_EQ(Split(u"", u","), Pieces());
+  EXPECT_EQ(Split(u",a,,", u","), (Pieces{u"", u"a", u"", u""}));
+  EXPECT_EQ(Split(u"a,b", u""), (Pieces{u"a,b"}));
+  EXPECT_EQ(Split(u"aOrbORc", u"or", true), (Pieces{u"a", u"b", u"c"}));
+  EXPECT_EQ(TrimBlanks(u"  a b "), u"a b");
+  EXPECT_EQ(TrimBlanks(u"   "), u"");
+  EXPECT_EQ(TrimBlanks(u"\ta　"), u"\ta　") << "only U+0020 is a blank";
+  EXPECT_TRUE(EqualFolded(u"Class1", u"CLASS1"));
+  EXPECT_FALSE(EqualFolded(u"é", u"É"));
+  EXPECT_FALSE(EqualFolded(u"a", u"ab"));
+}
+
+// The block-wise search against the standard library's own, on texts of two letters, where false
+// starts and block borders are everywhere.
+TEST(TextBasics, SearchAgreesWithTheStandardLibrary) {
+  std::mt19937 random(20040317);
+  const auto draw = [&](int most) {
+    Text text(std::uniform_int_distribution<std::size_t>(0, static_cast<std::size_t>(most))(random),
+              u'a');
+    for (char16_t& unit : text)
+      unit = random() % 4 == 0 ? u'中' : u'a';
+    return text;
+  };
+  for (int round = 0; round < 20000; ++round) {
+    const Text text = draw(40);
+    const Text needle = draw(5);
+    const std::size_t from = random() % 44;
+    ASSERT_EQ(FindText(text, needle, from), text.find(needle, from))
+        << ToUtf8(text) << " / " << ToUtf8(needle) << " / " << from;
+  }
+  EXPECT_EQ(FindFolded(u"xxORxx", u"or"), 2u);
+  EXPECT_EQ(FindFolded(u"xxORxx", u"or", 3), TextView::npos);
+  EXPECT_EQ(CountUnit(Text(19, u'a') + u"b", u'b'), 1u);
+}
+
+TEST(TextBasics, Utf8) {
+  EXPECT_EQ(ToUtf8(u"aé本😀"), "aé本😀");
+  EXPECT_EQ(FromUtf8("aé本😀"), u"aé本😀");
+  EXPECT_EQ(ToUtf8(Text{0xD83D, u'a', 0xDE00}),
+            "\xEF\xBF\xBD"
+            "a"
+            "\xEF\xBF\xBD");
+  const struct {
+    const char* name;
+    std::string_view bytes;
+    TextView expected;
+  } kMalformed[] = {
+      {"cut off", "\xE6\x9C", u"��"},        {"lone tail", "\x80z", u"�z"},
+      {"overlong slash", "\xC0\xAF", u"��"}, {"encoded surrogate", "\xED\xA0\x80", u"���"},
+      {"beyond Unicode", "\xF5\x80", u"��"}, {"tail missing", "\xE6z", u"�z"},
+  };
+  for (const auto& row : kMalformed)
+    EXPECT_EQ(FromUtf8(row.bytes), row.expected) << row.name;
+}
+
+}  // namespace
+}  // namespace fetchkit

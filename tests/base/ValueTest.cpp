@@ -1,0 +1,116 @@
+#include "base/Value.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/Numbers.h"
+#include "base/Utf8.h"
+
+namespace fetchkit {
+namespace {
+
+TEST(Numbers, LeadingNumberStopsAtTheFirstOtherCharacter) {
+  const struct {
+    TextView text;
+    double expected;
+  } kRows[] = {
+      {u"12.5", 12.5}, {u"  -7x", -7}, {u"+3", 3},   {u"1,234", 1}, {u"1e5", 1}, {u"0x1F", 0},
+      {u"1.2.3", 1.2}, {u".5", 0.5},   {u"5.", 5},   {u"-", 0},     {u".", 0},   {u"", 0},
+      {u"- 5", 0},     {u"\t5", 0},    {u"１２", 0}, {u"5 6", 5},
+  };
+  for (const auto& row : kRows)
+    EXPECT_EQ(LeadingNumber(row.text), row.expected) << ToUtf8(row.text);
+}
+
+TEST(Numbers, NumericTest) {
+  for (const TextView yes : {u"1", u" 1 ", u"-1.5", u"+.5", u"5.", u"1,234,567.8", u"1,2", u"1e5",
+                             u"1.5E-3", u"1,234e+2"})
+    EXPECT_TRUE(IsNumericText(yes)) << ToUtf8(yes);
+  for (const TextView no : {u"", u" ", u"-", u".", u"1.2.3", u"1.2,3", u",1", u"1e", u"1e1.5",
+                            u"1 2", u"2004-01-31", u"0x10", u"１", u"1\t", u"--1"})
+    EXPECT_FALSE(IsNumericText(no)) << ToUtf8(no);
+  EXPECT_EQ(NumericTextToDouble(u" +1,234.5e1 "), 12345);
+  EXPECT_TRUE(std::isinf(NumericTextToDouble(u"1e999")));
+  EXPECT_EQ(NumericTextToDouble(u"1e-999"), 0);
+}
+
+TEST(Numbers, NumberText) {
+  const struct {
+    double value;
+    TextView expected;
+  } kRows[] = {
+      {0, u"0"},
+      {-0.0, u"0"},
+      {12, u"12"},
+      {-12.5, u"-12.5"},
+      {0.1 + 0.2, u"0.3"},
+      {1e14, u"100000000000000"},
+      {1e15, u"1E+15"},
+      {123456789012345678.0, u"1.23456789012346E+17"},
+      {0.001, u"0.001"},
+      {1.5e-20, u"1.5E-20"},
+      {2147483648.0, u"2147483648"},
+      {0.1f, u"0.100000001490116"},
+  };
+  for (const auto& row : kRows)
+    EXPECT_EQ(NumberText(row.value), row.expected);
+  EXPECT_EQ(ToText(Value(0.1f)), u"0.1") << "a single shows its own digits";
+}
+
+TEST(ValueConversions, WholeNumbersRoundHalfToEvenAndRefuseTheRest) {
+  EXPECT_EQ(ToLong(2.5), 2);
+  EXPECT_EQ(ToLong(3.5), 4);
+  EXPECT_EQ(ToLong(-2.5), -2);
+  EXPECT_EQ(ToLong(u" 1,234.5 "), 1234);
+  EXPECT_EQ(ToLong(true), -1);
+  EXPECT_EQ(ToLong(Value()), 0);
+  EXPECT_EQ(ToInteger(32767.4), 32767);
+  EXPECT_EQ(ToByte(u"255"), 255);
+  const struct {
+    const char* name;
+    std::int32_t (*convert)(const Value&);
+    Value value;
+    ErrorKind kind;
+  } kRefused[] = {
+      {"Null", ToLong, NullValue(), ErrorKind::InvalidUseOfNull},
+      {"missing", ToLong, MissingValue(), ErrorKind::TypeMismatch},
+      {"empty text", ToLong, u"", ErrorKind::TypeMismatch},
+      {"text", ToLong, u"12号", ErrorKind::TypeMismatch},
+      {"array", ToLong, Value(ValueArray{}), ErrorKind::TypeMismatch},
+      {"beyond 32 bits", ToLong, 2147483647.5, ErrorKind::Overflow},
+      {"beyond 16 bits", [](const Value& v) -> std::int32_t { return ToInteger(v); }, 32767.5,
+       ErrorKind::Overflow},
+      {"negative byte", [](const Value& v) -> std::int32_t { return ToByte(v); }, true,
+       ErrorKind::Overflow},
+      {"not a number", ToLong, std::nan(""), ErrorKind::Overflow},
+  };
+  for (const auto& row : kRefused) {
+    try {
+      row.convert(row.value);
+      ADD_FAILURE() << row.name << " was converted";
+    } catch (const ConvertError& error) {
+      EXPECT_EQ(error.kind(), row.kind) << row.name;
+    }
+  }
+}
+
+TEST(ValueConversions, BooleansAndTexts) {
+  EXPECT_TRUE(ToBoolean(std::int32_t{1}));
+  EXPECT_TRUE(ToBoolean(u"true"));
+  EXPECT_TRUE(ToBoolean(u"0.5"));
+  EXPECT_FALSE(ToBoolean(u"FALSE"));
+  EXPECT_THROW(ToBoolean(u"是"), ConvertError);
+  EXPECT_THROW(ToBoolean(NullValue()), ConvertError);
+  EXPECT_EQ(ToText(false), u"False");
+  EXPECT_EQ(ToText(*DateFromYmd(2004, 2, 29)), u"2004-02-29");
+  EXPECT_THROW(ToText(NullValue()), ConvertError);
+  EXPECT_EQ(ToTextOrEmpty(NullValue()), u"");
+  EXPECT_EQ(ToTextOrEmpty(MissingValue()), u"");
+  EXPECT_FALSE(IsNumeric(*DateFromYmd(2004, 2, 29)));
+  EXPECT_TRUE(IsNumeric(true));
+  EXPECT_FALSE(IsNumeric(NullValue()));
+}
+
+}  // namespace
+}  // namespace fetchkit

@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# Runs the test binaries and the checks of the tree; the last line counts them all together.
+# Usage: tests/run-all.sh BUILD-FOLDER (made by the preset "test"), from the project's root.
+set -uo pipefail
+build=$1
+passed=0
+failed=0
+
+# A test binary: its own report counts its tests.
+binary() {
+  local report=$build/$1.xml
+  rm -f "$report"
+  "$build/tests/$1" --gtest_brief=1 "--gtest_output=xml:$report" </dev/null
+  local status=$? line tests failures
+  line=$(grep -m1 '<testsuites ' "$report" 2>/dev/null)
+  tests=$(sed -n 's/.*tests="\([0-9]*\)".*/\1/p' <<<"$line")
+  failures=$(sed -n 's/.*failures="\([0-9]*\)".*/\1/p' <<<"$line")
+  if [[ -z $tests || $tests == 0 || ($status != 0 && $failures == 0) ]]; then
+    echo "$1 died or ran nothing (exit status $status)"
+    failed=$((failed + 1))
+    return
+  fi
+  failed=$((failed + failures))
+  passed=$((passed + tests - failures))
+}
+
+# A check: its output is shown only when it fails.
+check() {
+  local name=$1 output
+  shift
+  if output=$("$@" 2>&1); then
+    passed=$((passed + 1))
+    echo "ok: $name"
+  else
+    failed=$((failed + 1))
+    printf 'FAILED: %s\n%s\n' "$name" "$output"
+  fi
+}
+
+
+
+# Only the rims may know an operating system's header.
+no_windows_headers() {
+  ! git ls-files -co --exclude-standard -- 'src/*' 'tests/*' 'demo/*' 'bench/*' |
+    grep -E '\.(h|cpp)$' | grep -vE '^(tests/component|demo/windows)/' |
+    xargs grep -niE '#\s*include\s*[<"](windows|ole2|oleauto|objbase|unknwn|commctrl|ocidl|winuser|windef|winbase)[a-z]*\.h'
+}
+
+# A thread_local object with a destructor keeps a Windows DLL from being unloaded.
+plain_thread_slot() {
+  ! grep -rn thread_local src --include='*.h' --include='*.cpp' |
+    grep -vE '^[^:]*:[0-9]+:\s*//' | grep -v 'constinit thread_local void\*'
+}
+
+core_includes() {
+  # Everything in angle brackets under src/ is a header of the standard library; the two C library
+  # headers stand in the portable platform's own files.
+  ! grep -rnE '#include <[a-z_0-9/]+\.(h|hpp)>' src --include='*.h' --include='*.cpp' |
+    grep -vE '^src/(platform/CodePage\.cpp:[0-9]+:#include <iconv\.h>|base/PortableThreadSlot\.cpp:[0-9]+:#include <threads\.h>|base/TextSearch\.cpp:[0-9]+:#include <emmintrin\.h>)'
+}
+
+# An include points to the same floor or down. Two folders span floors: the start-up and the entry
+# stand on the roof, and ListSet above the dialogs that it opens.
+includes_point_down() {
+  git ls-files -co --exclude-standard -- 'src/*.h' 'src/*.cpp' | xargs awk '
+    function floor(path) {
+      if (path ~ /^session\/(Interface|StartUp)\./) return 9
+      if (path ~ /^listset\/ListSet\./) return 8
+      if (path ~ /^dialogs\//) return 7
+      if (path ~ /^listset\//) return 6
+      if (path ~ /^rights\//) return 5
+      if (path ~ /^activity\//) return 4
+      if (path ~ /^session\//) return 3
+      if (path ~ /^(host|platform|utility)\//) return 2
+      if (path ~ /^base\//) return 1
+      return 0
+    }
+    /^#include "/ {
+      from = FILENAME; sub(/^src\//, "", from)
+      to = $2; gsub(/"/, "", to)
+      if (floor(to) == 0 || floor(to) > floor(from)) { print FILENAME ": " $0; bad = 1 }
+    }
+    END { exit bad }'
+}
+
+clang_syntax() {
+  local status=0
+  while read -r file; do printf '%s\0' "$file"; done < <(git ls-files -co --exclude-standard -- 'src/*.cpp') |
+    xargs -0 -P "$(nproc)" -n 6 clang++ -std=c++20 -fsyntax-only -Isrc \
+      -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror || status=1
+  return $status
+}
+
+# What a host's project does with an installed library.
+consumer() {
+  local prefix=$build/installed
+  rm -rf "$prefix" "$build/consumer"
+  cmake --install "$build" --prefix "$prefix" >/dev/null &&
+    cmake -S tests/consumer -B "$build/consumer" -G Ninja "-DCMAKE_PREFIX_PATH=$PWD/$prefix" &&
+    cmake --build "$build/consumer" &&
+    [[ $("$build/consumer/consumer") == "2004-02-29 0" ]]
+}
+
+for each in fetchkit-tests fetchkit-demo-tests; do binary "$each"; done
+check "formatted" ./run format --check
+check "no Windows header outside its rims" no_windows_headers
+check "no thread_local with a destructor" plain_thread_slot
+check "the core includes the standard library alone" core_includes
+check "includes point down" includes_point_down
+check "clang finds nothing either" clang_syntax
+check "find_package(FetchKit) after cmake --install" consumer
+# The build itself has compiled every header alone (target fetchkit-headers).
+
+echo "$passed passed, $failed failed"
+((failed == 0))
