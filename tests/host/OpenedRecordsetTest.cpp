@@ -1,0 +1,101 @@
+#include "host/OpenedRecordset.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "base/Guard.h"
+#include "support/FakeConnection.h"
+
+namespace fetchkit::test {
+namespace {
+
+constexpr TextView kSql = u"SELECT a FROM t";
+
+// A host that misbehaves in one way.
+class OddConnection : public FakeConnection {
+ public:
+  bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t a,
+                     std::int32_t b) override {
+    const bool opened = FakeConnection::OpenRecordset(sql, recordset, a, b);
+    if (withoutRecordset) FakeConnection::CloseRecordset(recordset);
+    return opened;
+  }
+  void CloseRecordset(RecordsetPtr& recordset) override {
+    FakeConnection::CloseRecordset(recordset);
+    if (closeThrows) throw std::runtime_error("connection lost");
+  }
+
+  bool withoutRecordset = false;
+  bool closeThrows = false;
+};
+
+class OpenedRecordsets : public testing::Test {
+ protected:
+  OpenedRecordsets() { host_->On(Text(kSql), Rows({u"A"}, {{u"x"}, {NullValue()}})); }
+
+  FreshThread thread_;
+  RecordingSink sink_;
+  std::shared_ptr<OddConnection> host_ = std::make_shared<OddConnection>();
+};
+
+TEST_F(OpenedRecordsets, AreGivenBackOnceOnEveryPath) {
+  {
+    OpenedRecordset rows(host_, kSql, Cursor::Plain);
+    EXPECT_EQ(host_->openRecordsets, 1);
+    EXPECT_EQ(ToText(rows[u"a"]), u"x");
+    rows.Close();
+    EXPECT_FALSE(rows);
+    rows.Close();
+  }
+  EXPECT_FALSE(Step(u"reading", [&] {
+    OpenedRecordset rows(host_, kSql, Cursor::Static);
+    rows->MoveNext();
+    ToLong(rows[u"a"]);
+  }));
+  EXPECT_EQ(host_->openRecordsets, 0);
+  ASSERT_EQ(sink_.failures.size(), 1u);
+  EXPECT_EQ(sink_.failures[0].what, u"reading");
+  EXPECT_EQ(sink_.failures[0].statement, kSql);
+  EXPECT_EQ(CurrentThread().lastError, sink_.failures[0].description);
+}
+
+TEST_F(OpenedRecordsets, RefusedStatementsAreToldAndNotClosed) {
+  host_->On(Text(kSql), Refused());
+  OpenedRecordset rows(host_, kSql, Cursor::Plain);
+  EXPECT_FALSE(rows);
+  EXPECT_FALSE(rows.HasRow());
+  ASSERT_EQ(sink_.failures.size(), 1u);
+  EXPECT_EQ(sink_.failures[0].statement, kSql);
+  EXPECT_EQ(CurrentThread().lastError, u"") << "an answer of False is no error";
+}
+
+TEST_F(OpenedRecordsets, HostThatAnswersTrueWithoutRows) {
+  host_->withoutRecordset = true;
+  EXPECT_THROW(OpenedRecordset(host_, kSql, Cursor::Plain), Error);
+  EXPECT_THROW(OpenedRecordset(nullptr, kSql, Cursor::Plain), Error);
+}
+
+TEST_F(OpenedRecordsets, ErrorOfClosingIsRaisedByCloseAndNotedOtherwise) {
+  host_->closeThrows = true;
+  { OpenedRecordset rows(host_, kSql, Cursor::Plain); }
+  ASSERT_EQ(sink_.failures.size(), 1u);
+  EXPECT_EQ(sink_.failures[0].description, u"connection lost");
+  OpenedRecordset rows(host_, kSql, Cursor::Plain);
+  EXPECT_THROW(rows.Close(), std::runtime_error);
+}
+
+TEST_F(OpenedRecordsets, TrapsKeepWhatWasBuiltAndGoOn) {
+  const Text built = Guarded(u"list", Text(u"-"), [](Text& result) {
+    result += u"a";
+    throw Error(ErrorKind::Host, u"half way");
+  });
+  EXPECT_EQ(built, u"-a");
+  EXPECT_EQ(Guarded(u"number", 7, []() -> int { throw 1; }), 7);
+  EXPECT_EQ(CurrentThread().lastError, u"The host raised an error of an unknown kind.");
+  EXPECT_TRUE(Step(u"fine", [] {}));
+  EXPECT_EQ(sink_.failures.size(), 2u);
+}
+
+}  // namespace
+}  // namespace fetchkit::test
