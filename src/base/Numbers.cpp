@@ -101,14 +101,16 @@ double RoundHalfToEven(double value) {
   return std::fmod(below, 2) == 0 ? below : below + 1;
 }
 
-Text NumberText(double value) {
+namespace {
+
+// At most 15 significant digits; an exponent is written from 1E+15 on and below 1E-15, or never.
+Text WriteNumber(double value, bool mayHaveExponent) {
   if (std::isnan(value)) return u"NaN";
   if (std::isinf(value)) return value < 0 ? u"-Infinity" : u"Infinity";
   if (value == 0) return u"0";
   char digits[40];
-  // 15 significant digits first, then a plain decimal where it fits: the shortest form of the
-  // language would show 0.1 + 0.2 with 17 digits.
-  auto end =
+  // Scientific first: the shortest form of the language would show 0.1 + 0.2 with 17 digits.
+  const auto end =
       std::to_chars(digits, digits + sizeof digits, value, std::chars_format::scientific, 14);
   std::string scientific(digits, end.ptr);
   const auto mark = scientific.find('e');
@@ -118,22 +120,38 @@ Text NumberText(double value) {
   std::erase_if(mantissa, [](char c) { return c == '.' || c == '-'; });
   mantissa.erase(mantissa.find_last_not_of('0') + 1);
 
-  std::string text = negative ? "-" : "";
-  const int count = static_cast<int>(mantissa.size());
-  if (exponent >= 15 || exponent < -15) {
-    text += mantissa.substr(0, 1);
-    if (count > 1) text += "." + mantissa.substr(1);
-    text += exponent < 0 ? "E-" : "E+";
-    text += (std::abs(exponent) < 10 ? "0" : "") + std::to_string(std::abs(exponent));
+  std::string text;
+  if (negative) text.push_back('-');
+  const auto count = static_cast<int>(mantissa.size());
+  const auto zeros = [&](int howMany) { text.append(static_cast<std::size_t>(howMany), '0'); };
+  if (mayHaveExponent && (exponent >= 15 || exponent < -15)) {
+    text.push_back(mantissa.front());
+    if (count > 1) text.append(".").append(mantissa, 1);
+    text.append(exponent < 0 ? "E-" : "E+");
+    if (std::abs(exponent) < 10) zeros(1);
+    text.append(std::to_string(std::abs(exponent)));
   } else if (exponent < 0) {
-    text += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + mantissa;
+    text.append("0.");
+    zeros(-exponent - 1);
+    text.append(mantissa);
   } else if (count <= exponent + 1) {
-    text += mantissa + std::string(static_cast<std::size_t>(exponent + 1 - count), '0');
+    text.append(mantissa);
+    zeros(exponent + 1 - count);
   } else {
     const auto whole = static_cast<std::size_t>(exponent) + 1;
-    text += mantissa.substr(0, whole) + "." + mantissa.substr(whole);
+    text.append(mantissa, 0, whole).append(".").append(mantissa, whole);
   }
   return Text(text.begin(), text.end());
+}
+
+}  // namespace
+
+Text NumberText(double value) {
+  return WriteNumber(value, true);
+}
+
+Text PlainDecimalText(double value) {
+  return WriteNumber(value, false);
 }
 
 }  // namespace fetchkit

@@ -29,4 +29,7 @@ double RoundHalfToEven(double value);
 // which a double is shown and joined into SQL. Plain decimal for whole numbers below 1E15.
 Text NumberText(double value);
 
+// The same digits without ever an exponent, as SQL and people read a stored number.
+Text PlainDecimalText(double value);
+
 }  // namespace fetchkit

@@ -1,0 +1,67 @@
+// A host on the sample accounts: its connections, and what it shows of the statements.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/ThreadState.h"
+#include "demo/console/Console.h"
+#include "demo/host/SampleConnection.h"
+
+namespace fetchkit::demo {
+
+// Owns the calling thread's library session while it lives: the session ends with it. One
+// connection per account, made in memory when it is first needed. Tells of failures that the
+// library keeps quiet about.
+class DemoSession : private DiagnosticsSink {
+ public:
+  // trace: show every statement whole, with its answer; otherwise one line each.
+  DemoSession(Console& console, bool trace);
+  ~DemoSession() override;
+  DemoSession(const DemoSession&) = delete;
+  DemoSession& operator=(const DemoSession&) = delete;
+
+  // Makes the sample login of that name the host's current one; the library hears of it at its next
+  // Initialize. std::invalid_argument for a name that is none.
+  void Switch(std::string_view loginName);
+
+  // Switch, and Initialize without showing its statements.
+  void LogIn(std::string_view loginName);
+
+  const std::shared_ptr<SampleConnection>& connection() const { return current_; }
+
+  // Runs work, then prints the statements it sent and their number.
+  template <class Work>
+  void Run(Work&& work) {
+    reports_.clear();
+    work();
+    ShowStatements();
+  }
+
+  // Runs work without printing anything; answers how many statements it sent.
+  template <class Work>
+  std::size_t Count(Work&& work) {
+    reports_.clear();
+    work();
+    return reports_.size();
+  }
+
+  const std::vector<StatementReport>& reports() const { return reports_; }
+
+ private:
+  void OnFailure(const Failure& failure) override;
+  void ShowStatements();
+
+  Console& console_;
+  bool trace_;
+  DiagnosticsSink* sinkBefore_;
+  std::map<std::string, std::shared_ptr<SampleConnection>, std::less<>> connections_;
+  std::shared_ptr<SampleConnection> current_;
+  std::vector<StatementReport> reports_;
+  std::vector<Failure> failures_;
+};
+
+}  // namespace fetchkit::demo

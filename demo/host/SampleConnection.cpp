@@ -1,0 +1,220 @@
+#include "demo/host/SampleConnection.h"
+
+#include <algorithm>
+#include <chrono>
+#include <exception>
+#include <utility>
+#include <vector>
+
+#include "base/Error.h"
+#include "base/Utf8.h"
+#include "demo/dialect/Dialect.h"
+
+namespace fetchkit::demo {
+namespace {
+
+[[noreturn]] void Fail(TextView what) {
+  throw Error(ErrorKind::Host, what);
+}
+
+class MemoryRecordset : public Recordset {
+ public:
+  explicit MemoryRecordset(Statement& statement) {
+    for (int i = 0; i < statement.ColumnCount(); ++i)
+      names_.push_back(statement.ColumnName(i));
+    while (statement.Step()) {
+      for (int i = 0; i < statement.ColumnCount(); ++i)
+        cells_.push_back(statement.Column(i));
+      ++rows_;
+    }
+  }
+
+  bool Eof() override { return Open().row_ == rows_; }
+  // There is no way to stand before the first row of a recordset that has one.
+  bool Bof() override { return Open().rows_ == 0; }
+
+  void MoveFirst() override { MoveTo(0); }
+  void MoveLast() override { MoveTo(rows_ - 1); }
+  void MoveNext() override {
+    RequireRow();
+    ++row_;
+  }
+  std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
+
+  std::size_t Column(TextView name) override {
+    const auto found = std::find_if(Open().names_.begin(), names_.end(),
+                                    [&](const Text& own) { return EqualFolded(own, name); });
+    if (found == names_.end()) Fail(Join(u"The recordset has no column ", name, u"."));
+    return static_cast<std::size_t>(found - names_.begin());
+  }
+
+  Value At(std::size_t column) override {
+    RequireRow();
+    if (column >= names_.size()) Fail(u"The recordset has no such column.");
+    return cells_[row_ * names_.size() + column];
+  }
+
+  // Frees the rows. False when it was closed before.
+  bool Close() {
+    cells_ = {};
+    return std::exchange(open_, false);
+  }
+
+ private:
+  MemoryRecordset& Open() {
+    if (!open_) Fail(u"The recordset is closed.");
+    return *this;
+  }
+  void RequireRow() {
+    if (Eof()) Fail(u"The recordset has no current row.");
+  }
+  void MoveTo(std::size_t row) {
+    if (Bof()) Fail(u"The recordset has no rows.");
+    row_ = row;
+  }
+
+  std::vector<Text> names_;
+  std::vector<Value> cells_;  // row by row
+  std::size_t rows_ = 0;
+  std::size_t row_ = 0;
+  bool open_ = true;
+};
+
+class SampleContext : public fetchkit::HostContext,
+                      public HostAccountType,
+                      public HostAccountLogin,
+                      public HostLoginContext,
+                      public std::enable_shared_from_this<SampleContext> {
+ public:
+  explicit SampleContext(Login login) : login_(std::move(login)) {}
+
+  std::shared_ptr<HostAccountType> AccountTypeInfo() override { return shared_from_this(); }
+  std::shared_ptr<HostAccountLogin> AccountLogin() override { return shared_from_this(); }
+  std::shared_ptr<HostLoginContext> LoginContext() override { return shared_from_this(); }
+
+  Value AccountType() override { return login_.accountType; }
+  Value ServerName() override { return login_.server; }
+  Value UserId() override { return login_.userId; }
+  Value LoginDate() override { return login_.loginDate; }
+  Value OrganizationId() override { return login_.organizationId; }
+  Value OperatorId() override { return login_.operatorId; }
+  Value Password() override { return login_.password; }
+  Value Item(TextView name) override {
+    const auto found = login_.items.find(Text(name));
+    return found == login_.items.end() ? Value() : found->second;
+  }
+
+ private:
+  Login login_;
+};
+
+class DatabaseCatalog : public Catalog {
+ public:
+  explicit DatabaseCatalog(Database& database) : database_(database) {}
+
+  std::vector<Text> ColumnsOf(TextView fromItem) override {
+    const Statement statement(database_, Join(u"SELECT * FROM ", fromItem, u" WHERE 0"));
+    std::vector<Text> names;
+    for (int i = 0; i < statement.ColumnCount(); ++i)
+      names.push_back(statement.ColumnName(i));
+    return names;
+  }
+
+  std::int64_t NextValue(TextView schema, TextView sequence) override {
+    Statement draw(database_, Join(u"UPDATE ", schema, schema.empty() ? u"" : u".",
+                                   u"demo_sequence SET last = last + 1 WHERE name = ?1 "
+                                   u"RETURNING last"));
+    draw.Bind(1, sequence);
+    if (!draw.Step()) Fail(Join(u"There is no sequence ", sequence, u"."));
+    const auto number = static_cast<std::int64_t>(ToDouble(draw.Column(0)));
+    draw.Step();  // to its end, which is when the change is kept
+    return number;
+  }
+
+ private:
+  Database& database_;
+};
+
+}  // namespace
+
+SampleConnection::SampleConnection(std::shared_ptr<Database> database, Login who)
+    : login(std::move(who)), database_(std::move(database)) {}
+
+std::shared_ptr<fetchkit::HostContext> SampleConnection::HostContext() {
+  return std::make_shared<SampleContext>(login);
+}
+
+void SampleConnection::CloseRecordset(RecordsetPtr& recordset) {
+  auto* own = dynamic_cast<MemoryRecordset*>(recordset.get());
+  if (own == nullptr) Fail(u"What was given back is no recordset of this connection.");
+  if (!own->Close()) Fail(u"The recordset was given back before.");
+  --openRecordsets_;
+  recordset.reset();
+}
+
+void SampleConnection::RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) {
+  if (!recordset) Fail(u"There is no recordset to ask.");
+  isEmpty = recordset->Bof() && recordset->Eof();
+}
+
+bool SampleConnection::OpenStaticRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t,
+                                           std::int32_t, std::int32_t, std::int32_t) {
+  return Open(sql, recordset);
+}
+
+bool SampleConnection::OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t,
+                                     std::int32_t) {
+  return Open(sql, recordset);
+}
+
+bool SampleConnection::Open(TextView sql, RecordsetPtr& recordset) {
+  return Traced(sql, [&](StatementReport& report) {
+    DatabaseCatalog catalog(*database_);
+    const AdaptedStatement adapted = Adapt(sql, catalog);
+    if (adapted.kind != AdaptedStatement::Kind::Query)
+      Fail(u"A statement that gives no rows cannot be opened.");
+    report.adapted = adapted.statements[0];
+    Statement statement(*database_, report.adapted);
+    const auto opened = std::make_shared<MemoryRecordset>(statement);
+    report.rows = opened->RecordCount();
+    recordset = opened;
+    ++openRecordsets_;
+  });
+}
+
+bool SampleConnection::ExecuteSql(TextView sql, std::int32_t, Value& out) {
+  return Traced(sql, [&](StatementReport& report) {
+    DatabaseCatalog catalog(*database_);
+    const AdaptedStatement adapted = Adapt(sql, catalog);
+    for (const Text& statement : adapted.statements)
+      report.adapted += Join(report.adapted.empty() ? u"" : u"; ", statement);
+    Savepoint savepoint(*database_);
+    std::int64_t rows = 0;
+    for (const Text& statement : adapted.statements)
+      rows += database_->Execute(statement);
+    savepoint.Release();
+    report.rows = rows;
+    out = static_cast<double>(rows);
+  });
+}
+
+bool SampleConnection::Traced(TextView sql, const std::function<void(StatementReport&)>& work) {
+  using Clock = std::chrono::steady_clock;
+  StatementReport report;
+  report.sql = sql;
+  const Clock::time_point start = Clock::now();
+  try {
+    work(report);
+    report.answered = true;
+  } catch (const Error& error) {
+    report.error = error.description();
+  } catch (const std::exception& error) {
+    report.error = FromUtf8(error.what());
+  }
+  report.microseconds =
+      std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
+  if (trace) trace(report);
+  return report.answered;
+}
+
+}  // namespace fetchkit::demo

@@ -1,0 +1,62 @@
+// The demo host's command line.
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <map>
+
+#include "demo/SampleAccounts.h"
+#include "demo/commands/Commands.h"
+#include "demo/console/Console.h"
+
+namespace {
+
+using namespace fetchkit::demo;
+
+constexpr const char* kDescription =
+    "FetchKit's demo host: an embedded database with two sample accounts, and a host that logs in\n"
+    "to them through the library. Without a subcommand it shows the login.";
+
+constexpr const char* kFooter =
+    "\nEvery statement that the library sends is listed; --trace shows it whole with its answer.\n"
+    "On a terminal the output has colour and columns; elsewhere it is plain text, tabs between\n"
+    "columns. Nothing is written to disk: the accounts are made anew in memory at every start.";
+
+int Run(int argc, char** argv) {
+  CLI::App app(kDescription, "./run demo");
+  app.footer(kFooter);
+  app.fallthrough();
+
+  CommonOptions common;
+  ColourMode colour = ColourMode::Auto;
+  app.add_flag("--trace", common.trace, "Show every statement whole, with its answer");
+  app.add_option("--login", common.login, "The sample login to begin with (see: accounts)")
+      ->capture_default_str();
+  app.add_option("--colour,--color", colour, "Colour and columns: auto, always or never")
+      ->transform(
+          CLI::CheckedTransformer(std::map<std::string, ColourMode>{{"auto", ColourMode::Auto},
+                                                                    {"always", ColourMode::Always},
+                                                                    {"never", ColourMode::Never}},
+                                  CLI::ignore_case))
+      ->option_text("WHEN [auto]");
+
+  app.require_subcommand(0, 1);
+  CLI::App* accounts = app.add_subcommand("accounts", "List the sample logins");
+  app.add_subcommand("login", "Log in, then again with one thing changed at a time (the default)");
+
+  CLI11_PARSE(app, argc, argv);
+  Console console(stdout, colour);
+  if (accounts->parsed()) return RunAccounts(console);
+  return RunLogin(console, common);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "demo: {}\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,139 @@
+#include "demo/host/SampleConnection.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/Error.h"
+#include "demo/SmallAccount.h"
+
+namespace fetchkit::demo::test {
+namespace {
+
+constexpr const char* kTables = R"(
+  CREATE TABLE t (id INTEGER, d REAL, s TEXT);
+  INSERT INTO t VALUES (1, 1.5, '部门'), (2147483648, 2, ''), (NULL, NULL, NULL);
+)";
+
+class SampleConnectionTest : public ::testing::Test {
+ protected:
+  RecordsetPtr Open(TextView sql) {
+    RecordsetPtr recordset;
+    EXPECT_TRUE(account.connection->OpenStaticRecordset(sql, recordset, 3, 1, 1, 0));
+    return recordset;
+  }
+
+  SmallAccount account{kTables};
+  SampleConnection& connection = *account.connection;
+};
+
+TEST_F(SampleConnectionTest, ValuesKeepTheirTypes) {
+  RecordsetPtr rows = Open(u"SELECT id, d, s FROM t ORDER BY id");
+  EXPECT_EQ(std::get<std::int32_t>(rows->At(0).data()), 1);
+  EXPECT_EQ(std::get<double>(rows->At(1).data()), 1.5);
+  EXPECT_EQ(std::get<Text>(rows->At(2).data()), u"部门");
+  rows->MoveNext();
+  EXPECT_EQ(std::get<double>(rows->At(0).data()), 2147483648.0);
+  EXPECT_EQ(std::get<double>(rows->At(1).data()), 2.0);
+  EXPECT_TRUE(rows->At(2).IsNull()) << "a stored empty text is Null";
+  rows->MoveNext();
+  for (std::size_t column : {0U, 1U, 2U})
+    EXPECT_TRUE(rows->At(column).IsNull());
+}
+
+TEST_F(SampleConnectionTest, ColumnsByName) {
+  RecordsetPtr rows = Open(u"SELECT 7 AS S, t.*, nvl(s,'-') As 名称 FROM t");
+  EXPECT_EQ(rows->Column(u"s"), 0U) << "the first of equal names, whatever its letter case";
+  EXPECT_EQ(rows->Column(u"ID"), 1U);
+  EXPECT_EQ(rows->Column(u"名称"), 4U);
+  EXPECT_THROW(rows->Column(u"lngId"), Error);
+}
+
+TEST_F(SampleConnectionTest, MovesAndEnds) {
+  RecordsetPtr rows = Open(u"SELECT id FROM t ORDER BY id");
+  EXPECT_EQ(rows->RecordCount(), 3);
+  rows->MoveLast();
+  EXPECT_TRUE(rows->At(0).IsNull());
+  EXPECT_FALSE(rows->Eof());
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Eof());
+  EXPECT_FALSE(rows->Bof());
+  EXPECT_THROW(rows->At(0), Error);
+  EXPECT_THROW(rows->MoveNext(), Error);
+  rows->MoveFirst();
+  EXPECT_EQ(ToLong(rows->At(0)), 1);
+
+  RecordsetPtr none = Open(u"SELECT id FROM t WHERE 1=0");
+  EXPECT_TRUE(none->Eof() && none->Bof());
+  EXPECT_EQ(none->RecordCount(), 0);
+  EXPECT_THROW(none->MoveFirst(), Error);
+  bool isEmpty = false;
+  connection.RecordsetIsEmpty(none, isEmpty);
+  EXPECT_TRUE(isEmpty);
+}
+
+TEST_F(SampleConnectionTest, RecordsetsAreGivenBackOnce) {
+  RecordsetPtr rows = Open(u"SELECT id FROM t");
+  RecordsetPtr again = rows;
+  EXPECT_EQ(connection.openRecordsets(), 1);
+  connection.CloseRecordset(rows);
+  EXPECT_EQ(rows, nullptr);
+  EXPECT_THROW(connection.CloseRecordset(again), Error);
+  EXPECT_THROW(connection.CloseRecordset(rows), Error);
+  EXPECT_THROW(again->Eof(), Error) << "a closed recordset is not read";
+  EXPECT_EQ(connection.openRecordsets(), 0);
+}
+
+TEST_F(SampleConnectionTest, TellsEveryStatement) {
+  EXPECT_EQ(account.Rows("Select 1 From ACC01.t Where id || '' = '1'"), "1");
+  EXPECT_EQ(account.Execute("UPDATE t SET s='' WHERE id > 0"), "2");
+  account.Rows("SELECT x FROM t");
+  account.Rows("SELECT id FROM t;");
+  ASSERT_EQ(account.reports.size(), 4U);
+  const StatementReport& query = account.reports[0];
+  EXPECT_TRUE(query.answered);
+  EXPECT_EQ(query.sql, u"Select 1 From ACC01.t Where id || '' = '1'");
+  EXPECT_EQ(query.adapted, u"Select 1 From ACC01.t Where concat( id, NULL) = '1'");
+  EXPECT_EQ(query.rows, 1);
+  EXPECT_EQ(query.error, u"");
+  EXPECT_EQ(account.reports[1].rows, 2);
+  EXPECT_FALSE(account.reports[2].answered);
+  EXPECT_EQ(account.reports[2].error, u"no such column: x");
+  EXPECT_EQ(account.reports[3].adapted, u"") << "refused by the adapter, not by the database";
+}
+
+TEST_F(SampleConnectionTest, TheLoginIsReadAtEachCall) {
+  Login& login = connection.login;
+  login.accountType = 7;
+  login.userId = u"ACC01";
+  login.items[u"#SSCustomerID"] = u"12";
+  auto context = connection.HostContext();
+  EXPECT_EQ(ToLong(context->AccountTypeInfo()->AccountType()), 7);
+  EXPECT_EQ(ToText(context->AccountLogin()->UserId()), u"ACC01");
+  EXPECT_EQ(ToText(context->LoginContext()->Item(u"#SSCustomerID")), u"12");
+  EXPECT_TRUE(context->LoginContext()->Item(u"#Other").IsEmpty());
+  login.operatorId = 9;
+  EXPECT_EQ(ToLong(connection.HostContext()->LoginContext()->OperatorId()), 9);
+}
+
+TEST(DatabaseFiles, ChangesStayInTheAccountsFile) {
+  const std::filesystem::path path =
+      std::filesystem::temp_directory_path() / "fetchkit-demo-test.db";
+  std::filesystem::remove(path);
+  EXPECT_THROW(Database().Attach(path.string(), u"ACC01"), Error) << "no file is made by mistake";
+  Database(path.string()).RunScript("CREATE TABLE t (s TEXT)");
+  for (const TextView expected : {u"", u"one"}) {
+    auto database = std::make_shared<Database>();
+    database->Attach(path.string(), u"ACC02");
+    SampleConnection connection(database, {});
+    RecordsetPtr rows;
+    ASSERT_TRUE(connection.OpenRecordset(u"SELECT s FROM acc02.t", rows, 0, 0));
+    EXPECT_EQ(rows->Eof() ? Text() : ToText(rows->At(0)), expected);
+    Value out;
+    ASSERT_TRUE(connection.ExecuteSql(u"INSERT INTO t VALUES ('one')", 1, out));
+  }
+  std::filesystem::remove(path);
+}
+
+}  // namespace
+}  // namespace fetchkit::demo::test

@@ -1,0 +1,57 @@
+// Start-up through the real statements, on the sample accounts.
+#include <gtest/gtest.h>
+
+#include "base/Utf8.h"
+#include "demo/commands/DemoSession.h"
+#include "session/Interface.h"
+
+namespace fetchkit::demo {
+namespace {
+
+std::string Described(Interface& entry) {
+  const auto organization = entry.LoginOrganization();
+  return ToUtf8(Join(organization->OrganizationCode(), u" | ",
+                     organization->PrevLevelOrganizationId(), u" | ",
+                     organization->NextLevelOrganizationId(), u" | ", organization->ThisYear(),
+                     u".", organization->ThisPeriod(), u".", organization->ThisQuarter(), u".",
+                     organization->ThisHalfYear(), u" | ", entry.LoginOperator()->OperatorCode(),
+                     u" | ", entry.Business()->CurrencyCode(), u" ",
+                     entry.Business()->NaturalCurDec(), u" | ", entry.CustomerSs()->FullName()));
+}
+
+TEST(SampleLogins, ReadWhatTheBooksHold) {
+  const struct {
+    const char* login;
+    const char* expected;
+  } kRows[] = {
+      {"main", "01-02 | 1 | 4,5,12,6,7 | 2004.3.1.1 | 1001 | RMB 2 | 江南水泵制造有限公司"},
+      {"customer", "01-02 | 1 | 4,5,12,6,7 | 2004.3.1.1 | 1001 | RMB 2 | "},
+      {"root", "01 | 0 | 2,3,8,9,10,4,5,12,6,7 | 2004.3.1.1 | 1001 | RMB 2 | 江南水泵制造有限公司"},
+      {"leaf", "01-02-05-01 | 1,3,5 | 0 | 2004.3.1.1 | 1001 | RMB 2 | 江南水泵制造有限公司"},
+      {"trade", "010 | 0 | 0 | 2004.3.1.1 | 1001 | RMB 2 | 江南水泵制造有限公司"},
+      {"date", "01-02 | 1 | 4,5,12,6,7 | 2003.12.4.2 | 1001 | RMB 2 | 江南水泵制造有限公司"},
+      {"inactive", " | 0 | 0 | 0.0.0.0 |  | RMB 2 | 江南水泵制造有限公司"},
+      {"departed", "01-02 | 1 | 4,5,12,6,7 | 2004.3.1.1 |  | RMB 2 | 江南水泵制造有限公司"},
+      // A currency without a row still has two decimals.
+      {"account", "01 | 0 | 2,3 | 2004.3.1.1 | P01 |  2 | 市职业技能鉴定所"},
+  };
+  Console quiet(stderr, ColourMode::Never);
+  for (const auto& row : kRows) {
+    DemoSession session(quiet, false);
+    session.LogIn(row.login);
+    Interface entry;
+    EXPECT_EQ(Described(entry), row.expected) << row.login;
+    EXPECT_EQ(session.connection()->openRecordsets(), 0) << row.login;
+    EXPECT_EQ(session.Count([&] { entry.Initialize(session.connection()); }), 0u) << row.login;
+  }
+}
+
+TEST(Console, WidthsCountChineseGlyphsTwice) {
+  EXPECT_EQ(DisplayWidth("ab部门"), 6);
+  EXPECT_EQ(CutToWidth("ab部门", 6), "ab部门");
+  EXPECT_EQ(CutToWidth("ab部门c", 6), "ab部…") << "no half glyph";
+  EXPECT_EQ(CutToWidth("", 3), "");
+}
+
+}  // namespace
+}  // namespace fetchkit::demo
