@@ -147,11 +147,10 @@ class Expressions {
 
   Tokens Case() {
     std::size_t end = at_ + 1;
-    for (int open = 1; end < tokens_.size(); ++end) {
+    for (int open = 1;; ++end) {
       if (IsWord(tokens_[end], u"CASE")) ++open;
       if (IsWord(tokens_[end], u"END") && --open == 0) break;
     }
-    if (end == tokens_.size()) Refuse(u"CASE without END", tokens_[at_]);
     Tokens written = {tokens_[at_]};
     Append(written, Adapt(Slice(tokens_, at_ + 1, end)));
     written.push_back(tokens_[end]);

@@ -9,8 +9,8 @@ namespace fetchkit::demo {
 namespace {
 
 // The embedded database's own parser gives up at about this depth; so deep a statement is no
-// statement of this system, and the adapter works through brackets by recursion.
-constexpr std::size_t kDeepestBracket = 90;
+// statement of this system, and the adapter works through brackets and CASE by recursion.
+constexpr std::size_t kDeepestNesting = 90;
 
 // Words that cannot be a name here. Most words that begin or join a part of a statement matter:
 // they must not be taken for an operand, for a column or for the other name of a table.
@@ -47,9 +47,9 @@ class Reader {
     for (SkipBlanks(); at_ < sql_.size(); SkipBlanks()) {
       const TokenKind kind = ReadOne();
       tokens_.push_back({kind, Text(sql_.substr(begin_, at_ - begin_)), begin_ + 1, blankBefore_});
-      if (kind == TokenKind::Sign) MatchBracket();
+      CheckNesting();
     }
-    if (!open_.empty()) Refuse(u"a bracket that is not closed", tokens_[open_.back()]);
+    if (!open_.empty()) Refuse(u"what is not closed", tokens_[open_.back()]);
     return std::move(tokens_);
   }
 
@@ -148,13 +148,22 @@ class Reader {
     return true;
   }
 
-  void MatchBracket() {
-    if (IsSign(tokens_.back(), u"(")) {
+  // Brackets and CASE ... END have to be nested in each other, so that whoever works on one of them
+  // finds the whole of the other inside or outside.
+  void CheckNesting() {
+    const Token& token = tokens_.back();
+    const bool inBracket = !open_.empty() && IsSign(tokens_[open_.back()], u"(");
+    if (IsSign(token, u"(") || IsWord(token, u"CASE")) {
       open_.push_back(tokens_.size() - 1);
-      if (open_.size() > kDeepestBracket) Refuse(u"brackets nested too deep", tokens_.back());
-    } else if (IsSign(tokens_.back(), u")")) {
-      if (open_.empty()) Refuse(u"a closing bracket without an opening one", tokens_.back());
+      if (open_.size() > kDeepestNesting) Refuse(u"brackets nested too deep", token);
+    } else if (IsSign(token, u")")) {
+      if (!inBracket) Refuse(u"a closing bracket without an opening one", token);
       open_.pop_back();
+    } else if (IsWord(token, u"END") && !open_.empty()) {  // without CASE: that of a block
+      if (inBracket) Refuse(u"END without CASE", token);
+      open_.pop_back();
+    } else if (IsSign(token, u";") && !open_.empty()) {
+      Refuse(u"a ; inside brackets or CASE", token);
     }
   }
 

@@ -31,7 +31,8 @@ struct Token {
 using Tokens = std::vector<Token>;
 
 // Comments count as blanks. Error (Host) with its position for an unterminated quote or comment,
-// brackets that do not match, and any character outside of quotes that the dialect does not have.
+// brackets or CASE that are not closed or not nested, and any character outside of quotes that the
+// dialect does not have.
 Tokens Tokenize(TextView sql);
 
 // The statement's text again, each run of blanks and line breaks as one blank.

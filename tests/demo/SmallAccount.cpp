@@ -1,0 +1,53 @@
+#include "demo/SmallAccount.h"
+
+#include "base/Utf8.h"
+
+namespace fetchkit::demo::test {
+
+SmallAccount::SmallAccount(const char* script) {
+  Database account;
+  account.RunScript(
+      "CREATE TABLE DUAL (DUMMY TEXT); INSERT INTO DUAL VALUES ('X');"
+      "CREATE TABLE demo_sequence (name TEXT PRIMARY KEY, last INTEGER);"
+      "INSERT INTO demo_sequence VALUES ('LIST_SEQ', 41), ('BIG_SEQ', 2147483647);");
+  account.RunScript(script);
+  Database server;
+  server.RunScript(
+      "CREATE TABLE GaBaseInfo (strAccountName TEXT, strUserName TEXT);"
+      "INSERT INTO GaBaseInfo VALUES ('集团账套', 'acc01');");
+  auto database = std::make_shared<Database>();
+  database->AttachCopy(account, u"ACC01");
+  database->AttachCopy(server, u"System");
+  connection = std::make_shared<SampleConnection>(database, Login());
+  connection->trace = [this](const StatementReport& report) { reports.push_back(report); };
+}
+
+std::string SmallAccount::Rows(const std::string& sql) {
+  RecordsetPtr recordset;
+  if (!connection->OpenRecordset(FromUtf8(sql), recordset, 0, 0))
+    return ToUtf8(reports.back().error);
+  std::string rows;
+  for (; !recordset->Eof(); recordset->MoveNext()) {
+    if (!rows.empty()) rows += ';';
+    std::string row;
+    // The recordset does not tell how many columns it has; it refuses the one behind the last.
+    try {
+      for (std::size_t i = 0;; ++i) {
+        const Value cell = recordset->At(i);
+        row += (i == 0 ? "" : "|") + (cell.IsNull() ? "~" : ToUtf8(ToText(cell)));
+      }
+    } catch (const Error&) {
+    }
+    rows += row;
+  }
+  connection->CloseRecordset(recordset);
+  return rows;
+}
+
+std::string SmallAccount::Execute(const std::string& sql) {
+  Value out;
+  if (!connection->ExecuteSql(FromUtf8(sql), 1, out)) return ToUtf8(reports.back().error);
+  return ToUtf8(ToText(out));
+}
+
+}  // namespace fetchkit::demo::test
