@@ -72,7 +72,8 @@ class Expressions {
 
   // "||" stands on the level of + and - and not, as in the embedded database, above * and /.
   Tokens Sum() {
-    std::vector<Tokens> joined = {Product()};
+    std::vector<Tokens> joined;
+    joined.push_back(Product());
     while (AtOperator({u"||", u"+", u"-"})) {
       const Token& sign = tokens_[at_++];
       if (IsSign(sign, u"||")) {
@@ -82,7 +83,8 @@ class Expressions {
       Tokens sum = Concat(std::move(joined));
       sum.push_back(sign);
       Append(sum, Product());
-      joined = {std::move(sum)};
+      joined.clear();
+      joined.push_back(std::move(sum));  // moved, or a long sum would be copied at every sign
     }
     return Concat(std::move(joined));
   }

@@ -18,95 +18,42 @@ State Seen() {
   return {pairs.begin(), pairs.end()};
 }
 
+// clang-format off
 // The first login on GoodHost, every value a host can see.
-const State kLoggedIn = {{"LoginDate", "2004-03-17"},
-                         {"LoginOrganizationId", "20"},
-                         {"LoginOrganizationCode", "01-02"},
-                         {"LoginOrganizationName", "华东公司"},
-                         {"LoginOperatorId", "3"},
-                         {"LoginOperatorPwd", "secret"},
-                         {"SSCustomerId", "12"},
-                         {"AccountStartYear", "2003"},
-                         {"AccountStartDate", "2003-01-01"},
-                         {"OrganizationEndDate", "2005-12-31"},
-                         {"OrganizationThisYear", "2004"},
-                         {"OrganizationThisPeriod", "3"},
-                         {"OrganizationThisHalfYear", "2"},
-                         {"OrganizationThisQuarter", "1"},
-                         {"NaturalCurrencyId", "7"},
-                         {"OrganizationIsDetail", "1"},
-                         {"OrganizationLevel", "2"},
-                         {"AccountKey", "7$DBSRV$ACC01"},
-                         {"AccountType", "7"},
-                         {"AccountServer", "DBSRV"},
-                         {"AccountUserID", "ACC01"},
-                         {"AccountName", "东方集团账套"},
-                         {"AccountVersion", "8.5"},
-                         {"AccountUnitCode", "DF"},
-                         {"AccountProperty", "1"},
-                         {"Business.GroupDBType", "1"},
-                         {"DiscountRateDec", "2"},
-                         {"PriceDec", "4"},
-                         {"QuantityDec", "3"},
-                         {"VersionType", "5"},
-                         {"CurrencyID", "7"},
-                         {"CurrencyCode", "RMB"},
-                         {"CurrencyName", "人民币"},
-                         {"NaturalCurDec", "2"},
-                         {"TradeID", "9"},
-                         {"AccountSystem", "企业会计制度"},
-                         {"ApplicationLabel", "集团账"},
-                         {"GAUnitCode", " "},
-                         {"MessageServer", "MSG01"},
-                         {"Notes", "备注"},
-                         {"OldAccountSystem", "旧制度"},
-                         {"Business.StartDate", "2003-01-01"},
-                         {"TaxType", "一般纳税人"},
-                         {"UserName", "东方集团"},
-                         {"Version", "8.50"},
-                         {"DynPwdSvrIP", "10.0.0.1"},
-                         {"DynPwdSvrPort", "0443"},
-                         {"OrganizationID", "20"},
-                         {"OrganizationCode", "01-02"},
-                         {"OrganizationName", "华东公司"},
-                         {"OrganizationFullName", "东方集团华东公司"},
-                         {"OrganizationProperty", "2"},
-                         {"Level", "2"},
-                         {"CreateDate", "2002-12-31"},
-                         {"StartDate", "2003-01-01"},
-                         {"BeginDate", "2003-01-01"},
-                         {"EndDate", "2005-12-31"},
-                         {"ThisYear", "2004"},
-                         {"ThisPeriod", "3"},
-                         {"IsCenter", "1"},
-                         {"IsDetail", "1"},
-                         {"IsInitialized", "1"},
-                         {"IsVoucher", "1"},
-                         {"IsRoot", "0"},
-                         {"ParentLevelOrganizationId", "10"},
-                         {"PrevLevelOrganizationId", "8,10"},
-                         {"NextLevelOrganizationId", "31,30,40"},
-                         {"NextLevelDirectOrganizationID", "31,30"},
-                         {"LowerOrganizationId", "20,31,30,40"},
-                         {"ThisQuarter", "1"},
-                         {"ThisHalfYear", "2"},
-                         {"Organization.GroupDBType", "1"},
-                         {"OperatorId", "3"},
-                         {"OperatorCode", "003"},
-                         {"OperatorName", "李会计"},
-                         {"Password", "123"},
-                         {"DepartmentId", "5"},
-                         {"OperatorGroupId", "2"},
-                         {"OperatorGroupName", "会计组"},
-                         {"RoleID", "4"},
-                         {"TokenSN", "T-1"},
-                         {"UseStcPwd", "1"},
-                         {"Operator.OrganizationId", "20"},
-                         {"CustomerID", "12"},
-                         {"CustomerCode", "C12"},
-                         {"CustomerName", "蓝天"},
-                         {"FullName", "蓝天股份"},
-                         {"Customer.IsInActive", "1"}};
+const State kLoggedIn = {
+    {"LoginDate", "2004-03-17"}, {"LoginOrganizationId", "20"},
+    {"LoginOrganizationCode", "01-02"}, {"LoginOrganizationName", "华东公司"},
+    {"LoginOperatorId", "3"}, {"LoginOperatorPwd", "secret"}, {"SSCustomerId", "12"},
+    {"AccountStartYear", "2003"}, {"AccountStartDate", "2003-01-01"},
+    {"OrganizationEndDate", "2005-12-31"}, {"OrganizationThisYear", "2004"},
+    {"OrganizationThisPeriod", "3"}, {"OrganizationThisHalfYear", "2"},
+    {"OrganizationThisQuarter", "1"}, {"NaturalCurrencyId", "7"}, {"OrganizationIsDetail", "1"},
+    {"OrganizationLevel", "2"}, {"AccountKey", "7$DBSRV$ACC01"}, {"AccountType", "7"},
+    {"AccountServer", "DBSRV"}, {"AccountUserID", "ACC01"}, {"AccountName", "东方集团账套"},
+    {"AccountVersion", "8.5"}, {"AccountUnitCode", "DF"}, {"AccountProperty", "1"},
+    {"Business.GroupDBType", "1"}, {"DiscountRateDec", "2"}, {"PriceDec", "4"},
+    {"QuantityDec", "3"}, {"VersionType", "5"}, {"CurrencyID", "7"}, {"CurrencyCode", "RMB"},
+    {"CurrencyName", "人民币"}, {"NaturalCurDec", "2"}, {"TradeID", "9"},
+    {"AccountSystem", "企业会计制度"}, {"ApplicationLabel", "集团账"}, {"GAUnitCode", " "},
+    {"MessageServer", "MSG01"}, {"Notes", "备注"}, {"OldAccountSystem", "旧制度"},
+    {"Business.StartDate", "2003-01-01"}, {"TaxType", "一般纳税人"}, {"UserName", "东方集团"},
+    {"Version", "8.50"}, {"DynPwdSvrIP", "10.0.0.1"}, {"DynPwdSvrPort", "0443"},
+    {"OrganizationID", "20"}, {"OrganizationCode", "01-02"}, {"OrganizationName", "华东公司"},
+    {"OrganizationFullName", "东方集团华东公司"}, {"OrganizationProperty", "2"}, {"Level", "2"},
+    {"CreateDate", "2002-12-31"}, {"StartDate", "2003-01-01"}, {"BeginDate", "2003-01-01"},
+    {"EndDate", "2005-12-31"}, {"ThisYear", "2004"}, {"ThisPeriod", "3"}, {"IsCenter", "1"},
+    {"IsDetail", "1"}, {"IsInitialized", "1"}, {"IsVoucher", "1"}, {"IsRoot", "0"},
+    {"ParentLevelOrganizationId", "10"}, {"PrevLevelOrganizationId", "8,10"},
+    {"NextLevelOrganizationId", "31,30,40"}, {"NextLevelDirectOrganizationID", "31,30"},
+    {"LowerOrganizationId", "20,31,30,40"}, {"ThisQuarter", "1"}, {"ThisHalfYear", "2"},
+    {"Organization.GroupDBType", "1"}, {"OperatorId", "3"}, {"OperatorCode", "003"},
+    {"OperatorName", "李会计"}, {"Password", "123"}, {"DepartmentId", "5"},
+    {"OperatorGroupId", "2"}, {"OperatorGroupName", "会计组"}, {"RoleID", "4"}, {"TokenSN", "T-1"},
+    {"UseStcPwd", "1"}, {"Operator.OrganizationId", "20"}, {"CustomerID", "12"},
+    {"CustomerCode", "C12"}, {"CustomerName", "蓝天"}, {"FullName", "蓝天股份"},
+    {"Customer.IsInActive", "1"}};
+
+// clang-format on
 
 std::vector<std::string> Utf8(std::vector<Text> texts) {
   std::vector<std::string> utf8;
@@ -315,87 +262,55 @@ struct Fault {
   bool skipsNextStatement = false;
 };
 
-const State kNoNames = {{"AccountName", ""}, {"AccountVersion", ""}, {"AccountUnitCode", ""}};
-const State kNoTexts = {{"AccountSystem", ""},
-                        {"ApplicationLabel", ""},
-                        {"GAUnitCode", ""},
-                        {"MessageServer", ""},
-                        {"Notes", ""},
-                        {"OldAccountSystem", ""},
-                        {"Business.StartDate", ""},
-                        {"TaxType", ""},
-                        {"UserName", ""},
-                        {"Version", ""},
-                        {"DynPwdSvrIP", ""},
-                        {"DynPwdSvrPort", ""},
-                        {"AccountStartDate", ""},
-                        {"AccountStartYear", "0"}};
-const State kNoSettings = {{"AccountProperty", "0"},
-                           {"Business.GroupDBType", "0"},
-                           {"DiscountRateDec", "0"},
-                           {"PriceDec", "0"},
-                           {"QuantityDec", "0"},
-                           {"VersionType", "0"},
-                           {"CurrencyID", "0"},
-                           {"CurrencyCode", ""},
-                           {"CurrencyName", ""},
-                           {"NaturalCurDec", "0"},
-                           {"TradeID", "0"},
-                           {"NaturalCurrencyId", "0"},
-                           {"OrganizationProperty", "0"},
-                           {"Organization.GroupDBType", "0"}};
-const State kNoOrganization = {{"OrganizationID", "0"},
-                               {"OrganizationCode", ""},
-                               {"OrganizationName", ""},
-                               {"OrganizationFullName", ""},
-                               {"Level", "0"},
-                               {"CreateDate", ""},
-                               {"StartDate", ""},
-                               {"IsCenter", "0"},
-                               {"IsDetail", "0"},
-                               {"IsInitialized", "0"},
-                               {"IsVoucher", "0"},
-                               {"LoginOrganizationCode", ""},
-                               {"LoginOrganizationName", ""},
-                               {"OrganizationIsDetail", "0"},
-                               {"OrganizationLevel", "0"},
-                               // The tree and the calendar of id 0.
-                               {"ParentLevelOrganizationId", "0"},
-                               {"PrevLevelOrganizationId", "0"},
-                               {"NextLevelOrganizationId", "0"},
-                               {"NextLevelDirectOrganizationID", "0"},
-                               {"LowerOrganizationId", "0,0"},
-                               {"BeginDate", ""},
-                               {"EndDate", ""},
-                               {"OrganizationEndDate", ""},
-                               {"ThisYear", "0"},
-                               {"ThisPeriod", "0"},
-                               {"ThisQuarter", "0"},
-                               {"ThisHalfYear", "0"},
-                               {"OrganizationThisYear", "0"},
-                               {"OrganizationThisPeriod", "0"},
-                               {"OrganizationThisQuarter", "0"},
-                               {"OrganizationThisHalfYear", "0"}};
-const State kNoAncestors = {{"ParentLevelOrganizationId", "0"}, {"PrevLevelOrganizationId", "0"}};
-const State kNoDescendants = {{"NextLevelOrganizationId", "0"},
-                              {"NextLevelDirectOrganizationID", "0"},
-                              {"LowerOrganizationId", "20,0"}};
-const State kNoBounds = {{"BeginDate", ""}, {"EndDate", ""}, {"OrganizationEndDate", ""}};
-const State kNoPeriod = {{"ThisYear", "0"},
-                         {"ThisPeriod", "0"},
-                         {"OrganizationThisYear", "0"},
-                         {"OrganizationThisPeriod", "0"}};
-const State kNoQuarter = {{"ThisQuarter", "0"}, {"OrganizationThisQuarter", "0"}};
-const State kNoHalf = {{"ThisHalfYear", "0"}, {"OrganizationThisHalfYear", "0"}};
+// clang-format off
+const State kNoNames = {
+    {"AccountName", ""}, {"AccountVersion", ""}, {"AccountUnitCode", ""}};
+const State kNoTexts = {
+    {"AccountSystem", ""}, {"ApplicationLabel", ""}, {"GAUnitCode", ""}, {"MessageServer", ""},
+    {"Notes", ""}, {"OldAccountSystem", ""}, {"Business.StartDate", ""}, {"TaxType", ""},
+    {"UserName", ""}, {"Version", ""}, {"DynPwdSvrIP", ""}, {"DynPwdSvrPort", ""},
+    {"AccountStartDate", ""}, {"AccountStartYear", "0"}};
+const State kNoSettings = {
+    {"AccountProperty", "0"}, {"Business.GroupDBType", "0"}, {"DiscountRateDec", "0"},
+    {"PriceDec", "0"}, {"QuantityDec", "0"}, {"VersionType", "0"}, {"CurrencyID", "0"},
+    {"CurrencyCode", ""}, {"CurrencyName", ""}, {"NaturalCurDec", "0"}, {"TradeID", "0"},
+    {"NaturalCurrencyId", "0"}, {"OrganizationProperty", "0"}, {"Organization.GroupDBType", "0"}};
+const State kNoOrganization = {
+    {"OrganizationID", "0"}, {"OrganizationCode", ""}, {"OrganizationName", ""},
+    {"OrganizationFullName", ""}, {"Level", "0"}, {"CreateDate", ""}, {"StartDate", ""},
+    {"IsCenter", "0"}, {"IsDetail", "0"}, {"IsInitialized", "0"}, {"IsVoucher", "0"},
+    {"LoginOrganizationCode", ""}, {"LoginOrganizationName", ""}, {"OrganizationIsDetail", "0"},
+    {"OrganizationLevel", "0"},
+    // The tree and the calendar of id 0.
+    {"ParentLevelOrganizationId", "0"}, {"PrevLevelOrganizationId", "0"},
+    {"NextLevelOrganizationId", "0"}, {"NextLevelDirectOrganizationID", "0"},
+    {"LowerOrganizationId", "0,0"}, {"BeginDate", ""}, {"EndDate", ""},
+    {"OrganizationEndDate", ""}, {"ThisYear", "0"}, {"ThisPeriod", "0"}, {"ThisQuarter", "0"},
+    {"ThisHalfYear", "0"}, {"OrganizationThisYear", "0"}, {"OrganizationThisPeriod", "0"},
+    {"OrganizationThisQuarter", "0"}, {"OrganizationThisHalfYear", "0"}};
+const State kNoAncestors = {
+    {"ParentLevelOrganizationId", "0"}, {"PrevLevelOrganizationId", "0"}};
+const State kNoDescendants = {
+    {"NextLevelOrganizationId", "0"}, {"NextLevelDirectOrganizationID", "0"},
+    {"LowerOrganizationId", "20,0"}};
+const State kNoBounds = {
+    {"BeginDate", ""}, {"EndDate", ""}, {"OrganizationEndDate", ""}};
+const State kNoPeriod = {
+    {"ThisYear", "0"}, {"ThisPeriod", "0"}, {"OrganizationThisYear", "0"},
+    {"OrganizationThisPeriod", "0"}};
+const State kNoQuarter = {
+    {"ThisQuarter", "0"}, {"OrganizationThisQuarter", "0"}};
+const State kNoHalf = {
+    {"ThisHalfYear", "0"}, {"OrganizationThisHalfYear", "0"}};
 const State kNoOperatorRow = {
-    {"OperatorCode", ""},  {"OperatorName", ""},     {"Password", ""},
-    {"DepartmentId", "0"}, {"OperatorGroupId", "0"}, {"OperatorGroupName", ""},
-    {"RoleID", "0"},       {"TokenSN", ""},          {"UseStcPwd", "0"}};
-const State kNoCustomer = {{"CustomerID", "0"},
-                           {"CustomerCode", ""},
-                           {"CustomerName", ""},
-                           {"FullName", ""},
-                           {"Customer.IsInActive", "0"}};
+    {"OperatorCode", ""}, {"OperatorName", ""}, {"Password", ""}, {"DepartmentId", "0"},
+    {"OperatorGroupId", "0"}, {"OperatorGroupName", ""}, {"RoleID", "0"}, {"TokenSN", ""},
+    {"UseStcPwd", "0"}};
+const State kNoCustomer = {
+    {"CustomerID", "0"}, {"CustomerCode", ""}, {"CustomerName", ""}, {"FullName", ""},
+    {"Customer.IsInActive", "0"}};
+
+// clang-format on
 
 State operator|(State left, const State& right) {
   left.insert(right.begin(), right.end());
@@ -447,11 +362,12 @@ TEST_P(StartUpFault, LeavesTheRest) {
   }
 }
 
+// clang-format off
 INSTANTIATE_TEST_SUITE_P(
     AllStatements, StartUpFault,
     testing::Values(
-        Fault{"SettingsRefused", kSettings, Fault::kRefused, u"", kNoSettings | kNoTexts | kNoNames,
-              true},
+        Fault{"SettingsRefused", kSettings, Fault::kRefused, u"",
+              kNoSettings | kNoTexts | kNoNames, true},
         Fault{"SettingsThrow", kSettings, Fault::kThrows, u"", kNoSettings | kNoTexts | kNoNames,
               true},
         Fault{"SettingsMissing", kSettings, Fault::kNoRow, u"", kNoSettings | kNoTexts},
@@ -460,22 +376,13 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"NamesRefused", kAccountNames, Fault::kRefused, u"", kNoNames},
         Fault{"NamesThrow", kAccountNames, Fault::kThrows, u"", kNoNames},
         Fault{"NamesMissing", kAccountNames, Fault::kNoRow, u"", kNoNames},
-        Fault{"NamesNull",
-              kAccountNames,
-              Fault::kNull,
-              u"strVersion",
-              {{"AccountVersion", ""}, {"AccountUnitCode", ""}}},
+        Fault{"NamesNull", kAccountNames, Fault::kNull, u"strVersion", {{"AccountVersion", ""},
+              {"AccountUnitCode", ""}}},
         Fault{"OrganizationRefused", kOrganization, Fault::kRefused, u"", kNoOrganization},
         Fault{"OrganizationThrows", kOrganization, Fault::kThrows, u"", kNoOrganization},
         Fault{"OrganizationInactive", kOrganization, Fault::kNoRow, u"", kNoOrganization},
-        Fault{"OrganizationNull",
-              kOrganization,
-              Fault::kNull,
-              u"blnIsDetail",
-              {{"IsDetail", "0"},
-               {"OrganizationIsDetail", "0"},
-               {"IsInitialized", "0"},
-               {"IsVoucher", "0"}}},
+        Fault{"OrganizationNull", kOrganization, Fault::kNull, u"blnIsDetail", {{"IsDetail",
+              "0"}, {"OrganizationIsDetail", "0"}, {"IsInitialized", "0"}, {"IsVoucher", "0"}}},
         Fault{"AncestorsRefused", kAncestors, Fault::kRefused, u"", kNoAncestors},
         Fault{"AncestorsThrow", kAncestors, Fault::kThrows, u"", kNoAncestors | kNoDescendants,
               true},
@@ -485,25 +392,20 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"DescendantsRefused", kDescendants, Fault::kRefused, u"", kNoDescendants},
         Fault{"DescendantsThrow", kDescendants, Fault::kThrows, u"", kNoDescendants},
         Fault{"LeafOrganization", kDescendants, Fault::kNoRow, u"", kNoDescendants},
-        Fault{"DescendantNullInTheLastRow",
-              kDescendants,
-              Fault::kNull,
-              u"lngOrganizationId",
+        Fault{"DescendantNullInTheLastRow", kDescendants, Fault::kNull, u"lngOrganizationId",
               {{"NextLevelOrganizationId", "31,30"}, {"LowerOrganizationId", "20,31,30"}}},
         Fault{"BoundsRefused", kBounds, Fault::kRefused, u"", kNoBounds},
         Fault{"BoundsThrow", kBounds, Fault::kThrows, u"",
               kNoBounds | kNoPeriod | kNoQuarter | kNoHalf, true},
         Fault{"NoCalendar", kBounds, Fault::kNoRow, u"", kNoBounds},
-        Fault{
-            "BoundsNull", kBounds, Fault::kNull, u"strEndDate",
-            State{{"EndDate", ""}, {"OrganizationEndDate", ""}} | kNoPeriod | kNoQuarter | kNoHalf,
-            true},
+        Fault{"BoundsNull", kBounds, Fault::kNull, u"strEndDate", State{{"EndDate", ""},
+              {"OrganizationEndDate", ""}} | kNoPeriod | kNoQuarter | kNoHalf, true},
         Fault{"PeriodRefused", kPeriod, Fault::kRefused, u"", kNoPeriod},
-        Fault{"PeriodThrows", kPeriod, Fault::kThrows, u"", kNoPeriod | kNoQuarter | kNoHalf, true},
-        Fault{"DateInNoPeriod", kPeriod, Fault::kNoRow, u"", kNoPeriod},
-        Fault{"PeriodNull", kPeriod, Fault::kNull, u"bytPeriod",
-              State{{"ThisPeriod", "0"}, {"OrganizationThisPeriod", "0"}} | kNoQuarter | kNoHalf,
+        Fault{"PeriodThrows", kPeriod, Fault::kThrows, u"", kNoPeriod | kNoQuarter | kNoHalf,
               true},
+        Fault{"DateInNoPeriod", kPeriod, Fault::kNoRow, u"", kNoPeriod},
+        Fault{"PeriodNull", kPeriod, Fault::kNull, u"bytPeriod", State{{"ThisPeriod", "0"},
+              {"OrganizationThisPeriod", "0"}} | kNoQuarter | kNoHalf, true},
         Fault{"QuarterRefused", kQuarter, Fault::kRefused, u"", kNoQuarter},
         Fault{"QuarterThrows", kQuarter, Fault::kThrows, u"", kNoQuarter | kNoHalf, true},
         Fault{"DateInNoQuarter", kQuarter, Fault::kNoRow, u"", kNoQuarter},
@@ -515,25 +417,17 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"OperatorRefused", kOperator, Fault::kRefused, u"", kNoOperatorRow},
         Fault{"OperatorThrows", kOperator, Fault::kThrows, u"", kNoOperatorRow},
         Fault{"OperatorNotAllotted", kOperator, Fault::kNoRow, u"", kNoOperatorRow},
-        Fault{"OperatorNullDepartment",
-              kOperator,
-              Fault::kNull,
-              u"lngDepartmentID",
-              {{"DepartmentId", "0"},
-               {"OperatorGroupId", "0"},
-               {"OperatorGroupName", ""},
-               {"RoleID", "0"},
-               {"TokenSN", ""},
-               {"UseStcPwd", "0"}}},
+        Fault{"OperatorNullDepartment", kOperator, Fault::kNull, u"lngDepartmentID",
+              {{"DepartmentId", "0"}, {"OperatorGroupId", "0"}, {"OperatorGroupName", ""},
+              {"RoleID", "0"}, {"TokenSN", ""}, {"UseStcPwd", "0"}}},
         Fault{"CustomerRefused", kCustomer, Fault::kRefused, u"", kNoCustomer},
         Fault{"CustomerThrows", kCustomer, Fault::kThrows, u"", kNoCustomer},
         Fault{"CustomerUnknown", kCustomer, Fault::kNoRow, u"", kNoCustomer},
-        Fault{"CustomerNullName",
-              kCustomer,
-              Fault::kNull,
-              u"strSSCustomerName",
+        Fault{"CustomerNullName", kCustomer, Fault::kNull, u"strSSCustomerName",
               {{"CustomerName", ""}, {"FullName", ""}, {"Customer.IsInActive", "0"}}}),
     [](const auto& row) { return row.param.name; });
+
+// clang-format on
 
 TEST_F(StartUp, NullsThatAreOrdinaryEntries) {
   Answer loginOperator = GoodAnswer(kOperator);
