@@ -92,7 +92,11 @@ void DemoSession::ShowStatements() {
     if (trace_) {
       console_.Note(fmt::format("{:>3}  {}, {} µs", i + 1, AnswerOf(report), report.microseconds));
       console_.Line(ToUtf8(report.sql));
-      if (!report.answered) console_.Line("     " + ToUtf8(report.error));
+      if (!report.answered) {
+        console_.Line("     " + ToUtf8(report.error));
+      } else if (!report.firstRow.empty()) {
+        console_.Note("     " + ToUtf8(report.firstRow));
+      }
       continue;
     }
     const std::string sql = OneLine(report.sql);

@@ -105,7 +105,7 @@ class Expressions {
     Tokens product = Signed();
     while (AtOperator({u"*", u"/"})) {
       const Token& sign = tokens_[at_++];
-      if (IsSign(sign, u"/")) AppendSql(product, u"* 1.0", sign.position);
+      if (IsSign(sign, u"/")) AppendSql(product, u"/ 1.0", sign.position);
       product.push_back(sign);
       Append(product, Signed());
     }

@@ -3,7 +3,7 @@
 // What differs, and what is done about it:
 //   ''                  is Null                                 -> NULL
 //   a || b              reads Null as empty, binds like +       -> concat(a, b)
-//   a / b               keeps the fraction                      -> a * 1.0 / b
+//   a / b               keeps the fraction                      -> a / 1.0 / b
 //   ORDER BY            Null is the greatest value              -> NULLS LAST or FIRST
 //   a.x = b.x(+)        is an outer join                        -> LEFT JOIN (OuterJoin.h)
 //   LIST_SEQ.NEXTVAL    draws from a sequence                   -> the number drawn

@@ -54,6 +54,16 @@ class MemoryRecordset : public Recordset {
     return cells_[row_ * names_.size() + column];
   }
 
+  Text FirstRow() const {
+    Text text;
+    for (std::size_t i = 0; rows_ > 0 && i < names_.size(); ++i) {
+      const Value& cell = cells_[i];
+      text.append(Join(text.empty() ? u"" : u", ", names_[i], u"=",
+                       cell.IsNull() ? Text(u"-") : ToText(cell)));
+    }
+    return text;
+  }
+
   // Frees the rows. False when it was closed before.
   bool Close() {
     cells_ = {};
@@ -177,6 +187,7 @@ bool SampleConnection::Open(TextView sql, RecordsetPtr& recordset) {
     Statement statement(*database_, report.adapted);
     const auto opened = std::make_shared<MemoryRecordset>(statement);
     report.rows = opened->RecordCount();
+    report.firstRow = opened->FirstRow();
     recordset = opened;
     ++openRecordsets_;
   });

@@ -31,6 +31,7 @@ struct StatementReport {
   Text adapted;  // as the embedded database got it; empty when the adapter refused
   bool answered = false;
   std::int64_t rows = 0;  // read, or changed
+  Text firstRow;          // "column=value, ..." of a recordset's first row; Null is shown as -
   Text error;             // why it was refused
   std::int64_t microseconds = 0;
 };
