@@ -7,7 +7,6 @@
 
 #include "base/Utf8.h"
 #include "demo/SampleAccounts.h"
-#include "session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {
@@ -74,11 +73,16 @@ void DemoSession::Switch(std::string_view loginName) {
   current_ = connection;
 }
 
-void DemoSession::LogIn(std::string_view loginName) {
-  Switch(loginName);
-  Interface().Initialize(current_);
+void DemoSession::LogIn() {
+  entry_.Initialize(current_);
   reports_.clear();
   failures_.clear();
+}
+
+void DemoSession::LogInAfresh() {
+  ReleaseThread();
+  SetDiagnosticsSink(this);
+  LogIn();
 }
 
 void DemoSession::OnFailure(const Failure& failure) {

@@ -10,6 +10,7 @@
 #include "base/ThreadState.h"
 #include "demo/console/Console.h"
 #include "demo/host/SampleConnection.h"
+#include "session/Interface.h"
 
 namespace fetchkit::demo {
 
@@ -28,8 +29,14 @@ class DemoSession : private DiagnosticsSink {
   // Initialize. std::invalid_argument for a name that is none.
   void Switch(std::string_view loginName);
 
-  // Switch, and Initialize without showing its statements.
-  void LogIn(std::string_view loginName);
+  // Initialize with the current login, without showing its statements.
+  void LogIn();
+
+  // The same as a host would after a restart: nothing of the session before is left, while the
+  // accounts' data stays.
+  void LogInAfresh();
+
+  Interface& entry() { return entry_; }
 
   const std::shared_ptr<SampleConnection>& connection() const { return current_; }
 
@@ -56,6 +63,7 @@ class DemoSession : private DiagnosticsSink {
   void ShowStatements();
 
   Console& console_;
+  Interface entry_;
   bool trace_;
   DiagnosticsSink* sinkBefore_;
   std::map<std::string, std::shared_ptr<SampleConnection>, std::less<>> connections_;

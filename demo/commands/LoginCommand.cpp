@@ -115,7 +115,7 @@ std::string Identity(Interface& entry) {
 
 int RunLogin(Console& console, const CommonOptions& options) {
   DemoSession session(console, options.trace);
-  Interface entry;
+  Interface& entry = session.entry();
 
   const auto login = [&](std::string_view title, std::string_view name) {
     session.Switch(name);

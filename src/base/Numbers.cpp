@@ -103,22 +103,35 @@ double RoundHalfToEven(double value) {
 
 namespace {
 
+// A finite number as 0.d1d2d3... times a power of ten.
+struct SignificantDigits {
+  bool negative = false;
+  std::string digits;  // at most 15, no zeros behind the last one; empty for 0
+  int exponent = 0;    // of the first digit: 0 where it stands for ones
+};
+
+SignificantDigits DigitsOf(double value) {
+  char buffer[40];
+  // Scientific first: the shortest form of the language would show 0.1 + 0.2 with 17 digits.
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 14);
+  const std::string scientific(buffer, end.ptr);
+  const auto mark = scientific.find('e');
+  SignificantDigits number;
+  number.exponent = std::stoi(scientific.substr(mark + 1));
+  number.digits = scientific.substr(0, mark);
+  number.negative = number.digits.front() == '-';
+  std::erase_if(number.digits, [](char c) { return c == '.' || c == '-'; });
+  number.digits.erase(number.digits.find_last_not_of('0') + 1);
+  return number;
+}
+
 // At most 15 significant digits; an exponent is written from 1E+15 on and below 1E-15, or never.
 Text WriteNumber(double value, bool mayHaveExponent) {
   if (std::isnan(value)) return u"NaN";
   if (std::isinf(value)) return value < 0 ? u"-Infinity" : u"Infinity";
   if (value == 0) return u"0";
-  char digits[40];
-  // Scientific first: the shortest form of the language would show 0.1 + 0.2 with 17 digits.
-  const auto end =
-      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::scientific, 14);
-  std::string scientific(digits, end.ptr);
-  const auto mark = scientific.find('e');
-  const int exponent = std::stoi(scientific.substr(mark + 1));
-  std::string mantissa = scientific.substr(0, mark);
-  const bool negative = mantissa.front() == '-';
-  std::erase_if(mantissa, [](char c) { return c == '.' || c == '-'; });
-  mantissa.erase(mantissa.find_last_not_of('0') + 1);
+  const auto [negative, mantissa, exponent] = DigitsOf(value);
 
   std::string text;
   if (negative) text.push_back('-');
@@ -152,6 +165,37 @@ Text NumberText(double value) {
 
 Text PlainDecimalText(double value) {
   return WriteNumber(value, false);
+}
+
+Text FixedText(double value, int decimals) {
+  if (!std::isfinite(value)) return NumberText(value);
+  decimals = std::max(decimals, 0);
+  auto [negative, digits, exponent] = DigitsOf(value);
+  // The whole number of units in the last place that is shown.
+  const int kept = exponent + 1 + decimals;
+  if (kept < 0) {
+    digits.clear();
+  } else if (const auto length = static_cast<std::size_t>(kept); length >= digits.size()) {
+    digits.append(length - digits.size(), '0');
+  } else {
+    const bool up = digits[length] >= '5';
+    digits.erase(length);
+    auto at = digits.rbegin();
+    for (; up && at != digits.rend() && *at == '9'; ++at)
+      *at = '0';
+    if (up && at != digits.rend()) {
+      ++*at;
+    } else if (up) {
+      digits.insert(0, 1, '1');
+    }
+  }
+  // At least one digit in front of the point.
+  const auto places = static_cast<std::size_t>(decimals);
+  if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
+  negative = negative && digits.find_first_not_of('0') != std::string::npos;
+  if (places != 0) digits.insert(digits.size() - places, 1, '.');
+  if (negative) digits.insert(0, 1, '-');
+  return Text(digits.begin(), digits.end());
 }
 
 }  // namespace fetchkit

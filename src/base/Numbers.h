@@ -32,4 +32,9 @@ Text NumberText(double value);
 // The same digits without ever an exponent, as SQL and people read a stored number.
 Text PlainDecimalText(double value);
 
+// Plain decimal with exactly that many decimals (below 0 counts as 0): the value's 15 significant
+// decimal digits are rounded, halves away from zero, so that 2.345 with two gives "2.35" although
+// the double lies below it. What rounds to zero has no minus sign.
+Text FixedText(double value, int decimals);
+
 }  // namespace fetchkit

@@ -39,6 +39,7 @@ struct ThreadState {
   Text failingStatement;                   // noted while an error passes its statement's owner
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
   std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
+  std::unique_ptr<ThreadOwned> services;   // utility/WindowServices.cpp knows its type
 };
 
 // The calling thread's state, created on first use.

@@ -2,10 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "base/Date.h"
 #include "base/Text.h"
+#include "host/LogComponent.h"
+#include "platform/WindowSystem.h"
 
 namespace fetchkit {
 
@@ -18,12 +22,26 @@ class Platform {
   // code page lacks counts as the one that stands in for it.
   virtual std::size_t AnsiLength(TextView text) const = 0;
 
+  // The unit's code in the ANSI code page: one byte, or two with the lead byte in front. A
+  // character that the code page lacks has the code of the one that stands in for it.
+  virtual std::uint16_t AnsiCode(char16_t unit) const = 0;
+
+  // The character with that code; nothing when no character has it.
+  virtual std::optional<char16_t> AnsiCharacter(std::uint16_t code) const = 0;
+
   // The date that a text stands for, in the forms that the system's locale accepts; nothing when
   // it is no date. "yyyy-MM-dd" is always accepted.
   virtual std::optional<Date> ParseDate(TextView text) const = 0;
 
   // The local wall clock.
   virtual Date Now() const = 0;
+
+  // Lives as long as the platform.
+  virtual WindowSystem& Windows() = 0;
+
+  // A new log component of the host's environment, for the calling thread. Null, or an error, when
+  // there is none.
+  virtual std::shared_ptr<LogComponent> CreateLog() = 0;
 };
 
 // The installed platform: the portable one until another is installed.

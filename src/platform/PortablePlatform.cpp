@@ -53,6 +53,14 @@ std::size_t PortablePlatform::AnsiLength(TextView text) const {
   return length;
 }
 
+std::uint16_t PortablePlatform::AnsiCode(char16_t unit) const {
+  return CodePageCode(unit);
+}
+
+std::optional<char16_t> PortablePlatform::AnsiCharacter(std::uint16_t code) const {
+  return CodePageCharacter(code);
+}
+
 std::optional<Date> PortablePlatform::ParseDate(TextView text) const {
   struct Form {
     char16_t afterYear, afterMonth, afterDay;  // 0: nothing behind the day

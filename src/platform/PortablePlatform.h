@@ -1,13 +1,38 @@
-// The platform that works anywhere: code page 936, common date texts, the system clock.
+// The platform that works anywhere: code page 936, common date texts, the system clock; no windows
+// and no log component.
 #pragma once
 
 #include "platform/Platform.h"
 
 namespace fetchkit {
 
+// Handles are 0, nothing is a window, every call fails, a message box answers 0 unseen.
+class NoWindows : public WindowSystem {
+ public:
+  WindowHandle GetActiveWindow() override { return 0; }
+  WindowHandle GetDesktopWindow() override { return 0; }
+  WindowHandle GetForegroundWindow() override { return 0; }
+  WindowHandle FindWindowEx(WindowHandle, WindowHandle, TextView, TextView) override { return 0; }
+  std::int32_t IsWindow(WindowHandle) override { return 0; }
+  std::int32_t GetWindowThreadProcessId(WindowHandle, std::int32_t&) override { return 0; }
+  std::int32_t GetCurrentProcessId() override { return 0; }
+  std::int32_t GetWindowLong(WindowHandle, std::int32_t) override { return 0; }
+  std::int32_t SetWindowLong(WindowHandle, std::int32_t, std::int32_t) override { return 0; }
+  std::int32_t SetWindowPos(WindowHandle, WindowHandle, std::int32_t, std::int32_t, std::int32_t,
+                            std::int32_t, std::int32_t) override {
+    return 0;
+  }
+  std::int32_t GetWindowRect(WindowHandle, WindowRect&) override { return 0; }
+  std::int32_t GetCursorPos(WindowPoint&) override { return 0; }
+  std::int32_t ScreenToClient(WindowHandle, WindowPoint&) override { return 0; }
+  std::int32_t MessageBox(TextView, std::int32_t, TextView) override { return 0; }
+};
+
 class PortablePlatform : public Platform {
  public:
   std::size_t AnsiLength(TextView text) const override;
+  std::uint16_t AnsiCode(char16_t unit) const override;
+  std::optional<char16_t> AnsiCharacter(std::uint16_t code) const override;
 
   // "yyyy-MM-dd", "yyyy/M/d", "yyyy.M.d" and "yyyy年M月d日", each optionally with a time "H:mm" or
   // "H:mm:ss" behind a blank; blanks around the text are ignored. Days that the calendar does not
@@ -15,6 +40,12 @@ class PortablePlatform : public Platform {
   std::optional<Date> ParseDate(TextView text) const override;
 
   Date Now() const override;
+
+  WindowSystem& Windows() override { return windows_; }
+  std::shared_ptr<LogComponent> CreateLog() override { return nullptr; }
+
+ private:
+  NoWindows windows_;
 };
 
 }  // namespace fetchkit

@@ -14,6 +14,7 @@
 namespace fetchkit {
 
 class Activity;
+class FormHost;
 class ListSet;
 
 // One per thread; two threads share nothing. Empty texts and zeros until Interface.Initialize.
@@ -28,6 +29,7 @@ struct Session : ThreadOwned {
   SessionConnectionPtr Connection;
   std::shared_ptr<Activity> ActivityObject;  // created on first use, survive every login
   std::shared_ptr<ListSet> ListSetObject;
+  FormHost* Forms = nullptr;  // who opens the dialogs; not owned, null for nobody
 
   Text LoginDate;  // "yyyy-MM-dd"
   std::int32_t LoginOrganizationId = 0;
@@ -66,6 +68,10 @@ struct Session : ThreadOwned {
     }
   };
   std::unordered_map<ObjectKey, std::shared_ptr<void>, ObjectKeyHash> ObjectCache;
+
+  // The look-up caches of the services, created on first use; activity/ActivityCaches.h knows their
+  // type.
+  std::unique_ptr<ThreadOwned> ActivityCaches;
 };
 
 namespace MAction {

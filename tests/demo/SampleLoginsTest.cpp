@@ -38,8 +38,9 @@ TEST(SampleLogins, ReadWhatTheBooksHold) {
   Console quiet(stderr, ColourMode::Never);
   for (const auto& row : kRows) {
     DemoSession session(quiet, false);
-    session.LogIn(row.login);
-    Interface entry;
+    session.Switch(row.login);
+    session.LogIn();
+    Interface& entry = session.entry();
     EXPECT_EQ(Described(entry), row.expected) << row.login;
     EXPECT_EQ(session.connection()->openRecordsets(), 0) << row.login;
     EXPECT_EQ(session.Count([&] { entry.Initialize(session.connection()); }), 0u) << row.login;

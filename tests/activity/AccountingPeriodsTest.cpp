@@ -1,0 +1,253 @@
+#include "activity/AccountingPeriods.h"
+
+#include "activity/SampleCalendar.h"
+#include "base/Utf8.h"
+
+namespace fetchkit::test {
+namespace {
+
+using Sent = std::vector<std::string>;
+
+class AccountingPeriods : public LoggedInTest {
+ protected:
+  std::string PeriodOf(TextView date) {
+    Date begin{-1};
+    Date end{-1};
+    const auto period = activity_.GetPeriodOfDate(D(date), begin, end);
+    return std::to_string(period) + " " + Show(begin) + ".." + Show(end);
+  }
+  std::string YearOf(const Value& date) {
+    Date begin{-1};
+    Date end{-1};
+    std::int16_t period = 77;
+    const auto year = activity_.GetYearOfDate(date, begin, end, period);
+    EXPECT_EQ(period, 77);
+    return std::to_string(year) + " " + Show(begin) + ".." + Show(end);
+  }
+  // "-" when the answer is False; then the outputs must be as they were.
+  std::string YearAndPeriodOf(Date date) {
+    float year = -1;
+    float period = -2;
+    if (activity_.GetAccountPeriod(date, year, period))
+      return std::to_string(static_cast<int>(year)) + " " +
+             std::to_string(static_cast<int>(period));
+    EXPECT_EQ(year, -1);
+    EXPECT_EQ(period, -2);
+    return "-";
+  }
+  // "year: begin .. end", both as texts.
+  std::string EndDateOf(Value begin, Value end) {
+    const auto year = activity_.GetEndDate(begin, end);
+    return std::to_string(year) + ": " + ToUtf8(ToTextOrEmpty(begin)) + " .. " +
+           ToUtf8(ToTextOrEmpty(end));
+  }
+
+  // What the outputs hold when nothing was written.
+  const std::string kFailed = "0 1899-12-29..1899-12-29";
+};
+
+TEST_F(AccountingPeriods, PeriodAndYearOfADate) {
+  const struct {
+    TextView date;
+    const char* period;
+    const char* year;
+  } kRows[] = {
+      {u"2004-02-29", "2 2004-02-01..2004-02-29", "2004 2004-01-01..2004-12-31"},
+      {u"2004-02-29 23:59:59", "2 2004-02-01..2004-02-29", "2004 2004-01-01..2004-12-31"},
+      {u"2002-12-25", "12 2002-11-26..2002-12-25", "2002 2001-12-26..2002-12-25"},
+      {u"2002-12-26", "1 2002-12-26..2003-01-25", "2003 2002-12-26..2003-12-31"},
+      {u"2003-12-31", "13 2003-12-26..2003-12-31", "2003 2002-12-26..2003-12-31"},
+      {u"2006-12-31", "12 2006-12-01..2006-12-31", "2006 2006-07-01..2006-12-31"},
+      {u"2006-06-30", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
+      {u"2006-06-30 08:00", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
+  };
+  for (const auto& row : kRows) {
+    for (const char* time : {"first", "second"}) {
+      SCOPED_TRACE(ToUtf8(row.date) + ", the " + time + " time");
+      EXPECT_EQ(PeriodOf(row.date), row.period);
+      EXPECT_EQ(YearOf(D(row.date)), row.year);
+    }
+    Cost();
+    PeriodOf(row.date);
+    YearOf(row.date);  // as a text, too
+    EXPECT_EQ(Cost(), 0u);
+  }
+}
+
+TEST_F(AccountingPeriods, StatementsOfADateInNoPeriod) {
+  PeriodOf(u"2006-06-30");
+  EXPECT_EQ(host_->TakeSent(),
+            (Sent{"static:  Select * From AccountPeriod Where strEndDate >= '2006-06-30' And "
+                  "strStartDate <= '2006-06-30' And lngOrganizationID = 20",
+                  "static:  Select * From AccountPeriod Where intYear = 0 And lngOrganizationID = "
+                  "20 Order By bytPeriod"}));
+}
+
+TEST_F(AccountingPeriods, StoredDates) {
+  const Text year =
+      u" Select * From AccountPeriod Where strEndDate >= '2004-02-10' And strStartDate <= "
+      u"'2004-02-10' And lngOrganizationID = 20";
+  const Text bounds =
+      u" Select * From AccountPeriod Where intYear = 2004 And lngOrganizationID = 20 Order By "
+      u"intYear,bytPeriod";
+  const Text periods =
+      u" Select * From AccountPeriod Where intYear = 2004 And lngOrganizationID = 20 Order By "
+      u"bytPeriod";
+  const struct {
+    const char* name;
+    Value start, end;
+    std::string expected;
+  } kRows[] = {
+      {"dots", u"2004.02.01", u"2004.02.29", "2 2004-02-01..2004-02-29"},
+      {"dots without zeros", u"2004.2.1", u"2004.2.29", "2 2004-02-01..2004-02-29"},
+      {"mixed", u"2004.02.01", u"2004-02-29", "2 2004-02-01..2004-02-29"},
+      {"dates", D(u"2004-02-01"), D(u"2004-02-29 12:00"), "2 2004-02-01..2004-02-29"},
+      {"no date", u"2004.02", u"2004-02-29", kFailed},
+      {"Null", u"2004-02-01", NullValue(), kFailed},
+  };
+  for (const auto& row : kRows) {
+    session().ActivityCaches.reset();
+    const auto answer = Rows({u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"},
+                             {{std::int32_t{2004}, std::int32_t{2}, row.start, row.end}});
+    for (const Text& sql : {year, bounds, periods})
+      host_->On(sql, answer);
+    EXPECT_EQ(PeriodOf(u"2004-02-10"), row.expected) << row.name;
+  }
+}
+
+TEST_F(AccountingPeriods, TheFirstPeriodInNumberOrderWinsWhereTwoOverlap) {
+  periods_ = {{2004, 1, u"2004-01-01", u"2004-01-31"},
+              {2004, 2, u"2004-01-20", u"2004-02-29"},
+              {2004, 3, u"2004-03-10", u"2004-03-31"}};
+  EXPECT_EQ(PeriodOf(u"2004-01-25"), "1 2004-01-01..2004-01-31");
+  EXPECT_EQ(PeriodOf(u"2004-02-01"), "2 2004-01-20..2004-02-29");
+  EXPECT_EQ(PeriodOf(u"2004-03-05"), "0 2004-03-05..2004-03-05") << "a gap within a year";
+}
+
+TEST_F(AccountingPeriods, GetAccountPeriod) {
+  const struct {
+    const char* name;
+    TextView date;
+    const char* expected;
+  } kRows[] = {
+      {"calendar month", u"2004-03-17", "2004 3"},
+      {"the next year's first period", u"2002-12-26", "2003 1"},
+      {"thirteenth period", u"2003-12-26 10:00", "2003 13"},
+      {"in no period: calendar year and month", u"2006-06-30", "2006 6"},
+      {"before all of them", u"1999-12-31", "1999 12"},
+  };
+  for (const auto& row : kRows)
+    EXPECT_EQ(YearAndPeriodOf(D(row.date)), row.expected) << row.name;
+  host_->TakeSent();
+  YearAndPeriodOf(D(u"2004-03-07"));
+  EXPECT_EQ(host_->TakeSent(),
+            (Sent{"static:  SELECT intYear,bytPeriod FROM AccountPeriod WHERE "
+                  "'2004-03-07'>=strStartDate And '2004-03-07'<=strEndDate And lngOrganizationID "
+                  "= 20"}))
+      << "nothing of this is kept";
+
+  const auto row = [](Value year, Value period) {
+    return Rows({u"intYear", u"bytPeriod"}, {{year, period}});
+  };
+  const struct {
+    const char* name;
+    Answer answer;
+    const char* expected;
+  } kAnswers[] = {
+      {"Null year", row(NullValue(), std::int32_t{4}), "2000 4"},
+      {"Null period", row(std::int32_t{2001}, NullValue()), "2001 3"},
+      {"texts", row(u"x", u" 5 "), "2000 5"},
+      {"refused", Refused(), "-"},
+      {"throws", Throws(), "-"},
+      {"a column is missing", Rows({u"intYear"}, {{std::int32_t{2001}}}), "-"},
+      {"too large", row(std::int32_t{40000}, std::int32_t{1}), "-"},
+  };
+  for (const auto& answer : kAnswers) {
+    SpoilStatement(0, answer.answer);
+    EXPECT_EQ(YearAndPeriodOf(D(u"2004-03-07")), answer.expected) << answer.name;
+  }
+  EXPECT_EQ(YearAndPeriodOf(Date{1e8}), "-");
+}
+
+TEST_F(AccountingPeriods, GetPeriodCount) {
+  const auto sql = [](TextView year) {
+    return Join(u" Select Count(*) As lngCount From AccountPeriod Where intYear = ", year,
+                u" And lngOrganizationID = 20");
+  };
+  host_->On(sql(u"2003"), Rows({u"lngCount"}, {{std::int32_t{13}}}));
+  host_->On(sql(u"2010"), Rows({u"lngCount"}, {{u"12"}}));
+  host_->On(sql(u"0"), Rows({u"lngCount"}, {}));
+  host_->On(sql(u"1"), Refused());
+  host_->On(sql(u"2"), Throws());
+  host_->On(sql(u"3"), Rows({u"lngCount"}, {{NullValue()}}));
+  const std::pair<std::int16_t, std::int16_t> kRows[] = {{2003, 13}, {-1, 12}, {-32768, 12}, {0, 0},
+                                                         {1, 0},     {2, 0},   {3, 0}};
+  for (const auto& [year, expected] : kRows)
+    EXPECT_EQ(activity_.GetPeriodCount(year), expected) << year;
+}
+
+// The account starts on 2003-01-01, in the accounting year 2003, which begins on 2002-12-26.
+TEST_F(AccountingPeriods, GetEndDate) {
+  const struct {
+    const char* name;
+    Value begin, end;
+    const char* expected;
+  } kRows[] = {
+      {"no end, begin in the start year: the day before the start", u"2003-05-10", u"",
+       "2003: 2002-12-26 .. 2002-12-31"},
+      {"no end, begin in another year: to the end of the login date's year", u"2005-05-10",
+       NullValue(), "2005: 2005-01-01 .. 2004-12-31"},
+      {"no end, begin before the start year", D(u"2002-05-10"), Value(),
+       "2002: 2001-12-26 .. 2004-12-31"},
+      {"no end, begin in no year", u"2006-05-10", u" ", "2003: 2010-05-06 .. 2002-12-31"},
+      {"neither", NullValue(), u"", "2003:  .. 2002-12-31"},
+      {"the day before the begin, whatever the end", u"2004-05-10", u"2008-12-31",
+       "2004: 2004-01-01 .. 2004-05-09"},
+      {"dates, and a time", D(u"2004-05-10 12:00"), D(u"2004-06-30"),
+       "2004: 2004-01-01 .. 2004-05-09"},
+      {"another date form", u"2004/5/1", u"2004.6.30", "2004: 2004-01-01 .. 2004-04-30"},
+      {"on the start date", u"2003-01-01", u"2003-03-31", "2003: 2002-12-26 .. 2002-12-31"},
+      {"no begin: the start date", u"", u"2003-03-31", "2003: 2002-12-26 .. 2002-12-31"},
+      {"before the start, in the start year", u"2002-12-28", u"2003-03-31",
+       "2003: 2002-12-28 .. 2002-12-27"},
+      {"before the start, in an earlier year: at once", u"2002/5/10", u"2003/3/31",
+       "0: 2002-05-10 .. 2003-03-31"},
+      {"before every period: at once", u"1999-05-10", u"2003-03-31", "0: 1999-05-10 .. 2003-03-31"},
+      {"in no year behind the start", u"2006-05-10", u"2006-12-31",
+       "2003: 2010-05-06 .. 2002-12-31"},
+      {"no date", u"soon", u"2006/12/31", "0: soon .. 2006/12/31"},
+      {"an end that is no date", u"2004/5/1", u"soon", "0: 2004/5/1 .. soon"},
+  };
+  for (const auto& row : kRows)
+    EXPECT_EQ(EndDateOf(row.begin, row.end), row.expected) << row.name;
+
+  session().LoginDate = u"2002-06-01";
+  EXPECT_EQ(EndDateOf(u"2004-05-10", u""), "2004: 2004-01-01 .. 2003-01-01")
+      << "a login year that ends before the start";
+}
+
+TEST_F(AccountingPeriods, EveryFaultLeavesZeroAndTheArguments) {
+  for (const auto& [fault, answer] :
+       {std::pair{"refused", Refused()}, std::pair{"throws", Throws()}}) {
+    for (int statement = 0; statement < 3; ++statement) {
+      SCOPED_TRACE(std::string(fault) + " at " + std::to_string(statement));
+      session().ActivityCaches.reset();
+      SpoilStatement(statement, answer);
+      EXPECT_EQ(PeriodOf(u"2004-03-17"), kFailed);
+      EXPECT_EQ(PeriodOf(u"2004-03-17"), "3 2004-03-01..2004-03-31") << "nothing was kept";
+      if (statement == 2) continue;
+      session().ActivityCaches.reset();
+      SpoilStatement(statement, answer);
+      EXPECT_EQ(YearOf(u"2004-03-17"), kFailed);
+      EXPECT_EQ(YearOf(u"2004-03-17"), "2004 2004-01-01..2004-12-31") << "nothing was kept";
+      session().ActivityCaches.reset();
+      SpoilStatement(statement, answer);
+      EXPECT_EQ(EndDateOf(u"2004/5/10", u"2004/12/31"), "0: 2004/5/10 .. 2004/12/31");
+    }
+  }
+  for (const Value& noDate : {Value(NullValue()), Value(u""), Value(u"soon")})
+    EXPECT_EQ(YearOf(noDate), kFailed);
+}
+
+}  // namespace
+}  // namespace fetchkit::test

@@ -1,0 +1,108 @@
+#include "activity/Formatting.h"
+
+#include "activity/SampleCalendar.h"
+#include "base/Utf8.h"
+
+namespace fetchkit::test {
+namespace {
+
+using Sent = std::vector<std::string>;
+
+class Formatting : public LoggedInTest {
+ protected:
+  const Text kCurrency = u"Select * from Currencys Where lngCurrencyID = 7";
+  static Answer Decimals(Value decimals) {
+    return Rows({u"lngCurrencyID", u"bytCurrencydec"}, {{std::int32_t{7}, std::move(decimals)}});
+  }
+};
+
+TEST_F(Formatting, GetFormat) {
+  EXPECT_EQ(activity_.GetFormat(1), u"#0.0");
+  EXPECT_EQ(activity_.GetFormat(3), u"#0.000");
+  EXPECT_EQ(activity_.GetFormat(0), u"");
+  EXPECT_EQ(activity_.GetFormat(-2), u"");
+  EXPECT_EQ(activity_.GetFormat(32767).size(), 32770u);
+}
+
+TEST_F(Formatting, FormatValue) {
+  const struct {
+    const char* name;
+    Answer answer;
+    double value;
+    TextView expected;
+  } kRows[] = {
+      {"the decimals of the currency", Decimals(std::int32_t{3}), 1234567.8915, u"1234567.892"},
+      {"a half that the double misses", Decimals(std::int32_t{2}), 2.345, u"2.35"},
+      {"and below zero", Decimals(std::int32_t{2}), -1.005, u"-1.01"},
+      {"half without decimals", Decimals(std::int32_t{0}), 2.5, u"3"},
+      {"the even neighbour is not preferred", Decimals(std::int32_t{0}), -0.5, u"-1"},
+      {"carries", Decimals(std::int32_t{2}), 99.995, u"100.00"},
+      {"carries into the first place", Decimals(std::int32_t{1}), 0.96, u"1.0"},
+      {"below a half of the last place", Decimals(std::int32_t{2}), 0.0049, u"0.00"},
+      {"far below it", Decimals(std::int32_t{2}), 1e-300, u"0.00"},
+      {"zero has no sign", Decimals(std::int32_t{2}), -0.004, u"0.00"},
+      {"nothing", Decimals(std::int32_t{2}), 0, u"0.00"},
+      {"no noise behind the fifteenth digit", Decimals(std::int32_t{6}), 123456789012.3456789,
+       u"123456789012.346000"},
+      {"never an exponent", Decimals(std::int32_t{2}), 1e20, u"100000000000000000000.00"},
+      {"more decimals than digits", Decimals(std::int32_t{20}), 0.1, u"0.10000000000000000000"},
+      {"no row: two", Rows({u"bytCurrencydec"}, {}), 1.5, u"1.50"},
+      {"Null: two", Decimals(NullValue()), 1.5, u"1.50"},
+  };
+  for (const auto& row : kRows) {
+    session().ActivityCaches.reset();
+    host_->On(kCurrency, row.answer);
+    EXPECT_EQ(ToUtf8(activity_.FormatValue(row.value)), ToUtf8(row.expected)) << row.name;
+  }
+}
+
+TEST_F(Formatting, AmountDecimalsAreReadOncePerThread) {
+  for (const Answer& fault : {Refused(), Throws(), Decimals(u"two")}) {
+    host_->On(kCurrency, fault);
+    EXPECT_EQ(activity_.FormatValue(1), u"");
+  }
+  host_->On(kCurrency, Decimals(std::int32_t{1}));
+  host_->TakeSent();
+  EXPECT_EQ(activity_.FormatValue(1), u"1.0");
+  EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(kCurrency)});
+  session().AccountKey = u"7$DBSRV$ACC02";
+  session().NaturalCurrencyId = 8;
+  EXPECT_EQ(activity_.FormatValue(2), u"2.0");
+  EXPECT_EQ(Cost(), 0u) << "kept over logins";
+}
+
+TEST_F(Formatting, FormatSQL) {
+  const struct {
+    const char* name;
+    TextView sql, expected;
+  } kRows[] = {
+      {"all three", u"a || Upper(b) || Lower(c)", u"a + UCase(b) + LCase(c)"},
+      {"any letter case", u"upper(lOWER(x))", u"UCase(LCase(x))"},
+      {"three bars", u"a|||b", u"a+|b"},
+      {"also within quotes and words", u"'||' MyUpper(x)", u"'+' MyUCase(x)"},
+      {"a blank before the bracket", u"Upper (x)", u"Upper (x)"},
+      {"nothing to do", u"SELECT 1", u"SELECT 1"},
+      {"empty", u"", u""},
+  };
+  for (const auto& row : kRows) {
+    for (const std::int32_t type : {1, 6}) {
+      host_->login.accountType = type;
+      EXPECT_EQ(ToUtf8(activity_.FormatSQL(row.sql)), ToUtf8(row.expected)) << row.name;
+    }
+    for (const std::int32_t type : {0, 2, 5, 7, 16}) {
+      host_->login.accountType = type;
+      EXPECT_EQ(activity_.FormatSQL(row.sql), row.sql) << row.name << " on " << type;
+    }
+  }
+  EXPECT_EQ(Cost(), 0u);
+  for (const char* member : {"HostContext", "AccountTypeInfo"}) {
+    host_->login.absent = {member};
+    EXPECT_EQ(activity_.FormatSQL(u"a||b"), u"") << member;
+  }
+  host_->login.absent.clear();
+  host_->login.spoilt = {"AccountType"};
+  EXPECT_EQ(activity_.FormatSQL(u"a||b"), u"");
+}
+
+}  // namespace
+}  // namespace fetchkit::test

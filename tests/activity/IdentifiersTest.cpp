@@ -1,0 +1,220 @@
+#include "activity/Identifiers.h"
+
+#include <functional>
+
+#include "activity/SampleCalendar.h"
+#include "base/Utf8.h"
+#include "session/Business.h"
+
+namespace fetchkit::test {
+namespace {
+
+using Sent = std::vector<std::string>;
+
+class Identifiers : public LoggedInTest {};
+
+const Value kLeftOut = MissingValue();
+
+std::string ShowValue(const Value& value) {
+  return value.IsNull() ? "Null" : value.IsEmpty() ? "Empty" : "'" + ToUtf8(ToText(value)) + "'";
+}
+
+std::string YesNo(bool answer) {
+  return answer ? "yes" : "no";
+}
+
+// Everything that one statement answers: its text to the letter, its answers, and what is left
+// when it fails.
+TEST_F(Identifiers, LookUpsByOneStatement) {
+  const auto one = [](TextView column, Value value) { return Rows({Text(column)}, {{value}}); };
+  const Answer none = Rows({u"x"}, {});
+  using Call = std::function<std::string(const Activity&)>;
+  const auto newId = [](TextView table) -> Call {
+    return [table](const Activity& a) { return std::to_string(a.GetNewID(table)); };
+  };
+  const auto setting = [](Value section, Value byDefault, Value module,
+                          Value organization) -> Call {
+    return [=](const Activity& a) {
+      return ShowValue(a.GetSysSetting(u"键", section, byDefault, module, organization));
+    };
+  };
+  const Call code = [](const Activity& a) { return ToUtf8(a.GetOrganizationCode(-5)); };
+  const Call detail = [](const Activity& a) { return YesNo(a.IsDetailOrganization(31)); };
+  const Call currency = [](const Activity& a) {
+    return std::to_string(a.GetCurrencyDec(u"lngCurrencyID = 7"));
+  };
+  const Call class1 = [](const Activity& a) { return ToUtf8(a.GetClass1Name()); };
+  const Call class2 = [](const Activity& a) { return ToUtf8(a.GetClass2Name()); };
+
+  const Text sequence = u"SELECT Voucher_SEQ.NEXTVAL As lngId FROM DUAL";
+  const Text codeSql = u"Select strOrganizationCode From Organization Where lngOrganizationID=-5";
+  const Text detailSql = u"Select blnIsDetail From Organization Where lngOrganizationID = 31";
+  const Text currencySql = u"Select bytCurrencydec From Currencys Where lngCurrencyID = 7";
+  const Text settingSql = u"SELECT * FROM Setting WHERE strKey='键' AND lngOrganizationID=20";
+  const Text class1Sql =
+      u"SELECT * FROM Setting WHERE strKey='统计' AND strSection='标题设置' AND lngModuleID=1";
+  const Text class2Sql =
+      u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1";
+  const struct {
+    const char* name;
+    Call call;
+    Text sql;
+    Answer answer;
+    const char* expected;
+    const char* failed;
+  } kRows[] = {
+      {"id", newId(u"Voucher"), sequence, one(u"LNGID", std::int32_t{2147483647}), "2147483647",
+       "0"},
+      {"id as a number with a fraction", newId(u"Voucher"), sequence, one(u"lngId", 41.0), "41",
+       "0"},
+      {"id too large", newId(u"Voucher"), sequence, one(u"lngId", 2147483648.0), "0", "0"},
+      {"no id", newId(u"Voucher"), sequence, none, "0", "0"},
+      {"the name as passed", newId(u"mmorders"), u"SELECT mmorders_SEQ.NEXTVAL As lngId FROM DUAL",
+       one(u"lngId", std::int32_t{3}), "3", "0"},
+      {"code", code, codeSql, one(u"strOrganizationCode", u"01-02"), "01-02", ""},
+      {"code of none", code, codeSql, none, "", ""},
+      {"Null code", code, codeSql, one(u"strOrganizationCode", NullValue()), "", ""},
+      {"detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{1}), "yes", "no"},
+      {"no detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{0}), "no", "no"},
+      {"detail of none", detail, detailSql, none, "no", "no"},
+      {"decimals", currency, currencySql, one(u"bytCurrencydec", std::int32_t{3}), "3", "0"},
+      {"decimals of none", currency, currencySql, none, "0", "0"},
+      {"setting", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
+       one(u"strSetting", u"值"), "'值'", "''"},
+      {"a number stays a number", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
+       one(u"strSetting", 1.5), "'1.5'", "''"},
+      {"a stored Null is no missing row", setting(kLeftOut, u"d", kLeftOut, kLeftOut), settingSql,
+       one(u"strSetting", NullValue()), "Null", "''"},
+      {"no row, no default", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql, none,
+       "''", "''"},
+      {"default", setting(kLeftOut, 2.5, kLeftOut, kLeftOut), settingSql, none, "'2.5'", "''"},
+      {"an empty default is one", setting(kLeftOut, Value(), kLeftOut, kLeftOut), settingSql, none,
+       "Empty", "''"},
+      {"everything given; the id itself is not used",
+       setting(u"节", u"d", std::int32_t{4}, std::int32_t{5}),
+       u"SELECT * FROM Setting WHERE strKey='键' AND strSection='节' AND lngModuleID=4 AND "
+       u"lngOrganizationID=20",
+       none, "'d'", "''"},
+      {"no organization for -1", setting(kLeftOut, kLeftOut, kLeftOut, std::int32_t{-1}),
+       u"SELECT * FROM Setting WHERE strKey='键'", none, "''", "''"},
+      {"nor for 0", setting(kLeftOut, kLeftOut, u"4", 0.0),
+       u"SELECT * FROM Setting WHERE strKey='键' AND lngModuleID=4", none, "''", "''"},
+      {"given but empty is given", setting(u"", kLeftOut, Value(), Value()),
+       u"SELECT * FROM Setting WHERE strKey='键' AND strSection='' AND lngModuleID=", none, "''",
+       "''"},
+      {"class 1", class1, class1Sql, one(u"strSetting", u"部类"), "部类", ""},
+      {"class 1 by its standard name", class1, class1Sql, none, "统计", ""},
+      {"class 1 Null", class1, class1Sql, one(u"strSetting", NullValue()), "", ""},
+      {"class 2", class2, class2Sql, one(u"strSetting", u"产品"), "产品", ""},
+      {"class 2 by its standard name", class2, class2Sql, none, "项目", ""},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const std::pair<Answer, std::string> answers[] = {
+        {row.answer, row.expected},
+        {Refused(), row.failed},
+        {Throws(), row.failed},
+        {one(u"another column", u"1"), row.failed},
+    };
+    for (const auto& [answer, expected] : answers) {
+      host_->On(row.sql, answer);
+      EXPECT_EQ(row.call(activity_), expected);
+      EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(row.sql)});
+    }
+  }
+}
+
+TEST_F(Identifiers, TenTablesShareOneSequence) {
+  host_->On(u"SELECT MMActivity_SEQ.NEXTVAL As lngId FROM DUAL",
+            Rows({u"lngId"}, {{std::int32_t{9}}}));
+  for (const TextView table :
+       {u"MMForecast", u"mmforecastdetail", u"MMMATERIAL", u"MMMaterialDetail",
+        u"MMMaterialDetail1", u"mmorder", u"MMOrderDetail", u"MMOrderDetail1", u"MMProduct",
+        u"MMPRODUCTDETAIL"})
+    EXPECT_EQ(activity_.GetNewID(table), 9) << ToUtf8(table);
+  for (const TextView other : {u"MMOrderDetail2", u"MMProductDetail1", u"MMForecastDetail1"}) {
+    host_->On(Join(u"SELECT ", other, u"_SEQ.NEXTVAL As lngId FROM DUAL"),
+              Rows({u"lngId"}, {{std::int32_t{8}}}));
+    EXPECT_EQ(activity_.GetNewID(other), 8) << ToUtf8(other);
+  }
+}
+
+TEST_F(Identifiers, FlexFieldIsUsed) {
+  const Text use = u"SELECT * FROM FlexibleUseField WHERE lngOrganizationID = 20";
+  const Text titles = u"SELECT * FROM FlexibleTitle";
+  const auto uses = [](Value value) { return Rows({u"blnFieldUse05"}, {{value}}); };
+  const auto title = [](Value value) { return Rows({u"strTitle05"}, {{value}}); };
+  const Value on = std::int32_t{1};
+  const struct {
+    const char* name;
+    TextView field;
+    Answer use, title;
+    bool expected;
+    TextView expectedTitle;
+    std::size_t statements;
+  } kRows[] = {
+      {"in use", u"智能字段05", uses(on), title(u"合同"), true, u"合同", 2},
+      {"as a text", u"智能字段05", uses(u"-1"), title(u"合同"), true, u"合同", 2},
+      {"as a Boolean", u"智能字段05", uses(true), title(u"合同"), true, u"合同", 2},
+      {"not in use", u"智能字段05", uses(std::int32_t{0}), title(u"合同"), false, u"before", 1},
+      {"Null", u"智能字段05", uses(NullValue()), title(u"合同"), false, u"before", 1},
+      {"no number", u"智能字段05", uses(u"yes"), title(u"合同"), false, u"before", 1},
+      {"no row for the organization", u"智能字段05", Rows({u"blnFieldUse05"}, {}), title(u"合同"),
+       false, u"before", 1},
+      {"no titles at all", u"智能字段05", uses(on), Rows({u"strTitle05"}, {}), true, u"before", 2},
+      {"Null title", u"智能字段05", uses(on), title(NullValue()), true, u"", 2},
+      {"no such field", u"智能字段31", uses(on), title(u"合同"), false, u"before", 1},
+      {"no such title", u"智能字段05", uses(on), Rows({u"strTitle06"}, {{u"x"}}), false, u"before",
+       2},
+      {"use refused", u"智能字段05", Refused(), title(u"合同"), false, u"before", 1},
+      {"use throws", u"智能字段05", Throws(), title(u"合同"), false, u"before", 1},
+      {"title refused", u"智能字段05", uses(on), Refused(), false, u"before", 2},
+      {"title throws", u"智能字段05", uses(on), Throws(), false, u"before", 2},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    host_->On(use, row.use);
+    host_->On(titles, row.title);
+    Text shown = u"before";
+    EXPECT_EQ(activity_.FlexFieldIsUsed(row.field, shown), row.expected);
+    EXPECT_EQ(ToUtf8(shown), ToUtf8(row.expectedTitle));
+    EXPECT_EQ(Cost(), row.statements);
+  }
+}
+
+TEST_F(Identifiers, SchemaProbesAreAskedOnceWhateverTheAnswer) {
+  MAction::Business(session())->AccountUserID(u"ACC01");
+  host_->On(u"Select 1 From ACC01.Voucher Where 1=0", Rows({u"1"}, {}));
+  host_->On(u"Select 1 From ACC01.Lost Where 1=0", Refused());
+  host_->On(u"Select 1 From ACC01.Broken Where 1=0", Throws());
+  host_->On(u"Select lngID From ACC01.Voucher Where 1=0", Rows({u"lngID"}, {}));
+  host_->On(u"Select strX From ACC01.Voucher Where 1=0", Throws());
+  const auto all = [&] {
+    return std::vector{activity_.TableNameExists(u"Voucher"), activity_.TableNameExists(u"Lost"),
+                       activity_.TableNameExists(u"Broken"),
+                       activity_.TableFieldExists(u"Voucher", u"lngID"),
+                       activity_.TableFieldExists(u"Voucher", u"strX")};
+  };
+  const std::vector expected{true, false, false, true, false};
+  EXPECT_EQ(all(), expected);
+  EXPECT_EQ(host_->TakeSent(), (Sent{"static: Select 1 From ACC01.Voucher Where 1=0",
+                                     "static: Select 1 From ACC01.Lost Where 1=0",
+                                     "static: Select 1 From ACC01.Broken Where 1=0",
+                                     "static: Select lngID From ACC01.Voucher Where 1=0",
+                                     "static: Select strX From ACC01.Voucher Where 1=0"}));
+  EXPECT_EQ(all(), expected);
+  EXPECT_EQ(Cost(), 0u);
+
+  // Another account is asked anew; without a connection nothing is learnt.
+  session().AccountKey = u"7$DBSRV$ACC02";
+  MAction::Business(session())->AccountUserID(u"ACC02");
+  session().Connection = nullptr;
+  EXPECT_FALSE(activity_.TableNameExists(u"Voucher"));
+  session().Connection = host_;
+  host_->On(u"Select 1 From ACC02.Voucher Where 1=0", Rows({u"1"}, {}));
+  EXPECT_TRUE(activity_.TableNameExists(u"Voucher"));
+  EXPECT_EQ(Cost(), 1u);
+}
+
+}  // namespace
+}  // namespace fetchkit::test

@@ -1,0 +1,100 @@
+#include "activity/SampleCalendar.h"
+
+#include <utility>
+
+#include "base/Utf8.h"
+
+namespace fetchkit::test {
+namespace {
+
+// Takes the value between two marks off the front of sql; false when the marks are not there.
+bool Take(TextView& sql, TextView before, TextView after, Text& value) {
+  if (!sql.starts_with(before)) return false;
+  const auto end = sql.find(after, before.size());
+  if (end == TextView::npos) return false;
+  value = sql.substr(before.size(), end - before.size());
+  sql.remove_prefix(end);
+  return true;
+}
+
+Text Ymd(int year, int month, int day) {
+  return FormatDate(
+      DateFromYmd(year, static_cast<unsigned>(month), static_cast<unsigned>(day)).value());
+}
+
+}  // namespace
+
+Date D(TextView text) {
+  const auto date = PortablePlatform().ParseDate(text);
+  EXPECT_TRUE(date) << ToUtf8(text);
+  return date.value_or(Date{});
+}
+
+std::string Show(Date date) {
+  return ToUtf8(DefaultDateText(date));
+}
+
+std::vector<PeriodRow> SamplePeriods() {
+  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  std::vector<PeriodRow> rows;
+  for (int year = 2001; year <= 2003; ++year)
+    for (int month = 1; month <= 12; ++month)
+      rows.push_back({year, month, month == 1 ? Ymd(year - 1, 12, 26) : Ymd(year, month - 1, 26),
+                      Ymd(year, month, 25)});
+  rows.push_back({2003, 13, u"2003-12-26", u"2003-12-31"});
+  for (const int year : {2004, 2005, 2006, 2007})
+    for (int month = year == 2006 ? 7 : 1; month <= 12; ++month)
+      rows.push_back({year, month, Ymd(year, month, 1),
+                      Ymd(year, month, kDays[month - 1] + (year == 2004 && month == 2 ? 1 : 0))});
+  return rows;
+}
+
+LoggedInTest::LoggedInTest() {
+  host_->fallback = [this](TextView sql) { return AnswerFromCalendar(sql); };
+  session().Connection = host_;
+  session().AccountKey = u"7$DBSRV$ACC01";
+  session().LoginDate = u"2004-03-17";
+  session().LoginOrganizationId = 20;
+  session().AccountStartDate = u"2003-01-01";
+  session().AccountStartYear = 2003;
+  session().OrganizationThisYear = 2004;
+  session().OrganizationThisPeriod = 3;
+  session().NaturalCurrencyId = 7;
+}
+
+void LoggedInTest::SpoilStatement(int number, Answer answer) {
+  untilSpoilt_ = number;
+  spoilt_ = std::move(answer);
+}
+
+// The conditions of a statement about periods, evaluated as the database does: as texts.
+const Answer* LoggedInTest::AnswerFromCalendar(TextView sql) {
+  std::function<bool(const PeriodRow&)> matches;
+  Text value;
+  Text period;
+  TextView rest = sql;
+  if (Take(rest, u" Select * From AccountPeriod Where strEndDate >= '", u"' And str", value)) {
+    matches = [&](const PeriodRow& row) { return row.end >= value && row.start <= value; };
+  } else if (Take(rest, u" SELECT intYear,bytPeriod FROM AccountPeriod WHERE '", u"'>=", value)) {
+    matches = [&](const PeriodRow& row) { return row.end >= value && row.start <= value; };
+  } else if (Take(rest, u" Select * From AccountPeriod Where intYear = ", u" And ", value)) {
+    Take(rest, u" And bytPeriod = ", u" And ", period);
+    matches = [&](const PeriodRow& row) {
+      return Join(row.year) == value && (period.empty() || Join(row.period) == period);
+    };
+  } else {
+    return nullptr;
+  }
+  if (untilSpoilt_ >= 0 && untilSpoilt_-- == 0) return &spoilt_;
+  answer_ =
+      Rows({u"lngOrganizationID", u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"}, {});
+  // Other organizations have no calendar.
+  if (rest.find(u"lngOrganizationID = 20") != TextView::npos)
+    for (const PeriodRow& row : periods_)
+      if (matches(row))
+        answer_.rows.push_back({std::int32_t{20}, std::int32_t{row.year}, std::int32_t{row.period},
+                                row.start, row.end});
+  return &answer_;
+}
+
+}  // namespace fetchkit::test

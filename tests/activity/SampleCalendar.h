@@ -1,0 +1,76 @@
+// A login for tests of the services, and an accounting calendar that answers their statements.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "activity/Activity.h"
+#include "base/Date.h"
+#include "platform/PortablePlatform.h"
+#include "support/FakeConnection.h"
+
+namespace fetchkit::test {
+
+// The date of "yyyy-MM-dd", optionally with a time; fails the test when it is none.
+Date D(TextView text);
+std::string Show(Date date);
+
+// A platform whose clock stands at 2010-05-06 13:45; installed for the object's life.
+class StoppedClock : public PortablePlatform {
+ public:
+  StoppedClock() : before_(SetPlatform(this)) {}
+  ~StoppedClock() override { SetPlatform(before_); }
+  Date Now() const override { return D(u"2010-05-06 13:45"); }
+
+ private:
+  Platform* before_;
+};
+
+struct PeriodRow {
+  int year;
+  int period;
+  Text start;
+  Text end;
+};
+
+// Organization 20's periods:
+// 2001 and 2002 run from the 26th of a month to the 25th of the next (2001 begins on 2000-12-26);
+// 2003 does too, and has a thirteenth period from 2003-12-26 to 2003-12-31;
+// 2004 and 2005 are calendar months; 2006 has the periods 7 to 12 alone; 2007 is calendar months.
+// Before, in the first half of 2006 and after 2007 there is no period.
+std::vector<PeriodRow> SamplePeriods();
+
+// The thread logged into organization 20 of the account "7$DBSRV$ACC01" on 2004-03-17, without a
+// start-up; statements about periods are answered from the calendar, others only by host_->On.
+class LoggedInTest : public testing::Test {
+ protected:
+  LoggedInTest();
+
+  Session& session() { return MAction::CurrentSession(); }
+
+  // Statements since the last call.
+  std::size_t Cost() { return host_->TakeSent().size(); }
+
+  // What the statement about periods that is sent so many times from now is answered with instead
+  // (0: the next one).
+  void SpoilStatement(int number, Answer answer);
+
+  FreshThread thread_;
+  StoppedClock clock_;
+  std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
+  std::vector<PeriodRow> periods_ = SamplePeriods();
+  Activity activity_;
+
+ private:
+  const Answer* AnswerFromCalendar(TextView sql);
+
+  Answer answer_;
+  Answer spoilt_;
+  int untilSpoilt_ = -1;
+};
+
+}  // namespace fetchkit::test

@@ -1,0 +1,103 @@
+#include "rights/OrganizationRight.h"
+
+#include "activity/SampleCalendar.h"
+#include "base/Utf8.h"
+#include "session/Business.h"
+
+namespace fetchkit::test {
+namespace {
+
+class OrganizationRights : public LoggedInTest {
+ protected:
+  const Text kAllotted =
+      u"SELECT lngKeyID,blnUse FROM OrgCodeAllot WHERE lngOrganizationID = 20 AND "
+      u"Upper(strTableName) = 'DEPARTMENT'";
+  const Text kProbe = u"Select 1 From ACC01.OrgCodeAllot Where 1=0";
+
+  OrganizationRights() {
+    MAction::Business(session())->AccountUserID(u"ACC01");
+    organization_->OrganizationID(20);
+  }
+
+  static Answer Codes(std::vector<std::pair<int, int>> codes) {
+    Answer answer = Rows({u"lngKeyID", u"blnUse"}, {});
+    for (const auto& [id, use] : codes)
+      answer.rows.push_back({std::int32_t{id}, std::int32_t{use}});
+    return answer;
+  }
+
+  // Everything a new object says of the table, each twice.
+  std::string AllAnswers() {
+    OrganizationRight rights;
+    rights.SetOrganization(organization_);
+    std::string first;
+    for (int time = 0; time < 2; ++time) {
+      std::string said;
+      said += rights.HaveAllCodeUseRight(u"Department") ? "all" : "not all";
+      said += rights.IsCanDoForActivity(u"department", 4) ? ", 4" : "";
+      said += rights.IsCanDoForActivity(u"DEPARTMENT", 12) ? ", 12" : "";
+      said += "; " + ToUtf8(rights.GetAllotItem(u"Department"));
+      said += "; " + ToUtf8(rights.GetAllotItem2(u"Department", u"12,4,99,7"));
+      said += "; " + ToUtf8(rights.GetAllCodeUseRightSql(u"Department"));
+      if (time == 0) first = said;
+      EXPECT_EQ(said, first) << "the second time";
+    }
+    return first;
+  }
+
+  std::shared_ptr<Organization> organization_ = std::make_shared<Organization>();
+};
+
+TEST_F(OrganizationRights, AnswersOfOneStatement) {
+  const std::string condition =
+      "lngDepartmentID IN (SELECT lngKeyID FROM OrgCodeAllot WHERE lngOrganizationID = 20 AND "
+      "Upper(strTableName) = 'DEPARTMENT' AND blnUse = 1)";
+  const struct {
+    const char* name;
+    Answer answer;
+    std::string expected;
+  } kRows[] = {
+      {"nothing allotted: everything", Codes({}), "all, 4, 12; ; 12,4,99,7; "},
+      {"some", Codes({{7, 1}, {4, 1}, {12, 0}}), "not all, 4; 4,7; 4,7; " + condition},
+      {"all of them only to be seen", Codes({{4, 0}}), "not all; 0; 0; " + condition},
+  };
+  for (const auto& row : kRows) {
+    host_->On(kAllotted, row.answer);
+    EXPECT_EQ(AllAnswers(), row.expected) << row.name;
+    EXPECT_EQ(host_->TakeSent(), std::vector{ToUtf8(kAllotted)}) << row.name;
+  }
+}
+
+TEST_F(OrganizationRights, ADatabaseThatDoesNotAnswerOpensNothing) {
+  host_->On(kProbe, Rows({u"1"}, {}));
+  Answer lost = Codes({{4, 1}, {7, 1}});
+  lost.throwAtRow = 1;
+  const std::string nothing = "not all; 0; 0; 1=0";
+  for (const Answer& fault : {Refused(), Throws(), lost}) {
+    host_->On(kAllotted, fault);
+    EXPECT_EQ(AllAnswers(), nothing);
+  }
+  organization_->OrganizationID(0);  // the login organization has no row
+  EXPECT_EQ(AllAnswers(), nothing);
+  organization_.reset();
+  EXPECT_EQ(AllAnswers(), nothing);
+}
+
+TEST_F(OrganizationRights, AnAccountThatKnowsNoAllotmentOpensEverything) {
+  for (const Answer& fault : {Refused(), Throws()}) {
+    host_->On(kAllotted, fault);
+    host_->On(kProbe, fault);
+    EXPECT_EQ(AllAnswers(), "all, 4, 12; ; 12,4,99,7; ");
+  }
+}
+
+TEST_F(OrganizationRights, ItemsThatAreNoNumbersOpenNothing) {
+  host_->On(kAllotted, Codes({{4, 1}}));
+  OrganizationRight rights;
+  rights.SetOrganization(organization_);
+  EXPECT_EQ(rights.GetAllotItem2(u"Department", u""), u"0");
+  EXPECT_EQ(rights.GetAllotItem2(u"Department", u"4,x"), u"0");
+}
+
+}  // namespace
+}  // namespace fetchkit::test
