@@ -43,10 +43,32 @@ int Run(int argc, char** argv) {
   app.require_subcommand(0, 1);
   CLI::App* accounts = app.add_subcommand("accounts", "List the sample logins");
   app.add_subcommand("login", "Log in, then again with one thing changed at a time (the default)");
+  std::string date;
+  CLI::App* dates = app.add_subcommand("dates", "What every date keyword means and costs");
+  dates->add_option("date", date, "Login date, such as 2004-03-17; the sample login's if left out");
+  CLI::App* rights = app.add_subcommand("rights", "What the operator may do and see");
+  CLI::App* settings = app.add_subcommand("settings", "Settings, captions, new ids");
+  CLI::App* format = app.add_subcommand("format", "Amounts, clauses, a long IN list");
+  ListOptions list;
+  CLI::App* lists = app.add_subcommand("list", "A saved list: its conditions, texts and rows");
+  lists->add_option("--view", list.viewId, "The view: 101 to 104")->capture_default_str();
+  lists->add_option("--rows", list.rows, "Rows to print at most")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
+  lists
+      ->add_option("--where", list.where,
+                   "Change a condition, save, and read back, such as \"金额 大于 100\";\n"
+                   "\"金额 任意\" removes it. May be given more than once.")
+      ->allow_extra_args(false);
 
   CLI11_PARSE(app, argc, argv);
   Console console(stdout, colour);
   if (accounts->parsed()) return RunAccounts(console);
+  if (dates->parsed()) return RunDates(console, common, date);
+  if (rights->parsed()) return RunRights(console, common);
+  if (settings->parsed()) return RunSettings(console, common);
+  if (format->parsed()) return RunFormat(console, common);
+  if (lists->parsed()) return RunList(console, common, list);
   return RunLogin(console, common);
 }
 

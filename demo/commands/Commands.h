@@ -1,7 +1,9 @@
 // The demo's subcommands, one file each.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "demo/console/Console.h"
 
@@ -16,6 +18,31 @@ struct CommonOptions {
 // Logs in to the sample accounts, again and again with one thing changed, and shows what the host
 // sees and what was sent.
 int RunLogin(Console& console, const CommonOptions& options);
+
+// Every date keyword and a custom range, calendar and accounting, with the statements that each one
+// cost the first and the second time. date: the login date instead of the sample login's own;
+// std::invalid_argument for a text that is none.
+int RunDates(Console& console, const CommonOptions& options, const std::string& date);
+
+// What the operator may do and see, and what the organization may use.
+int RunRights(Console& console, const CommonOptions& options);
+
+// Settings, captions, new ids, and which tables and columns there are.
+int RunSettings(Console& console, const CommonOptions& options);
+
+// Amounts, clauses and cell names; a long IN list cut into its groups.
+int RunFormat(Console& console, const CommonOptions& options);
+
+struct ListOptions {
+  std::int32_t viewId = 101;
+  int rows = 10;                   // how many to print at most
+  std::vector<std::string> where;  // changed conditions, such as "金额 大于 100"
+};
+
+// Loads a view with the operator's saved list, prints its texts and rows; with changed conditions,
+// saves them and shows that a second login reads them back. std::invalid_argument for a view or a
+// condition that makes no sense.
+int RunList(Console& console, const CommonOptions& options, const ListOptions& list);
 
 // The sample logins by name.
 int RunAccounts(Console& console);

@@ -1,0 +1,220 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "activity/DateRanges.h"
+#include "base/Numbers.h"
+#include "base/Utf8.h"
+#include "demo/commands/Commands.h"
+#include "demo/commands/DemoSession.h"
+#include "host/OpenedRecordset.h"
+#include "listset/ListSet.h"
+#include "listset/model/ConditionText.h"
+#include "platform/DateText.h"
+#include "session/Interface.h"
+
+namespace fetchkit::demo {
+namespace {
+
+[[noreturn]] void Reject(TextView why) {
+  throw std::invalid_argument("--where: " + ToUtf8(why));
+}
+
+ListFieldType& FieldByCaption(ListType& list, TextView caption) {
+  Text captions;
+  for (ListFieldType& field : list.ListField) {
+    if (field.strListFieldDesc == caption) return field;
+    if (field.blnIsFilter)
+      captions.append(captions.empty() ? u"" : u", ").append(field.strListFieldDesc);
+  }
+  Reject(Join(u"no column \"", caption, u"\"; there are: ", captions));
+}
+
+// Two values written "f,t".
+void RequireTwo(TextView value) {
+  if (Split(value, u",").size() != 2)
+    Reject(Join(u"two values with a comma between, not \"", value, u"\""));
+}
+
+void SetScalar(ListFieldType& field, bool number, TextView word, TextView value) {
+  if (word == words::kNull || word == words::kZeroOrNull) {
+    field.strFilter = Text(word);
+    field.strExtValue.clear();
+    return;
+  }
+  if (CondStrToNum(word).empty())
+    Reject(Join(u"\"", word, u"\" is no operator, such as 大于 or 介于"));
+  if (value.empty()) Reject(Join(word, u" needs a value"));
+  if (word == words::kBetween) RequireTwo(value);
+  if (number)
+    for (const TextView each : Split(value, u","))
+      if (!IsNumericText(each)) Reject(Join(u"\"", each, u"\" is no number"));
+  field.strFilter = ConditionRowText(word, value);
+  field.strExtValue = Text(value);
+}
+
+void SetPeriod(ListFieldType& field, TextView word, TextView value) {
+  Date begin;
+  Date end;
+  const Text range = value.empty() ? Text(word) : Join(word, u":", value);
+  if (!MActivity::GetDateRange(MAction::CurrentSession(), range, begin, end))
+    Reject(
+        Join(u"\"", word, u"\" names no date range, such as 本月 or 自定义 2004-01-01,2004-01-31"));
+  const Text from = FormatDate(begin);
+  const Text to = FormatDate(end);
+  field.strFilter = value.empty() ? Text(word) : CustomPeriodText(from, to);
+  field.strExtValue = Join(from, u",", to);
+}
+
+// "caption word value", as a person would say it; "caption 任意" or "caption 所有" removes the
+// condition.
+void Apply(ListType& list, TextView text) {
+  text = TrimBlanks(text);
+  const std::size_t first = std::min(text.find(u' '), text.size());
+  const TextView rest = TrimBlanks(text.substr(first));
+  const std::size_t second = std::min(rest.find(u' '), rest.size());
+  const TextView word = rest.substr(0, second);
+  const TextView value = TrimBlanks(rest.substr(second));
+  ListFieldType& field = FieldByCaption(list, text.substr(0, first));
+  if (word.empty()) Reject(u"write \"caption word value\", such as \"金额 大于 100\"");
+
+  field.strFilter.clear();
+  field.strExtValue.clear();
+  field.strCodeID.clear();
+  field.blnIsMuliCond = false;
+  if (word == words::kAny || word == words::kAll) return;
+  const auto type = FieldTypeOf(field.strFieldType);
+  if (!type) Reject(Join(u"\"", field.strListFieldDesc, u"\" cannot be filtered"));
+  const bool several = rest.find(u',') != TextView::npos;
+  switch (*type) {
+    case FieldType::Boolean:
+      if (word != words::kYes && word != words::kNo) Reject(u"是 or 否");
+      field.strFilter = field.strExtValue = Text(word);
+      break;
+    case FieldType::Period:
+      SetPeriod(field, word, value);
+      break;
+    case FieldType::Date:
+      field.strFilter = field.strExtValue = ToDateText(word);
+      break;
+    case FieldType::Code:
+      // By ids here; the filter dialog lets the user choose by code and name.
+      field.strFilter = field.strCodeID = Text(rest);
+      field.blnIsMuliCond = several;
+      field.strExtValue = Join(several ? u"1," : u"0,", rest);
+      break;
+    case FieldType::Enum: {
+      field.strFilter = Text(rest);
+      field.strExtValue = several ? u"1," : u"0,";
+      bool more = false;
+      for (const TextView each : Split(rest, u",")) {
+        field.strExtValue.append(Join(more ? u",'" : u"'", TrimBlanks(each), u"'"));
+        more = true;
+      }
+      break;
+    }
+    default:
+      SetScalar(field, IsNumberType(*type), word, value);
+  }
+}
+
+void ShowConditions(Console& console, const ListType& list) {
+  console.BeginTable({"column", "type", "condition", "machine form"});
+  for (const ListFieldType& field : list.ListField) {
+    if (field.strFilter.empty()) continue;
+    console.Row({ToUtf8(field.strListFieldDesc), ToUtf8(field.strFieldType),
+                 ToUtf8(field.strFilter), ToUtf8(field.strExtValue)});
+  }
+  console.EndTable();
+}
+
+void ShowTexts(Console& console, const ListSet& set) {
+  console.BeginTable();
+  console.Row({"ListFrom", ToUtf8(set.ListFrom())});
+  console.Row({"ListWhere", ToUtf8(set.ListWhere())});
+  console.Row({"ListPureWhere", ToUtf8(set.ListPureWhere())});
+  console.Row({"GetListSelect", ToUtf8(set.GetListSelect())});
+  console.EndTable();
+}
+
+// The host's own query, made of the list's texts.
+void ShowRows(Console& console, DemoSession& session, const ListSet& set, int most) {
+  Text where = set.ListWhere();
+  if (!where.empty() && !set.ListPureWhere().empty()) where.append(u" And ");
+  where.append(set.ListPureWhere());
+  const Text sql = Join(u"Select", set.GetListSelect(), u" From ", set.ListFrom(),
+                        where.empty() ? u"" : u" Where ", where);
+  OpenedRecordset rows(session.connection(), sql, Cursor::Static);
+  if (!rows) {
+    console.Note("The database refused the query: " + ToUtf8(session.reports().back().error));
+    return;
+  }
+  const ListType list = set.List();
+  std::vector<std::string> header;
+  std::vector<std::size_t> columns;
+  for (const ListFieldType& field : list.ListField) {
+    if (!field.blnIsChoosed) continue;
+    header.push_back(ToUtf8(field.strListFieldDesc));
+    columns.push_back(rows->Column(field.strListFieldDesc));
+  }
+  console.BeginTable(header);
+  int shown = 0;
+  for (; !rows->Eof() && shown < most; rows->MoveNext(), ++shown) {
+    std::vector<std::string> cells;
+    for (const std::size_t column : columns)
+      cells.push_back(ToUtf8(ToTextOrEmpty(rows->At(column))));
+    console.Row(std::move(cells));
+  }
+  console.EndTable();
+  console.Note(fmt::format("{} of {} rows", shown, rows->RecordCount()));
+}
+
+}  // namespace
+
+int RunList(Console& console, const CommonOptions& options, const ListOptions& list) {
+  DemoSession session(console, options.trace);
+  session.Switch(options.login);
+  session.LogIn();
+  ListSet& set = *session.entry().ListSet();
+
+  console.Heading(fmt::format("View {}", list.viewId));
+  session.Run([&] { set.ViewId(list.viewId); });
+  if (set.List().ListField.empty())
+    throw std::invalid_argument(
+        fmt::format("the account has no view {}; try 101 or 102", list.viewId));
+  console.Heading(fmt::format("{}: saved conditions", ToUtf8(set.List().strViewName)));
+  ShowConditions(console, set.List());
+  console.Heading("Texts for the host's query");
+  ShowTexts(console, set);
+  console.Heading("Rows");
+  ShowRows(console, session, set, list.rows);
+  if (list.where.empty()) return 0;
+
+  ListType edited = set.List();
+  for (const std::string& each : list.where)
+    Apply(edited, FromUtf8(each));
+  set.List(edited);
+  console.Heading("Changed conditions, saved");
+  session.Run([&] { set.SaveList(); });
+  edited = set.List();
+
+  console.Heading("A second login reads back");
+  session.LogInAfresh();
+  ListSet& again = *session.entry().ListSet();
+  again.ViewId(list.viewId);
+  ShowConditions(console, again.List());
+  ShowTexts(console, again);
+  ShowRows(console, session, again, list.rows);
+  const ListType& readBack = again.List();
+  const bool same =
+      std::equal(edited.ListField.begin(), edited.ListField.end(), readBack.ListField.begin(),
+                 readBack.ListField.end(), [](const ListFieldType& a, const ListFieldType& b) {
+                   return a.strFilter == b.strFilter && a.strCodeID == b.strCodeID &&
+                          a.strExtValue == b.strExtValue;
+                 });
+  console.Note(same ? "the same conditions as were saved" : "NOT the conditions that were saved");
+  return same ? 0 : 1;
+}
+
+}  // namespace fetchkit::demo
