@@ -28,5 +28,6 @@ void Pair(const std::string& name, const std::string& peerName, Own own, Peer pe
 void RegisterTextHelpers();
 void RegisterClauses();
 void RegisterKeywords();
+void RegisterLists();
 
 }  // namespace fetchkit::bench

@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
     fetchkit::bench::RegisterTextHelpers();
     fetchkit::bench::RegisterClauses();
     fetchkit::bench::RegisterKeywords();
+    fetchkit::bench::RegisterLists();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "bench: %s\n", error.what());
     return 1;

@@ -1,0 +1,196 @@
+#include <boost/algorithm/string.hpp>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+#include "Pairs.h"
+#include "listset/ListQuery.h"
+#include "listset/ListSet.h"
+#include "session/Session.h"
+
+namespace fetchkit::bench {
+namespace {
+
+// Rows made by a function, column by column; nothing is copied in beforehand, so that what is timed
+// is the reader's work.
+class MadeRows : public Recordset {
+ public:
+  using Cell = std::function<Value(std::size_t row, std::size_t column)>;
+  MadeRows(std::vector<Text> columns, std::size_t rows, Cell cell)
+      : columns_(std::move(columns)), rows_(rows), cell_(std::move(cell)) {}
+
+  bool Eof() override { return row_ >= rows_; }
+  bool Bof() override { return rows_ == 0; }
+  void MoveFirst() override { row_ = 0; }
+  void MoveLast() override { row_ = rows_ - 1; }
+  void MoveNext() override { ++row_; }
+  std::int32_t RecordCount() override { return static_cast<std::int32_t>(rows_); }
+  std::size_t Column(TextView name) override {
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+      if (EqualFolded(columns_[i], name)) return i;
+    throw std::runtime_error("no such column");
+  }
+  Value At(std::size_t column) override { return cell_(row_, column); }
+
+ private:
+  std::vector<Text> columns_;
+  std::size_t rows_;
+  Cell cell_;
+  std::size_t row_ = 0;
+};
+
+// Answers every statement with the rows that open makes for it; null means no row.
+class MadeConnection : public SessionConnection {
+ public:
+  using Make = std::function<RecordsetPtr(TextView sql)>;
+  explicit MadeConnection(Make make) : make_(std::move(make)) {}
+
+  std::shared_ptr<fetchkit::HostContext> HostContext() override { return nullptr; }
+  void CloseRecordset(RecordsetPtr& recordset) override { recordset.reset(); }
+  void RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) override {
+    isEmpty = recordset->Eof();
+  }
+  bool OpenStaticRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t, std::int32_t,
+                           std::int32_t, std::int32_t) override {
+    recordset = make_(sql);
+    return recordset != nullptr;
+  }
+  bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t, std::int32_t) override {
+    return OpenStaticRecordset(sql, recordset, 0, 0, 0, 0);
+  }
+  bool ExecuteSql(TextView, std::int32_t, Value&) override { return true; }
+
+ private:
+  Make make_;
+};
+
+const std::vector<Text> kFieldColumns = {
+    u"lngViewFieldID",  u"strViewFieldDesc", u"strFieldType",   u"lngListFieldID",
+    u"strBiaTableName", u"lngListFieldNO1",  u"lngViewFieldNO", u"bytHead",
+    u"bytFieldSize",    u"blnIsMust",        u"blnIsPrep",      u"strKeyField",
+    u"bytPrepOrder",    u"strTableName",     u"strFieldName",   u"bytFieldDec",
+    u"blnIsFilter",     u"blnIsChoose",      u"blnIsFixed",     u"blnIsFind",
+    u"blnIsNotList",    u"blnIsFilt",        u"bytFormat",      u"blnNotZero",
+    u"blnIsChoosed1",   u"lngdisplaywidth",  u"bytSort1",       u"Strpath",
+    u"Strstringop",     u"Strstring1",       u"Strstring2",     u"Strdateop",
+    u"Dtmdate1",        u"Dtmdate2",         u"Strdoubleop",    u"Dbldouble1",
+    u"Dbldouble2",      u"Blnismulicond",    u"Blnboolean",     u"Strcodeid",
+    u"Strkeyname"};
+
+// Ten rows a field, as for a condition of ten codes, every field with a number condition.
+Value FieldCell(std::size_t row, std::size_t column) {
+  const auto field = static_cast<std::int32_t>(row / 10) + 1;
+  switch (column) {
+    case 0:
+      return field;
+    case 1:
+      return Join(u"字段", field);
+    case 2:
+      return u"DOUBLE";
+    case 14:
+      return Join(u"V.dblField", field);
+    case 27:
+      return Join(u"字段", field);
+    case 34:
+      return u"2";
+    case 35:
+      return 100.0;
+    default:
+      return NullValue();
+  }
+}
+
+std::size_t LoadFields(std::size_t fields) {
+  MAction::CurrentSession().Connection =
+      std::make_shared<MadeConnection>([fields](TextView sql) -> RecordsetPtr {
+        if (!sql.starts_with(u"select nvl")) return nullptr;
+        return std::make_shared<MadeRows>(kFieldColumns, fields * 10, FieldCell);
+      });
+  ListSet set;
+  set.RefreshListField();
+  return set.List().ListField.size();
+}
+
+// The least that a reader of these rows must do: take each cell of a field's first row once.
+std::size_t ReadCells(std::size_t fields) {
+  MadeRows rows(kFieldColumns, fields * 10, FieldCell);
+  std::vector<std::vector<Value>> all;
+  for (std::size_t row = 0; !rows.Eof(); rows.MoveNext(), ++row) {
+    if (row % 10 != 0) {
+      rows.At(0);
+      continue;
+    }
+    auto& cells = all.emplace_back();
+    for (std::size_t column = 0; column < kFieldColumns.size(); ++column)
+      cells.push_back(rows.At(column));
+  }
+  return all.size();
+}
+
+Text CodeOf(std::size_t row) {
+  return Join(row % 200, u"-", row % 17, u"-", row);
+}
+
+Text ManyCodes() {
+  Text codes;
+  for (int code = 0; code < 100; ++code)
+    codes.append(Join(code, u" "));
+  return codes;
+}
+
+Text IdsByPrefixTests(std::size_t rows) {
+  const Text many = ManyCodes();
+  std::vector<Text> prefixes;
+  for (const TextView code : Split(TrimBlanks(many), u" "))
+    prefixes.push_back(Join(code, u"-"));
+  Text ids;
+  for (std::size_t row = 0; row < rows; ++row) {
+    const Text code = CodeOf(row);
+    for (const Text& prefix : prefixes) {
+      if (!code.starts_with(prefix)) continue;
+      if (!ids.empty()) ids.push_back(u',');
+      ids.append(Join(row));
+    }
+  }
+  return ids;
+}
+
+}  // namespace
+
+void RegisterLists() {
+  for (const std::size_t fields : {50, 500, 5000})
+    Pair(
+        "RefreshListField, " + std::to_string(fields) + " fields", "reading each cell once",
+        [fields] { return LoadFields(fields); }, [fields] { return ReadCells(fields); });
+
+  Text sql = u"Select ";
+  while (sql.size() < 100000)
+    sql.append(u"Voucher.dblDebit, voucher.dblCredit, Other.lngID, ");
+  sql.append(u"1 From Voucher Where 1=1");
+  Pair(
+      "ModifyTableName, 100,000 characters", "Boost ireplace_all",
+      [sql] { return MListSet::ModifyTableName(sql, u"VOUCHER ", u"Voucher2004 "); },
+      [sql] {
+        Text text = sql;
+        boost::ireplace_all(text, Text(u"VOUCHER "), Text(u"Voucher2004 "));
+        boost::ireplace_all(text, Text(u"VOUCHER."), Text(u"Voucher2004."));
+        return text;
+      });
+
+  for (const std::size_t rows : {10000, 100000})
+    Pair(
+        "FindAllKeyID, 100 codes, " + std::to_string(rows) + " rows", "prefix tests one by one",
+        [rows] {
+          Session& session = MAction::CurrentSession();
+          session.Connection = std::make_shared<MadeConnection>([rows](TextView) {
+            return std::make_shared<MadeRows>(
+                std::vector<Text>{u"a1", u"b1"}, rows, [](std::size_t row, std::size_t column) {
+                  return column == 0 ? Value(CodeOf(row)) : Value(static_cast<std::int32_t>(row));
+                });
+          });
+          return MListSet::FindAllKeyID(session, u"DEPARTMENT", ManyCodes());
+        },
+        [rows] { return IdsByPrefixTests(rows); });
+}
+
+}  // namespace fetchkit::bench
