@@ -307,16 +307,18 @@ TEST_F(DateRanges, EveryFaultIsFalseAndNothingOfItIsKept) {
 TEST_F(DateRanges, KeptPerLogin) {
   EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-01..2004-03-31");
   EXPECT_EQ(Cost(), 3u);
-  session().LoginOrganizationId = 21;  // has no calendar
+  session().AccountKey = u"7$DBSRV$ACC02";
+  periods_.clear();
   EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-17..2004-03-17");
   EXPECT_EQ(Cost(), 2u);
-  session().LoginOrganizationId = 20;
-  session().AccountKey = u"7$DBSRV$ACC02";
-  EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-01..2004-03-31");
-  EXPECT_EQ(Cost(), 3u);
-  session().AccountKey = u"7$DBSRV$ACC01";
-  EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-01..2004-03-31");
+  periods_ = SamplePeriods();
   session().LoginOrganizationId = 21;
+  EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-17..2004-03-17") << "has no calendar";
+  EXPECT_EQ(Cost(), 2u);
+  session().AccountKey = u"7$DBSRV$ACC01";
+  session().LoginOrganizationId = 20;
+  EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-01..2004-03-31");
+  session().AccountKey = u"7$DBSRV$ACC02";
   EXPECT_EQ(Ask(u"本期", u"", false), "2004-03-17..2004-03-17");
   EXPECT_EQ(Cost(), 0u) << "an earlier login finds its own again";
 }
