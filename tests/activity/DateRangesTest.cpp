@@ -342,11 +342,13 @@ TEST_F(DateRanges, ReferenceDateNotGiven) {
 }
 
 TEST_F(DateRanges, WordsThatAreNoKeyword) {
+  const RecordingSink sink;
   for (const TextView word : {u"", u"本", u" 本月", u"本月 ", u"今天$", u"自定义", u"所有"})
     for (int time = 0; time < 2; ++time)
       EXPECT_EQ(Ask(word, u"", true), "-") << ToUtf8(word);
   EXPECT_EQ(Show(now_), "2004-03-17") << "written all the same";
   EXPECT_EQ(Cost(), 0u);
+  EXPECT_TRUE(sink.failures.empty()) << "a word is no failure";
   // A reference date that no calendar holds, and a step that leaves the calendar.
   for (const double serial : {1e9, -1e9, std::numeric_limits<double>::quiet_NaN()}) {
     Date now{serial}, begin, end;

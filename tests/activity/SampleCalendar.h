@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,12 +20,17 @@ namespace fetchkit::test {
 Date D(TextView text);
 std::string Show(Date date);
 
-// A platform whose clock stands at 2010-05-06 13:45; installed for the object's life.
-class StoppedClock : public PortablePlatform {
+// A platform whose clock stands at 2010-05-06 13:45, and whose locale has no dates with dots;
+// installed for the object's life.
+class SamplePlatform : public PortablePlatform {
  public:
-  StoppedClock() : before_(SetPlatform(this)) {}
-  ~StoppedClock() override { SetPlatform(before_); }
+  SamplePlatform() : before_(SetPlatform(this)) {}
+  ~SamplePlatform() override { SetPlatform(before_); }
   Date Now() const override { return D(u"2010-05-06 13:45"); }
+  std::optional<Date> ParseDate(TextView text) const override {
+    if (text.find(u'.') != TextView::npos) return std::nullopt;
+    return PortablePlatform::ParseDate(text);
+  }
 
  private:
   Platform* before_;
@@ -60,7 +66,7 @@ class LoggedInTest : public testing::Test {
   void SpoilStatement(int number, Answer answer);
 
   FreshThread thread_;
-  StoppedClock clock_;
+  SamplePlatform platform_;
   std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
   std::vector<PeriodRow> periods_ = SamplePeriods();
   Activity activity_;

@@ -55,6 +55,8 @@ TEST(TextBasics, SearchAgreesWithTheStandardLibrary) {
   EXPECT_EQ(FindFolded(u"xxORxx", u"or"), 2u);
   EXPECT_EQ(FindFolded(u"xxORxx", u"or", 3), TextView::npos);
   EXPECT_EQ(CountUnit(Text(19, u'a') + u"b", u'b'), 1u);
+  // More hits than a 16-bit lane of a block can count.
+  EXPECT_EQ(CountUnit(Text(1000003, u'a'), u'a'), 1000003u);
 }
 
 TEST(TextBasics, Utf8) {

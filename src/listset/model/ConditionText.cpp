@@ -119,6 +119,7 @@ Restored RestorePeriod(const StoredCondition& stored, const ConditionContext& co
   Text from = stored.date1;
   Text to = stored.date2;
   const bool custom = word.empty() || word == kCustomRange;
+  if (custom && from.empty() && to.empty()) return {};
   // Older data holds words without a range; these keep the dates they were stored with.
   if (!custom) context.dateRange(word, from, to);
   const Text& column = field.strFieldName;
