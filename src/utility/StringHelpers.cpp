@@ -182,6 +182,9 @@ Value NotNull(const Value& varValue, const Value& varDefaultValue) {
   if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
   if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
     return varDefaultValue;
+  // Whole numbers are what their text reads as; the lists ask for thousands of them.
+  if (varValue.Is<std::int32_t>() || varValue.Is<std::int16_t>() || varValue.Is<std::uint8_t>())
+    return ToDouble(varValue);
   if (IsNumeric(varValue)) return LeadingNumber(ToText(varValue));
   return varValue;
 }

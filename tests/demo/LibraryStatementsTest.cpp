@@ -3,6 +3,7 @@
 
 #include "base/Utf8.h"
 #include "demo/SmallAccount.h"
+#include "listset/ViewLoading.h"
 
 namespace fetchkit::demo::test {
 namespace {
@@ -35,44 +36,24 @@ constexpr const char* kLists = R"(
     (20, '科目编码', '1002', '银行', 0), (21, '凭证号', '5', '别', 0);
 )";
 
-constexpr const char16_t* kFieldStatement =
-    u"select nvl(lf.lnglistid, 0) as lnglistid, \n"
-    u" vf.*,\n"
-    u"lf.Lnglistid,lf.Lnglistfieldid,lf.Lnglistfieldno,lf.Strlistfielddesc,lf.Lngdisplaywidth,"
-    u"lf.Bytsort,lf.Blnischoosed,\n"
-    u"lc.Strpath,lc.Blnhavefathernode,\n"
-    u"lc.Strstringop,lc.Strstring1,lc.Strstring2,\n"
-    u"lc.Strdateop,lc.Dtmdate1,lc.Dtmdate2,\n"
-    u"lc.Strdoubleop,lc.Dbldouble1,lc.Dbldouble2,\n"
-    u"lc.Blnismulicond,lc.Blnboolean,lc.Strothtablename,\n"
-    u"Lmc.Strcodeid,Lmc.Strkeyname,Lmc.Blniscodetype,\n"
-    u"decode(lngListFieldNO, null, vf.lngviewfieldno, lngListFieldNO) as lngListFieldNO1,\n"
-    u"decode(strListFieldDesc, null, vf.strviewfielddesc, strListFieldDesc) as "
-    u"strListFieldDesc1,\n"
-    u"nvl(lf.lngdisplaywidth, 0) as lngdisplaywidth,nvl(bytSort, 0) as bytSort1,\n"
-    u"decode(blnIsChoosed,null,0,blnIsChoosed) + vf.blnismust + vf.blnisprep + vf.blnisfixed as "
-    u"blnIsChoosed1 \n"
-    u" from viewfield vf, \n"
-    u" (select listfield.* \n"
-    u" from list, listfield \n"
-    u" where listfield.lnglistid = list.lnglistid \n"
-    u" and list.lngviewid = 7 and list.lngoperatorid = 3 and list.lngorganizationid = 5) lf, \n"
-    u" (select listcond.* \n"
-    u" from list, listcond \n"
-    u" where listcond.lnglistid = list.lnglistid \n"
-    u" and list.lngviewid = 7 and list.lngoperatorid = 3 and list.lngorganizationid = 5 ) lc, \n"
-    u" listmultiidcond lmc \n"
-    u" where vf.lngviewid = 7 and vf.lngviewfieldid = lf.lngviewfieldid(+) \n"
-    u" and vf.lngviewfieldid = lc.lngviewfieldid(+) \n"
-    u" and lc.lnglistid = lmc.lnglistid(+) \n"
-    u" and lc.strpath = lmc.strpath(+) \n"
-    u" and vf.strViewFieldDesc = lc.strpath(+) \n"
-    u" Order by -vf.blnisfixed,decode(lngListFieldNO, null, vf.lngviewfieldno, lngListFieldNO)";
+// The statement as the library sends it for view 7, operator 3 and organization 5.
+Text FieldStatement(SmallAccount& account) {
+  Session& session = MAction::CurrentSession();
+  session.Connection = account.connection;
+  session.LoginOperatorId = 3;
+  session.LoginOrganizationId = 5;
+  ListType list;
+  list.lngViewID = 7;
+  MListSet::RefreshListField(session, list);
+  ReleaseThread();
+  return account.reports.back().sql;
+}
 
 TEST(LibraryStatements, FieldsOfAList) {
   SmallAccount account(kLists);
+  const Text sql = FieldStatement(account);
   RecordsetPtr rows;
-  ASSERT_TRUE(account.connection->OpenStaticRecordset(kFieldStatement, rows, 3, 1, 1, 0))
+  ASSERT_TRUE(account.connection->OpenStaticRecordset(sql, rows, 3, 1, 1, 0))
       << ToUtf8(account.reports.back().error);
   std::string read;
   for (; !rows->Eof(); rows->MoveNext()) {
