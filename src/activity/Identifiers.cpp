@@ -28,16 +28,7 @@ Text ClassName(Session& session, TextView what, TextView key) {
 
 // The column behind a flexible field's title: its number behind the column's own word.
 Text FlexibleColumn(TextView fieldTitle, TextView columnWord) {
-  constexpr TextView kTitleWord = u"智能字段";
-  Text column;
-  std::size_t from = 0;
-  for (;;) {
-    const std::size_t at = FindText(fieldTitle, kTitleWord, from);
-    if (at == TextView::npos) break;
-    column.append(fieldTitle.substr(from, at - from)).append(columnWord);
-    from = at + kTitleWord.size();
-  }
-  return column.append(fieldTitle.substr(from));
+  return ReplaceText(fieldTitle, u"智能字段", columnWord);
 }
 
 // Runs a statement that returns no rows but fails where the schema lacks what it names.

@@ -40,6 +40,20 @@ std::size_t FindPair(TextView text, char16_t first, char16_t last, std::size_t d
   return TextView::npos;
 }
 
+Text ReplaceWith(std::size_t (*search)(TextView, TextView, std::size_t), TextView text,
+                 TextView find, TextView replacement) {
+  Text replaced;
+  replaced.reserve(text.size());
+  std::size_t from = 0;
+  while (!find.empty()) {
+    const std::size_t at = search(text, find, from);
+    if (at == TextView::npos) break;
+    replaced.append(text.substr(from, at - from)).append(replacement);
+    from = at + find.size();
+  }
+  return replaced.append(text.substr(from));
+}
+
 }  // namespace
 
 std::size_t FindText(TextView text, TextView needle, std::size_t from) {
@@ -59,6 +73,14 @@ std::size_t FindFolded(TextView text, TextView needle, std::size_t from) {
   for (std::size_t at = from; at + needle.size() <= text.size(); ++at)
     if (EqualFolded(text.substr(at, needle.size()), needle)) return at;
   return TextView::npos;
+}
+
+Text ReplaceText(TextView text, TextView find, TextView replacement) {
+  return ReplaceWith(FindText, text, find, replacement);
+}
+
+Text ReplaceFolded(TextView text, TextView find, TextView replacement) {
+  return ReplaceWith(FindFolded, text, find, replacement);
 }
 
 std::size_t CountUnit(TextView text, char16_t unit) {

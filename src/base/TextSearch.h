@@ -16,6 +16,13 @@ std::size_t FindText(TextView text, TextView needle, std::size_t from = 0);
 // The same without regard to the case of ASCII letters.
 std::size_t FindFolded(TextView text, TextView needle, std::size_t from = 0);
 
+// text with every find replaced, from left to right; what was inserted is not looked at again. An
+// empty find replaces nothing.
+Text ReplaceText(TextView text, TextView find, TextView replacement);
+
+// The same, finding without regard to the case of ASCII letters.
+Text ReplaceFolded(TextView text, TextView find, TextView replacement);
+
 // How many units of text equal unit.
 std::size_t CountUnit(TextView text, char16_t unit);
 

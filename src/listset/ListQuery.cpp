@@ -43,20 +43,6 @@ Text CodeStatement(TextView strCodeTableName, const std::vector<TextView>& codes
               twoBlanks ? u" WHERE  " : u" WHERE ", condition);
 }
 
-Text ReplaceFolded(TextView text, TextView find, TextView replacement) {
-  if (find.empty()) return Text(text);
-  Text replaced;
-  replaced.reserve(text.size());
-  std::size_t from = 0;
-  for (;;) {
-    const std::size_t at = FindFolded(text, find, from);
-    if (at == TextView::npos) break;
-    replaced.append(text.substr(from, at - from)).append(replacement);
-    from = at + find.size();
-  }
-  return replaced.append(text.substr(from));
-}
-
 }  // namespace
 
 Text GetListSelect(const ListType& list) {

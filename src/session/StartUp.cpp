@@ -1,6 +1,5 @@
 #include "session/StartUp.h"
 
-#include "base/Error.h"
 #include "base/Guard.h"
 #include "base/Numbers.h"
 #include "platform/DateText.h"
@@ -8,30 +7,12 @@
 #include "rights/OrganizationRight.h"
 #include "session/Business.h"
 #include "session/CustomerSs.h"
+#include "session/HostLogin.h"
 #include "session/Operator.h"
 #include "session/Organization.h"
 
 namespace fetchkit::MAction {
 namespace {
-
-template <class Object>
-Object& Present(const std::shared_ptr<Object>& object, TextView name) {
-  if (!object) throw Error(ErrorKind::ObjectMissing, Join(u"The host has no ", name, u"."));
-  return *object;
-}
-
-// The parts of the host's login, fetched anew at every read: the host may change them at any time,
-// and each read must be able to fail for itself.
-std::shared_ptr<HostContext> ContextOf(const Session& session) {
-  auto context = ConnectionOf(session)->HostContext();
-  Present(context, u"HostContext");
-  return context;
-}
-
-std::int32_t ReadAccountType(const Session& session) {
-  const auto info = ContextOf(session)->AccountTypeInfo();
-  return ToLong(Present(info, u"AccountTypeInfo").AccountType());
-}
 
 template <class Read>
 auto FromAccountLogin(const Session& session, Read&& read) {

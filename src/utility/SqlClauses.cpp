@@ -76,17 +76,6 @@ bool OpenBraceLeadsTo(char16_t unit, bool orEnd, TextView text) {
   return false;
 }
 
-Text ReplaceAll(TextView text, TextView find, TextView replacement) {
-  Text replaced;
-  std::size_t from = 0;
-  for (std::size_t at = FindText(text, find); at != TextView::npos;
-       at = FindText(text, find, from)) {
-    replaced.append(text.substr(from, at - from)).append(replacement);
-    from = at + find.size();
-  }
-  return replaced.append(text.substr(from));
-}
-
 }  // namespace
 
 Text DecomposeInClause(TextView strCondName, TextView strIdList, bool blnIsCharInClause,
@@ -179,7 +168,7 @@ Text FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
     for (std::size_t number = 0; number < arrValues.size(); ++number) {
       const Text placeholder = Join(u"{", number, u"}");
       if (FindText(text, placeholder) != TextView::npos)
-        text = ReplaceAll(text, placeholder, arrValues[number]);
+        text = ReplaceText(text, placeholder, arrValues[number]);
     }
     return text;
   }
