@@ -2,8 +2,6 @@
 
 #include <atomic>
 
-#include "platform/PortablePlatform.h"
-
 namespace fetchkit {
 namespace {
 
@@ -13,8 +11,7 @@ std::atomic<Platform*> installed = nullptr;
 
 Platform& CurrentPlatform() {
   if (Platform* platform = installed.load(std::memory_order_acquire)) return *platform;
-  static PortablePlatform portable;
-  return portable;
+  return DefaultPlatform();
 }
 
 Platform* SetPlatform(Platform* platform) {

@@ -44,12 +44,16 @@ class Platform {
   virtual std::shared_ptr<LogComponent> CreateLog() = 0;
 };
 
-// The installed platform: the portable one until another is installed.
+// The installed platform: the default one until another is installed.
 Platform& CurrentPlatform();
 
-// Installs a platform for the whole process (null: the portable one again) and returns the one
-// before it, or null when that was the portable one. Not owned. To be called before the first
+// Installs a platform for the whole process (null: the default one again) and returns the one
+// before it, or null when that was the default one. Not owned. To be called before the first
 // thread uses the library.
 Platform* SetPlatform(Platform* platform);
+
+// The platform that is linked in: the portable one, or the component's own on Windows. Lives until
+// the process ends.
+Platform& DefaultPlatform();
 
 }  // namespace fetchkit

@@ -34,9 +34,7 @@ class PortablePlatform : public Platform {
   std::uint16_t AnsiCode(char16_t unit) const override;
   std::optional<char16_t> AnsiCharacter(std::uint16_t code) const override;
 
-  // "yyyy-MM-dd", "yyyy/M/d", "yyyy.M.d" and "yyyy年M月d日", each optionally with a time "H:mm" or
-  // "H:mm:ss" behind a blank; blanks around the text are ignored. Days that the calendar does not
-  // have are refused.
+  // The forms of CommonDates.h.
   std::optional<Date> ParseDate(TextView text) const override;
 
   Date Now() const override;

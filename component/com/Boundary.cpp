@@ -1,0 +1,80 @@
+#include "component/com/Boundary.h"
+
+#include <new>
+
+#include "base/Error.h"
+#include "component/com/ComPtr.h"
+
+namespace fetchkit {
+namespace {
+
+// The name that callers see as the source of an error.
+constexpr TextView kSource = u"FetchKit";
+
+HRESULT ScriptNumber(ErrorKind kind) {
+  return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, static_cast<int>(kind));
+}
+
+void LeaveErrorInfo(TextView description) noexcept {
+  try {
+    ComPtr<ICreateErrorInfo> fresh;
+    if (FAILED(CreateErrorInfo(fresh.Out()))) return;
+    fresh->SetDescription(Bstr(description).get());
+    fresh->SetSource(Bstr(kSource).get());
+    if (const auto info = fresh.As<IErrorInfo>(IID_IErrorInfo)) SetErrorInfo(0, info.get());
+  } catch (...) {
+    // The number alone must do.
+  }
+}
+
+}  // namespace
+
+HRESULT ReportCurrentError() noexcept {
+  try {
+    throw;
+  } catch (const ComError& error) {
+    return error.result;
+  } catch (const Error& error) {
+    LeaveErrorInfo(error.description());
+    return ScriptNumber(error.kind());
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}
+
+InOutText::InOutText(BSTR* argument) : argument_(argument) {
+  if (!argument) throw ComError{E_POINTER};
+  value_ = ViewOf(*argument);
+}
+
+InOutText::~InOutText() {
+  if (value_ == ViewOf(*argument_)) return;
+  const BSTR fresh = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(value_.data()),
+                                       static_cast<UINT>(value_.size()));
+  if (!fresh) return;
+  SysFreeString(*argument_);
+  *argument_ = fresh;
+}
+
+InOutValue::InOutValue(VARIANT* argument) : argument_(argument) {
+  if (!argument) throw ComError{E_POINTER};
+  value_ = ValueOf(*argument);
+}
+
+InOutValue::~InOutValue() {
+  VARIANT fresh;
+  const HRESULT made = Run([&] { ToVariant(value_, &fresh); });
+  if (FAILED(made)) return;
+  // A reference inside the variant is the caller's variable and is written through.
+  if (argument_->vt == (VT_BYREF | VT_VARIANT)) {
+    VariantClear(argument_->pvarVal);
+    *argument_->pvarVal = fresh;
+    return;
+  }
+  VariantClear(argument_);
+  *argument_ = fresh;
+}
+
+}  // namespace fetchkit

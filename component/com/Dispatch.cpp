@@ -1,0 +1,188 @@
+#include "component/com/Dispatch.h"
+
+#include <cstring>
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "component/com/Boundary.h"
+#include "component/com/ComPtr.h"
+#include "component/com/TypeLibrary.h"
+
+namespace fetchkit {
+namespace {
+
+// What a by-reference parameter points to, as a type that a variant can hold; VT_EMPTY for a
+// parameter by value and for records, which are handed on as they come.
+VARTYPE ReferredType(ITypeInfo& info, const TYPEDESC& parameter) {
+  if (parameter.vt != VT_PTR) return VT_EMPTY;
+  const TYPEDESC& target = *parameter.lptdesc;
+  if (target.vt == VT_PTR) return VT_DISPATCH;  // an object by reference
+  if (target.vt != VT_USERDEFINED) return target.vt;
+  ComPtr<ITypeInfo> type;
+  TYPEATTR* attributes = nullptr;
+  if (FAILED(info.GetRefTypeInfo(target.hreftype, type.Out())) ||
+      FAILED(type->GetTypeAttr(&attributes)))
+    return VT_EMPTY;
+  const TYPEKIND kind = attributes->typekind;
+  type->ReleaseTypeAttr(attributes);
+  // An interface is a plain pointer here: an object by value.
+  return kind == TKIND_ENUM ? VARTYPE{VT_I4} : VARTYPE{VT_EMPTY};
+}
+
+// One by-reference argument of a call: the parameter's own variable in between.
+class Between {
+ public:
+  // argument: in the call's own list, where the reference takes its place.
+  Between(VARIANT& argument, VARTYPE type) : original_(argument) {
+    VariantInit(&variable_);
+    if (type == VT_VARIANT) {
+      Check(VariantCopyInd(&variable_, &argument));
+      reference_.pvarVal = &variable_;
+    } else {
+      Variant plain;
+      Check(VariantCopyInd(plain.InOut(), &argument));
+      if (plain.get().vt == VT_EMPTY && (type == VT_DISPATCH || type == VT_UNKNOWN)) {
+        variable_.vt = type;
+        variable_.pdispVal = nullptr;
+      } else {
+        Check(VariantChangeType(&variable_, plain.InOut(), VARIANT_ALPHABOOL, type));
+      }
+      reference_.byref = &variable_.llVal;
+    }
+    reference_.vt = static_cast<VARTYPE>(type | VT_BYREF);
+    argument = reference_;
+  }
+  ~Between() { VariantClear(&variable_); }
+  Between(const Between&) = delete;
+  Between& operator=(const Between&) = delete;
+
+  void WriteBack() {
+    if ((original_.vt & VT_BYREF) == 0) return;
+    if (original_.vt == (VT_BYREF | VT_VARIANT)) {
+      Check(VariantCopy(original_.pvarVal, &variable_));
+      return;
+    }
+    const auto type = static_cast<VARTYPE>(original_.vt & ~VT_BYREF);
+    Variant changed;
+    Check(VariantChangeType(changed.InOut(), &variable_, 0, type));
+    VARIANT& fresh = *changed.InOut();
+    if (type == VT_BSTR) {
+      std::swap(*original_.pbstrVal, fresh.bstrVal);
+    } else if (type == VT_DISPATCH || type == VT_UNKNOWN) {
+      std::swap(*original_.ppunkVal, fresh.punkVal);
+    } else {
+      std::memcpy(original_.byref, &fresh.llVal, SizeOf(type));
+    }
+  }
+
+ private:
+  static void Check(HRESULT result) {
+    if (FAILED(result)) throw ComError{DISP_E_TYPEMISMATCH};
+  }
+
+  static std::size_t SizeOf(VARTYPE type) {
+    switch (type) {
+      case VT_UI1:
+      case VT_I1:
+        return 1;
+      case VT_I2:
+      case VT_UI2:
+      case VT_BOOL:
+        return 2;
+      case VT_I4:
+      case VT_UI4:
+      case VT_INT:
+      case VT_UINT:
+      case VT_R4:
+      case VT_ERROR:
+        return 4;
+      default:
+        return 8;
+    }
+  }
+
+  VARIANT original_;
+  VARIANT variable_;
+  VARIANT reference_{};
+};
+
+struct FunctionOf {
+  ITypeInfo& info;
+  FUNCDESC* function = nullptr;
+  ~FunctionOf() {
+    if (function) info.ReleaseFuncDesc(function);
+  }
+};
+
+// The member's description among those with that identifier; null for none.
+bool Find(FunctionOf& of, DISPID member, WORD flags) {
+  TYPEATTR* attributes = nullptr;
+  if (FAILED(of.info.GetTypeAttr(&attributes))) return false;
+  const UINT count = attributes->cFuncs;
+  of.info.ReleaseTypeAttr(attributes);
+  for (UINT index = 0; index < count; ++index) {
+    if (FAILED(of.info.GetFuncDesc(index, &of.function))) return false;
+    if (of.function->memid == member && (of.function->invkind & flags) != 0) return true;
+    of.info.ReleaseFuncDesc(of.function);
+    of.function = nullptr;
+  }
+  return false;
+}
+
+}  // namespace
+
+HRESULT DispatchTypeInfo(const IID& interfaceId, UINT index, ITypeInfo** info) noexcept {
+  if (!info) return E_POINTER;
+  *info = nullptr;
+  if (index != 0) return DISP_E_BADINDEX;
+  return Run([&] { *info = TypeLibrary::Describe(interfaceId).Detach(); });
+}
+
+HRESULT DispatchIdsOfNames(const IID& interfaceId, LPOLESTR* names, UINT count,
+                           DISPID* ids) noexcept {
+  if (!names || !ids) return E_POINTER;
+  return Run([&] {
+    const HRESULT result = TypeLibrary::Describe(interfaceId)->GetIDsOfNames(names, count, ids);
+    if (FAILED(result)) throw ComError{result};
+  });
+}
+
+HRESULT DispatchInvoke(const IID& interfaceId, IDispatch* object, DISPID member, WORD flags,
+                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                       UINT* badArgument) noexcept {
+  if (!parameters) return E_POINTER;
+  return Run([&] {
+    const ComPtr<ITypeInfo> info = TypeLibrary::Describe(interfaceId);
+    // Arguments stand last first; named ones, which only a property's new value is here, stand in
+    // front of the others.
+    std::deque<Between> betweens;
+    std::vector<VARIANT> arguments(parameters->rgvarg, parameters->rgvarg + parameters->cArgs);
+    DISPPARAMS converted = *parameters;
+    converted.rgvarg = arguments.data();
+    FunctionOf of{*info.get()};
+    if (parameters->cNamedArgs == 0 && Find(of, member, flags)) {
+      for (UINT position = 0; position < parameters->cArgs; ++position) {
+        if (static_cast<SHORT>(position) >= of.function->cParams) break;
+        const UINT index = parameters->cArgs - 1 - position;
+        const VARTYPE type =
+            ReferredType(*info.get(), of.function->lprgelemdescParam[position].tdesc);
+        const USHORT kind = of.function->lprgelemdescParam[position].paramdesc.wParamFlags;
+        if (type == VT_EMPTY || (kind & PARAMFLAG_FRETVAL) != 0) continue;
+        try {
+          betweens.emplace_back(arguments[index], type);
+        } catch (const ComError&) {
+          if (badArgument) *badArgument = index;
+          throw;
+        }
+      }
+    }
+    const HRESULT called =
+        info->Invoke(object, member, flags, &converted, result, exception, badArgument);
+    if (FAILED(called)) throw ComError{called};
+    for (Between& each : betweens)
+      each.WriteBack();
+  });
+}
+
+}  // namespace fetchkit

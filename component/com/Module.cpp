@@ -1,0 +1,42 @@
+#include "component/com/Module.h"
+
+#include <vector>
+
+namespace fetchkit::Module {
+namespace {
+
+HINSTANCE handle = nullptr;
+LONG users = 0;
+
+}  // namespace
+
+void SetHandle(HINSTANCE module) {
+  handle = module;
+}
+
+HINSTANCE Handle() {
+  return handle;
+}
+
+Text Path() {
+  std::vector<wchar_t> path(MAX_PATH);
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(handle, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) return {path.begin(), path.begin() + length};
+    path.resize(path.size() * 2);
+  }
+}
+
+void Enter() {
+  InterlockedIncrement(&users);
+}
+
+void Leave() {
+  InterlockedDecrement(&users);
+}
+
+bool IsUsed() {
+  return InterlockedCompareExchange(&users, 0, 0) != 0;
+}
+
+}  // namespace fetchkit::Module

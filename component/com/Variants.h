@@ -1,0 +1,42 @@
+// The system's any-value and the core's.
+#pragma once
+
+#include "base/Value.h"
+#include "component/Windows.h"
+
+namespace fetchkit {
+
+// A variant that is cleared with its holder.
+class Variant {
+ public:
+  Variant() { VariantInit(&variant_); }
+  explicit Variant(const Value& value);
+  Variant(const Variant&) = delete;
+  Variant& operator=(const Variant&) = delete;
+  ~Variant() { VariantClear(&variant_); }
+
+  const VARIANT& get() const { return variant_; }
+  VARIANT* InOut() { return &variant_; }
+  VARIANT* Out() {
+    VariantClear(&variant_);
+    return &variant_;
+  }
+
+ private:
+  VARIANT variant_;
+};
+
+// The value with the type that the variant has; by-reference variants are read through. Currency,
+// decimals and integers beyond 32 bits become doubles, an omitted argument a missing value, an
+// object an Object that holds a reference to it (ObjectOf gives it back). Arrays of one dimension
+// are copied. ConvertError (TypeMismatch) for arrays of more and for types that hosts do not use.
+Value ValueOf(const VARIANT& variant);
+
+// A copy in *variant, which must not hold anything yet. Objects get a reference of their own; a
+// missing value becomes the omitted argument.
+void ToVariant(const Value& value, VARIANT* variant);
+
+// The object inside a value that came out of a variant, without a reference; null for no object.
+IUnknown* ObjectOf(const Value& value);
+
+}  // namespace fetchkit

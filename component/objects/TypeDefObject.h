@@ -1,0 +1,16 @@
+// FetchKit.TypeDef: without members.
+#pragma once
+
+#include "component/com/ComObject.h"
+#include "idl/FetchKit.h"
+#include "listset/model/TypeDef.h"
+
+namespace fetchkit {
+
+class TypeDefObject : public ComObject<ITypeDef, IID_ITypeDef, fetchkit::TypeDef> {
+ public:
+  using Dual = ITypeDef;
+  using ComObject::ComObject;
+};
+
+}  // namespace fetchkit
