@@ -1,0 +1,74 @@
+// The list-text picker: a drop-down list of rows of one or more columns.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "base/Text.h"
+#include "dialogs/Form.h"
+
+namespace fetchkit {
+
+// Rows are counted from 0, -1 is "none". The text shown need not be in the list.
+class PickCombo : public Control {
+ public:
+  using Control::Control;
+
+  // Which column (from 1) is a row's id, -1 for none, and behind it which ones are shown, such as
+  // "1,2,3" or "-1,1". Clears the list.
+  const fetchkit::Text& ColumnSet() const { return columnSet_; }
+  void ColumnSet(fetchkit::Text columnSet);
+
+  int ListCount() const { return static_cast<int>(cells_.size() / columns_); }
+  int Cols() const { return static_cast<int>(columns_); }
+
+  // Empty for a cell that is not there.
+  const fetchkit::Text& Cell(int row, int col) const;
+
+  // The row's id, or its first shown column where there are no ids.
+  const fetchkit::Text& Id(int row) const;
+
+  // The shown columns, joined by one blank; empty ones are left out.
+  fetchkit::Text RowText(int row) const;
+
+  // The shown columns as indexes for Cell, for a view that draws them side by side.
+  const std::vector<int>& ShownColumns() const { return shown_; }
+
+  // Replaces the whole list by rows that are given one behind the other, Cols() cells each; Text
+  // and ListIndex are reset. One report to the view, whatever the number of rows.
+  void SetList(std::vector<fetchkit::Text> cells);
+
+  const fetchkit::Text& Text() const { return text_; }
+  int ListIndex() const { return index_; }
+
+  // What is shown, and the row that it stands for: both by program.
+  void Show(fetchkit::Text text, int row = -1);
+  void ShowRow(int row) { Show(RowText(row), row); }
+
+  // The first row in the order of that column's texts, one shown column after the other, whose
+  // text begins with what was typed, without regard to letter case; -1 for none. Logarithmic, but
+  // the first search in a list sorts it.
+  int FindTyped(TextView typed) const;
+
+  // A row is chosen from the list, by mouse or key; also when it is the one that was shown.
+  void UserPicked(int row);
+
+  // Letters typed to find a row: answers FindTyped's row, for the view to highlight in its list.
+  // Nothing is chosen yet: Enter in the list is UserPicked of the highlighted row.
+  int UserTyped(TextView typed) const;
+
+  std::function<void(int row)> OnPick;
+
+ private:
+  fetchkit::Text columnSet_ = u"-1,1";
+  int idColumn_ = -1;
+  std::vector<int> shown_ = {0};
+  std::size_t columns_ = 1;
+  std::vector<fetchkit::Text> cells_;
+  fetchkit::Text text_;
+  int index_ = -1;
+  mutable std::vector<std::vector<std::int32_t>> sorted_;  // rows, by each shown column
+};
+
+}  // namespace fetchkit
