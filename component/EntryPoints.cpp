@@ -35,7 +35,7 @@ const CreatableClass kClasses[] = {
 // No host object is touched here: what a thread still holds of the host's is given up when the
 // thread ends, and nothing at all is done when the whole process ends (reserved is not null then).
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {
-  if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module);
+  if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module, u"FetchKit");
   if (reason == DLL_THREAD_DETACH) fetchkit::AbandonThread();
   if (reason == DLL_PROCESS_DETACH && !reserved) fetchkit::AbandonAllThreads();
   return TRUE;

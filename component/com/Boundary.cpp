@@ -4,12 +4,10 @@
 
 #include "base/Error.h"
 #include "component/com/ComPtr.h"
+#include "component/com/Module.h"
 
 namespace fetchkit {
 namespace {
-
-// The name that callers see as the source of an error.
-constexpr TextView kSource = u"FetchKit";
 
 HRESULT ScriptNumber(ErrorKind kind) {
   return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, static_cast<int>(kind));
@@ -20,7 +18,7 @@ void LeaveErrorInfo(TextView description) noexcept {
     ComPtr<ICreateErrorInfo> fresh;
     if (FAILED(CreateErrorInfo(fresh.Out()))) return;
     fresh->SetDescription(Bstr(description).get());
-    fresh->SetSource(Bstr(kSource).get());
+    fresh->SetSource(Bstr(Module::Source()).get());
     if (const auto info = fresh.As<IErrorInfo>(IID_IErrorInfo)) SetErrorInfo(0, info.get());
   } catch (...) {
     // The number alone must do.

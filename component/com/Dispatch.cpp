@@ -78,7 +78,8 @@ class Between {
 
  private:
   static void Check(HRESULT result) {
-    if (FAILED(result)) throw ComError{DISP_E_TYPEMISMATCH};
+    if (FAILED(result))
+      throw ComError{result == DISP_E_OVERFLOW ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH};
   }
 
   static std::size_t SizeOf(VARTYPE type) {

@@ -6,12 +6,18 @@ namespace fetchkit::Module {
 namespace {
 
 HINSTANCE handle = nullptr;
+TextView source;
 LONG users = 0;
 
 }  // namespace
 
-void SetHandle(HINSTANCE module) {
+void SetHandle(HINSTANCE module, TextView name) {
   handle = module;
+  source = name;
+}
+
+TextView Source() {
+  return source;
 }
 
 HINSTANCE Handle() {

@@ -6,9 +6,11 @@
 
 namespace fetchkit::Module {
 
-// Noted when the DLL is loaded.
-void SetHandle(HINSTANCE module);
+// Noted when the DLL is loaded. source: the name that callers see as the source of its errors; a
+// literal.
+void SetHandle(HINSTANCE module, TextView source);
 HINSTANCE Handle();
+TextView Source();
 
 // The DLL's full path.
 Text Path();

@@ -1,15 +1,13 @@
 // A host on the sample accounts: its connections, and what it shows of the statements.
 #pragma once
 
-#include <map>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/ThreadState.h"
 #include "demo/console/Console.h"
-#include "demo/host/SampleConnection.h"
+#include "demo/host/SampleHost.h"
 #include "session/Interface.h"
 
 namespace fetchkit::demo {
@@ -38,12 +36,12 @@ class DemoSession : private DiagnosticsSink {
 
   Interface& entry() { return entry_; }
 
-  const std::shared_ptr<SampleConnection>& connection() const { return current_; }
+  const std::shared_ptr<SampleConnection>& connection() const { return host_.connection(); }
 
   // Runs work, then prints the statements it sent and their number.
   template <class Work>
   void Run(Work&& work) {
-    reports_.clear();
+    host_.reports().clear();
     work();
     ShowStatements();
   }
@@ -51,12 +49,12 @@ class DemoSession : private DiagnosticsSink {
   // Runs work without printing anything; answers how many statements it sent.
   template <class Work>
   std::size_t Count(Work&& work) {
-    reports_.clear();
+    host_.reports().clear();
     work();
-    return reports_.size();
+    return reports().size();
   }
 
-  const std::vector<StatementReport>& reports() const { return reports_; }
+  const std::vector<StatementReport>& reports() const { return host_.reports(); }
 
  private:
   void OnFailure(const Failure& failure) override;
@@ -66,9 +64,7 @@ class DemoSession : private DiagnosticsSink {
   Interface entry_;
   bool trace_;
   DiagnosticsSink* sinkBefore_;
-  std::map<std::string, std::shared_ptr<SampleConnection>, std::less<>> connections_;
-  std::shared_ptr<SampleConnection> current_;
-  std::vector<StatementReport> reports_;
+  SampleHost host_;
   std::vector<Failure> failures_;
 };
 

@@ -1,40 +1,30 @@
 #include "demo/console/Console.h"
 
 #include <fmt/format.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-#include <utf8proc.h>
 
 #include <algorithm>
 
 #include "base/Utf8.h"
+#include "demo/console/Terminal.h"
 
 namespace fetchkit::demo {
 namespace {
 
-// Calls each(width, bytes of the character) for every character of the text.
+// Calls each(width, bytes of the character) for every character of the text; a stray byte is one
+// column wide.
 template <class Each>
 void ForEachCharacter(std::string_view text, Each&& each) {
-  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
-  auto left = static_cast<utf8proc_ssize_t>(text.size());
-  while (left > 0) {
-    utf8proc_int32_t point = 0;
-    utf8proc_ssize_t taken = utf8proc_iterate(bytes, left, &point);
-    if (taken < 1) taken = 1;  // a stray byte is shown as one column
-    each(point < 0 ? 1 : utf8proc_charwidth(point), static_cast<std::size_t>(taken));
-    bytes += taken;
-    left -= taken;
+  while (!text.empty()) {
+    std::size_t taken = 1;
+    while (taken < text.size() && (text[taken] & 0xC0) == 0x80)
+      ++taken;
+    const Text units = FromUtf8(text.substr(0, taken));
+    const bool pair = units.size() == 2 && units[0] >= 0xD800 && units[0] < 0xDC00;
+    const char32_t character =
+        pair ? 0x10000U + ((units[0] & 0x3FFU) << 10) + (units[1] & 0x3FFU) : units[0];
+    each(CharacterWidth(character), taken);
+    text.remove_prefix(taken);
   }
-}
-
-bool IsTerminal(std::FILE* out, ColourMode mode) {
-  return mode == ColourMode::Always || (mode == ColourMode::Auto && isatty(fileno(out)) != 0);
-}
-
-int TerminalColumns(std::FILE* out) {
-  winsize size{};
-  if (ioctl(fileno(out), TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
-  return 100;
 }
 
 }  // namespace
@@ -66,7 +56,9 @@ std::string Utf8(TextView text) {
 }
 
 Console::Console(std::FILE* out, ColourMode mode)
-    : out_(out), styled_(IsTerminal(out, mode)), columns_(styled_ ? TerminalColumns(out) : 0) {}
+    : out_(out),
+      styled_(mode == ColourMode::Always || (mode == ColourMode::Auto && IsTerminal(out))),
+      columns_(styled_ ? TerminalColumns(out) : 0) {}
 
 void Console::Heading(std::string_view text) {
   Print("\n");
@@ -124,12 +116,12 @@ void Console::EndTable() {
 }
 
 void Console::Print(std::string_view text) {
-  fmt::print(out_, "{}", text);
+  Write(out_, text);
 }
 
 void Console::Styled(const char* code, std::string_view text) {
   if (styled_) {
-    fmt::print(out_, "\033[{}m{}\033[0m", code, text);
+    Print(fmt::format("\033[{}m{}\033[0m", code, text));
   } else {
     Print(text);
   }

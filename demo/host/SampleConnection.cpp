@@ -1,6 +1,5 @@
 #include "demo/host/SampleConnection.h"
 
-#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "base/Error.h"
 #include "base/Utf8.h"
 #include "demo/dialect/Dialect.h"
+#include "demo/host/MemoryRecordset.h"
 
 namespace fetchkit::demo {
 namespace {
@@ -16,79 +16,6 @@ namespace {
 [[noreturn]] void Fail(TextView what) {
   throw Error(ErrorKind::Host, what);
 }
-
-class MemoryRecordset : public Recordset {
- public:
-  explicit MemoryRecordset(Statement& statement) {
-    for (int i = 0; i < statement.ColumnCount(); ++i)
-      names_.push_back(statement.ColumnName(i));
-    while (statement.Step()) {
-      for (int i = 0; i < statement.ColumnCount(); ++i)
-        cells_.push_back(statement.Column(i));
-      ++rows_;
-    }
-  }
-
-  bool Eof() override { return Open().row_ == rows_; }
-  // There is no way to stand before the first row of a recordset that has one.
-  bool Bof() override { return Open().rows_ == 0; }
-
-  void MoveFirst() override { MoveTo(0); }
-  void MoveLast() override { MoveTo(rows_ - 1); }
-  void MoveNext() override {
-    RequireRow();
-    ++row_;
-  }
-  std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
-
-  std::size_t Column(TextView name) override {
-    const auto found = std::find_if(Open().names_.begin(), names_.end(),
-                                    [&](const Text& own) { return EqualFolded(own, name); });
-    if (found == names_.end()) Fail(Join(u"The recordset has no column ", name, u"."));
-    return static_cast<std::size_t>(found - names_.begin());
-  }
-
-  Value At(std::size_t column) override {
-    RequireRow();
-    if (column >= names_.size()) Fail(u"The recordset has no such column.");
-    return cells_[row_ * names_.size() + column];
-  }
-
-  Text FirstRow() const {
-    Text text;
-    for (std::size_t i = 0; rows_ > 0 && i < names_.size(); ++i) {
-      const Value& cell = cells_[i];
-      text.append(Join(text.empty() ? u"" : u", ", names_[i], u"=",
-                       cell.IsNull() ? Text(u"-") : ToText(cell)));
-    }
-    return text;
-  }
-
-  // Frees the rows. False when it was closed before.
-  bool Close() {
-    cells_ = {};
-    return std::exchange(open_, false);
-  }
-
- private:
-  MemoryRecordset& Open() {
-    if (!open_) Fail(u"The recordset is closed.");
-    return *this;
-  }
-  void RequireRow() {
-    if (Eof()) Fail(u"The recordset has no current row.");
-  }
-  void MoveTo(std::size_t row) {
-    if (Bof()) Fail(u"The recordset has no rows.");
-    row_ = row;
-  }
-
-  std::vector<Text> names_;
-  std::vector<Value> cells_;  // row by row
-  std::size_t rows_ = 0;
-  std::size_t row_ = 0;
-  bool open_ = true;
-};
 
 class SampleContext : public fetchkit::HostContext,
                       public HostAccountType,

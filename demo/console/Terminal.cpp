@@ -1,0 +1,28 @@
+#include "demo/console/Terminal.h"
+
+#include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+#include <utf8proc.h>
+
+namespace fetchkit::demo {
+
+bool IsTerminal(std::FILE* out) {
+  return isatty(fileno(out)) != 0;
+}
+
+int TerminalColumns(std::FILE* out) {
+  winsize size{};
+  if (ioctl(fileno(out), TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+  return 100;
+}
+
+int CharacterWidth(char32_t character) {
+  return utf8proc_charwidth(static_cast<utf8proc_int32_t>(character));
+}
+
+void Write(std::FILE* out, std::string_view text) {
+  fmt::print(out, "{}", text);
+}
+
+}  // namespace fetchkit::demo

@@ -1,0 +1,88 @@
+#include "demo/host/MemoryRecordset.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Error.h"
+
+namespace fetchkit::demo {
+namespace {
+
+[[noreturn]] void Fail(TextView what) {
+  throw Error(ErrorKind::Host, what);
+}
+
+}  // namespace
+
+MemoryRecordset::MemoryRecordset(Statement& statement) {
+  for (int i = 0; i < statement.ColumnCount(); ++i)
+    names_.push_back(statement.ColumnName(i));
+  while (statement.Step()) {
+    for (int i = 0; i < statement.ColumnCount(); ++i)
+      cells_.push_back(statement.Column(i));
+    ++rows_;
+  }
+}
+
+void MemoryRecordset::MoveNext() {
+  if (Eof()) Fail(u"The recordset has no current row.");
+  if (!std::exchange(beforeFirst_, false)) ++row_;
+}
+
+void MemoryRecordset::MovePrevious() {
+  if (Bof()) Fail(u"The recordset has no current row.");
+  beforeFirst_ = row_ == 0;
+  if (row_ > 0) --row_;
+}
+
+std::size_t MemoryRecordset::Column(TextView name) {
+  const auto found = std::find_if(Open().names_.begin(), names_.end(),
+                                  [&](const Text& own) { return EqualFolded(own, name); });
+  if (found == names_.end()) Fail(Join(u"The recordset has no column ", name, u"."));
+  return static_cast<std::size_t>(found - names_.begin());
+}
+
+Value MemoryRecordset::At(std::size_t column) {
+  if (Eof() || Bof()) Fail(u"The recordset has no current row.");
+  RequireColumn(column);
+  return cells_[row_ * names_.size() + column];
+}
+
+Value MemoryRecordset::Example(std::size_t column) {
+  Open().RequireColumn(column);
+  for (std::size_t i = column; i < cells_.size(); i += names_.size())
+    if (!cells_[i].IsNull()) return cells_[i];
+  return Value(NullValue());
+}
+
+Text MemoryRecordset::FirstRow() const {
+  Text text;
+  for (std::size_t i = 0; rows_ > 0 && i < names_.size(); ++i) {
+    const Value& cell = cells_[i];
+    text.append(Join(text.empty() ? u"" : u", ", names_[i], u"=",
+                     cell.IsNull() ? Text(u"-") : ToText(cell)));
+  }
+  return text;
+}
+
+bool MemoryRecordset::Close() {
+  cells_ = {};
+  return std::exchange(open_, false);
+}
+
+MemoryRecordset& MemoryRecordset::Open() {
+  if (!open_) Fail(u"The recordset is closed.");
+  return *this;
+}
+
+void MemoryRecordset::RequireColumn(std::size_t column) {
+  if (column >= names_.size()) Fail(u"The recordset has no such column.");
+}
+
+void MemoryRecordset::MoveTo(std::size_t row) {
+  if (Open().rows_ == 0) Fail(u"The recordset has no rows.");
+  row_ = row;
+  beforeFirst_ = false;
+}
+
+}  // namespace fetchkit::demo

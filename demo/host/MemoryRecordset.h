@@ -1,0 +1,56 @@
+// The rows of a query, read into memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "base/Text.h"
+#include "base/Value.h"
+#include "demo/sqlite/Database.h"
+#include "host/Recordset.h"
+
+namespace fetchkit::demo {
+
+// Error (Host) for every operation once it is closed, and for moves and reads that have no row.
+class MemoryRecordset : public Recordset {
+ public:
+  // Runs the statement to its end.
+  explicit MemoryRecordset(Statement& statement);
+
+  bool Eof() override { return Open().row_ == rows_; }
+  bool Bof() override { return Open().rows_ == 0 || beforeFirst_; }
+  void MoveFirst() override { MoveTo(0); }
+  void MoveLast() override { MoveTo(rows_ - 1); }
+  void MoveNext() override;
+  void MovePrevious();
+  std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
+  std::size_t Column(TextView name) override;
+  Value At(std::size_t column) override;
+
+  // In the order of the statement.
+  const std::vector<Text>& ColumnNames() { return Open().names_; }
+
+  // The first value of the column that is not Null, whatever row is current; Null for none.
+  Value Example(std::size_t column);
+
+  // "column=value, ..." of the first row; Null is shown as -.
+  Text FirstRow() const;
+
+  // Frees the rows. False when it was closed before.
+  bool Close();
+
+ private:
+  MemoryRecordset& Open();
+  void RequireColumn(std::size_t column);
+  void MoveTo(std::size_t row);
+
+  std::vector<Text> names_;
+  std::vector<Value> cells_;  // row by row
+  std::size_t rows_ = 0;
+  std::size_t row_ = 0;
+  bool beforeFirst_ = false;  // row_ is 0 then
+  bool open_ = true;
+};
+
+}  // namespace fetchkit::demo

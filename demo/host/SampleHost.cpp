@@ -1,0 +1,59 @@
+#include "demo/host/SampleHost.h"
+
+#include "base/Utf8.h"
+#include "demo/SampleAccounts.h"
+
+namespace fetchkit::demo {
+namespace {
+
+// The account's database attached first: unqualified names are its own.
+std::shared_ptr<Database> OpenAccount(std::string_view userId) {
+  auto database = std::make_shared<Database>();
+  for (const bool account : {true, false}) {
+    for (const SampleDatabase& sample : SampleDatabases()) {
+      const bool isServers = sample.schema == "System";
+      if (account ? sample.schema != userId : !isServers) continue;
+      Database filled;
+      RunScripts(filled.handle(), sample.prefix);
+      database->AttachCopy(filled, FromUtf8(sample.schema));
+    }
+  }
+  return database;
+}
+
+Login LoginOf(const SampleLogin& sample) {
+  Login login;
+  login.accountType = sample.accountType;
+  login.server = FromUtf8(sample.serverName);
+  login.userId = FromUtf8(sample.userId);
+  login.loginDate = FromUtf8(sample.loginDate);
+  login.organizationId = sample.organizationId;
+  login.operatorId = sample.operatorId;
+  login.password = FromUtf8(sample.password);
+  login.items[u"#SSCustomerID"] = Value(FromUtf8(sample.ssCustomerId));
+  return login;
+}
+
+}  // namespace
+
+void SampleHost::Switch(std::string_view loginName) {
+  const SampleLogin& sample = FindSampleLogin(loginName);
+  auto& connection = connections_[std::string(sample.userId)];
+  if (!connection) {
+    connection = std::make_shared<SampleConnection>(OpenAccount(sample.userId), Login());
+    connection->trace = [reports = reports_](const StatementReport& report) {
+      reports->push_back(report);
+    };
+  }
+  connection->login = LoginOf(sample);
+  current_ = connection;
+}
+
+int SampleHost::openRecordsets() const {
+  int open = 0;
+  for (const auto& [userId, connection] : connections_)
+    open += connection->openRecordsets();
+  return open;
+}
+
+}  // namespace fetchkit::demo
