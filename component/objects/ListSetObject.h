@@ -1,15 +1,32 @@
 // FetchKit.ListSet.
 //
-// One line per member: arguments in, the core's member, the result out.
+// One line per member: arguments in, the core's member, the result out. The dialogs are shown in
+// windows of this DLL.
 #pragma once
 
 #include "component/com/ComObject.h"
 #include "component/host/AdoRecordset.h"
 #include "component/objects/ListRecord.h"
+#include "component/ui/Win32FormView.h"
+#include "dialogs/Forms.h"
 #include "idl/FetchKit.h"
 #include "listset/ListSet.h"
 
 namespace fetchkit {
+
+// Shows the calling thread's dialogs in windows while it lives.
+class DialogsInWindows {
+ public:
+  DialogsInWindows() : before_(SetFormHost(&forms_)) {}
+  ~DialogsInWindows() { SetFormHost(before_); }
+  DialogsInWindows(const DialogsInWindows&) = delete;
+  DialogsInWindows& operator=(const DialogsInWindows&) = delete;
+
+ private:
+  ui::Win32FormView view_{Module::Handle()};
+  Forms forms_{view_};
+  FormHost* before_;
+};
 
 class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet> {
  public:
@@ -27,13 +44,17 @@ class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet
                                BSTR* strShowCond, VARIANT_BOOL IsEnum, VARIANT arrEnum,
                                VARIANT_BOOL* bOk, long hWndOwner, BSTR* result) noexcept override {
     return Answer(result, [&] {
+      const DialogsInWindows windows;
       return core().ShowMultiChoose(RowsOf(oCodeRs), ViewOf(strCodeName), ViewOf(strChoosedCond),
                                     InOutText(strShowCond), IsEnum != VARIANT_FALSE,
                                     ValueOf(arrEnum), InOutBoolean(bOk), hWndOwner);
     });
   }
   STDMETHODIMP ShowFilter(long hWndOwner, VARIANT_BOOL* result) noexcept override {
-    return Answer(result, [&] { return core().ShowFilter(hWndOwner); });
+    return Answer(result, [&] {
+      const DialogsInWindows windows;
+      return core().ShowFilter(hWndOwner);
+    });
   }
   STDMETHODIMP get_ViewId(long* result) noexcept override {
     return Answer(result, [&] { return core().ViewId(); });

@@ -1,0 +1,265 @@
+#include "component/ui/Dialog.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <cwchar>
+
+#include "base/Guard.h"
+
+namespace fetchkit::ui {
+namespace {
+
+// Dialog templates are sequences of 16-bit words.
+using Words = std::vector<WORD>;
+
+// Behind a menu, class or title: nothing, an ordinal, or a text with its NUL.
+const WORD* SkipName(const WORD* at) {
+  if (*at == 0xFFFF) return at + 2;
+  while (*at != 0)
+    ++at;
+  return at + 1;
+}
+
+// The template with another font. It must be an extended one that names a font.
+Words WithFont(const void* resource, std::size_t bytes, const LOGFONTW& font) {
+  const auto* begin = static_cast<const WORD*>(resource);
+  const auto* end = begin + bytes / sizeof(WORD);
+  const WORD* at = begin + 13;            // the fixed part
+  at = SkipName(SkipName(SkipName(at)));  // menu, class, title
+  Words words(begin, at);
+  const auto points = -MulDiv(font.lfHeight, 72, static_cast<int>(SystemDpi()));
+  words.push_back(static_cast<WORD>(points));
+  words.push_back(static_cast<WORD>(font.lfWeight));
+  words.push_back(static_cast<WORD>(font.lfItalic | font.lfCharSet << 8));
+  for (const wchar_t* letter = font.lfFaceName; *letter != 0; ++letter)
+    words.push_back(static_cast<WORD>(*letter));
+  words.push_back(0);
+  at = SkipName(at + 3);
+  // The controls begin at a multiple of four bytes, in both.
+  if ((at - begin) % 2 != 0) ++at;
+  if (words.size() % 2 != 0) words.push_back(0);
+  words.insert(words.end(), at, end);
+  return words;
+}
+
+RECT Scaled(const RECT& rect, UINT to, UINT from) {
+  const auto scale = [&](LONG length) {
+    return static_cast<LONG>(MulDiv(length, static_cast<int>(to), static_cast<int>(from)));
+  };
+  return {scale(rect.left), scale(rect.top), scale(rect.right), scale(rect.bottom)};
+}
+
+// Version 6 of the common controls for the windows that are made while it lives, whatever the
+// program's own manifest says.
+class CommonControls {
+ public:
+  explicit CommonControls(HINSTANCE module) {
+    wchar_t path[32768];
+    const DWORD length = GetModuleFileNameW(module, path, 32768);
+    ACTCTXW request{};
+    request.cbSize = sizeof request;
+    request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    request.hModule = module;
+    request.lpSource = length != 0 ? path : nullptr;
+    request.lpResourceName = MAKEINTRESOURCEW(2);
+    context_ = CreateActCtxW(&request);
+    if (context_ == INVALID_HANDLE_VALUE) return;
+    NoteCreated();
+    active_ = ActivateActCtx(context_, &cookie_) != FALSE;
+  }
+  ~CommonControls() {
+    if (active_) DeactivateActCtx(0, cookie_);
+    if (context_ == INVALID_HANDLE_VALUE) return;
+    ReleaseActCtx(context_);
+    NoteDestroyed();
+  }
+  CommonControls(const CommonControls&) = delete;
+  CommonControls& operator=(const CommonControls&) = delete;
+
+ private:
+  HANDLE context_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR cookie_ = 0;
+  bool active_ = false;
+};
+
+}  // namespace
+
+bool Dialog::ShowModal(HWND owner) {
+  const HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(templateId_), RT_DIALOG);
+  const HGLOBAL loaded = found ? LoadResource(module_, found) : nullptr;
+  if (!loaded) return false;
+  const Words words =
+      WithFont(LockResource(loaded), SizeofResource(module_, found), MessageFont(SystemDpi()));
+  owner_ = owner;
+  const CommonControls controls(module_);
+  const INT_PTR result =
+      DialogBoxIndirectParamW(module_, reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
+                              Procedure, reinterpret_cast<LPARAM>(this));
+  window_ = nullptr;
+  return result != -1;
+}
+
+INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(window, DWLP_USER, static_cast<LONG_PTR>(second));
+    reinterpret_cast<Dialog*>(second)->window_ = window;
+    NoteCreated();
+  }
+  auto* self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (!self) return FALSE;
+  if (message == WM_NCDESTROY) {
+    self->window_ = nullptr;
+    NoteDestroyed();
+    return FALSE;
+  }
+  INT_PTR handled = FALSE;
+  ++self->depth_;
+  Step(u"dialog", [&] { handled = self->Handle(message, first, second); });
+  if (self->depth_ == 1) Step(u"dialog", [&] { self->OnHandled(); });
+  --self->depth_;
+  return handled;
+}
+
+INT_PTR Dialog::Handle(UINT message, WPARAM first, LPARAM second) {
+  LRESULT result = 0;
+  switch (message) {
+    case WM_INITDIALOG:
+      Begin();
+      return FALSE;  // the focus is set
+    case WM_COMMAND:
+      if (LOWORD(first) == IDCANCEL && second == 0)
+        OnCancel();
+      else
+        OnCommand(LOWORD(first), HIWORD(first));
+      return TRUE;
+    case WM_CLOSE:
+      OnCancel();
+      return TRUE;
+    case WM_NOTIFY:
+      if (!OnNotify(*reinterpret_cast<const NMHDR*>(second), result)) return FALSE;
+      break;
+    case WM_SIZE:
+      if (first != SIZE_MINIMIZED) Arrange();
+      return TRUE;
+    case WM_GETMINMAXINFO: {
+      auto& limits = *reinterpret_cast<MINMAXINFO*>(second);
+      limits.ptMinTrackSize = {firstWindow_.cx, firstWindow_.cy};
+      return TRUE;
+    }
+    case 0x02E0:  // WM_DPICHANGED
+      Rescale(LOWORD(first), *reinterpret_cast<const RECT*>(second));
+      return TRUE;
+    case WM_SHOWWINDOW:
+      if (first) Step(u"dialog", [&] { OnShown(); });
+      return FALSE;
+    default:
+      if (!OnMessage(message, first, second, result)) return FALSE;
+      break;
+  }
+  SetWindowLongPtrW(window_, DWLP_MSGRESULT, static_cast<LONG_PTR>(result));
+  return TRUE;
+}
+
+bool Dialog::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) {
+  return false;
+}
+
+void Dialog::Begin() {
+  dpi_ = SystemDpi();
+  RECT client{};
+  RECT whole{};
+  GetClientRect(window_, &client);
+  GetWindowRect(window_, &whole);
+  firstClient_ = {client.right, client.bottom};
+  firstWindow_ = {whole.right - whole.left, whole.bottom - whole.top};
+  for (HWND control = GetWindow(window_, GW_CHILD); control;
+       control = GetWindow(control, GW_HWNDNEXT)) {
+    RECT at{};
+    GetWindowRect(control, &at);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&at), 2);
+    const int id = GetDlgCtrlID(control);
+    const auto known = std::find_if(follows_.begin(), follows_.end(),
+                                    [id](const Follows& each) { return each.id == id; });
+    placed_.push_back({control, at, known == follows_.end() ? Follows{id, 0, 0, 0, 0} : *known});
+  }
+  Step(u"dialog", [&] { OnInit(); });
+  if (const UINT dpi = DpiOf(window_); dpi != dpi_) {
+    const RECT scaled = Scaled(whole, dpi, dpi_);
+    Rescale(dpi, scaled);
+  }
+  PlaceOverOwner();
+}
+
+void Dialog::PlaceOverOwner() {
+  RECT mine{};
+  GetWindowRect(window_, &mine);
+  const LONG width = mine.right - mine.left;
+  const LONG height = mine.bottom - mine.top;
+  const HMONITOR monitor = MonitorFromWindow(owner_ ? owner_ : window_, MONITOR_DEFAULTTONEAREST);
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(monitor, &info);
+  const RECT& area = info.rcWork;
+  RECT over = area;
+  if (owner_ && IsWindowVisible(owner_) && !IsIconic(owner_)) GetWindowRect(owner_, &over);
+  const LONG x = over.left + (over.right - over.left - width) / 2;
+  const LONG y = over.top + (over.bottom - over.top - height) / 2;
+  SetWindowPos(window_, nullptr,
+               std::max(area.left, std::min(x, static_cast<LONG>(area.right - width))),
+               std::max(area.top, std::min(y, static_cast<LONG>(area.bottom - height))), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Dialog::Arrange() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  const LONG wider = client.right - firstClient_.cx;
+  const LONG taller = client.bottom - firstClient_.cy;
+  HDWP positions = BeginDeferWindowPos(static_cast<int>(placed_.size()));
+  for (const Placed& each : placed_) {
+    const Follows& how = each.follows;
+    positions = DeferWindowPos(
+        positions, each.control, nullptr, each.at.left + wider * how.moveX / 100,
+        each.at.top + taller * how.moveY / 100,
+        each.at.right - each.at.left + wider * how.growX / 100,
+        each.at.bottom - each.at.top + taller * how.growY / 100, SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  EndDeferWindowPos(positions);
+  // Frames paint only their lines, so what they left behind has to go.
+  InvalidateRect(window_, nullptr, TRUE);
+  OnLayout();
+}
+
+void Dialog::Rescale(UINT dpi, const RECT& suggested) {
+  for (Placed& each : placed_)
+    each.at = Scaled(each.at, dpi, dpi_);
+  const RECT client = Scaled({0, 0, firstClient_.cx, firstClient_.cy}, dpi, dpi_);
+  const RECT whole = Scaled({0, 0, firstWindow_.cx, firstWindow_.cy}, dpi, dpi_);
+  firstClient_ = {client.right, client.bottom};
+  firstWindow_ = {whole.right, whole.bottom};
+  dpi_ = dpi;
+  const LOGFONTW description = MessageFont(dpi);
+  Font font(CreateFontIndirectW(&description));
+  for (const Placed& each : placed_)
+    SendMessageW(each.control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+  font_ = std::move(font);
+  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  Arrange();
+}
+
+void Dialog::Close() {
+  if (window_) EndDialog(window_, 1);
+}
+
+int Dialog::Pixels(int at96) const {
+  return MulDiv(at96, static_cast<int>(dpi_), 96);
+}
+
+int Dialog::PixelsOfTwips(int twips) const {
+  return MulDiv(twips, static_cast<int>(dpi_), 1440);
+}
+
+}  // namespace fetchkit::ui

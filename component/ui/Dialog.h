@@ -1,0 +1,89 @@
+// A modal dialog in a real window: what all dialogs of the library have in common.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "component/Windows.h"
+#include "component/ui/Fonts.h"
+
+namespace fetchkit::ui {
+
+// How a control follows when the dialog grows: hundredths of the growth that move it and that are
+// added to its size. Controls that are not listed stay where they are.
+struct Follows {
+  int id;
+  int moveX, moveY, growX, growY;
+};
+
+// Built from a dialog template of the resources, in the user's message font. It may be resized,
+// never below its first size, scales with the monitor that it is on, and stands over the middle of
+// its owner, which is disabled meanwhile. Errors inside a handler are noted and end the handler
+// alone.
+class Dialog {
+ public:
+  Dialog(HINSTANCE module, int templateId, std::span<const Follows> follows)
+      : module_(module), templateId_(templateId), follows_(follows) {}
+  virtual ~Dialog() = default;
+  Dialog(const Dialog&) = delete;
+  Dialog& operator=(const Dialog&) = delete;
+
+  // Returns when the dialog is closed or its owner is gone. owner: null for none. False when the
+  // system refuses a window.
+  bool ShowModal(HWND owner);
+
+  HWND window() const { return window_; }
+
+ protected:
+  // Controls are there, nothing is visible yet.
+  virtual void OnInit() = 0;
+  // The window is visible, or about to be, and complete.
+  virtual void OnShown() {}
+  virtual void OnCommand(int id, int code) = 0;
+  // Answers whether result is the answer.
+  virtual bool OnNotify(const NMHDR& notice, LRESULT& result) = 0;
+  // Any other message; answers likewise.
+  virtual bool OnMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
+  // After a change of size or resolution.
+  virtual void OnLayout() {}
+  // At the end of every message, the outermost one if they are nested.
+  virtual void OnHandled() {}
+  // The user closes the window by Escape, its button or its menu.
+  virtual void OnCancel() = 0;
+
+  // Ends ShowModal.
+  void Close();
+
+  HWND Window(int id) const { return GetDlgItem(window_, id); }
+  // Pixels of a length at 96 dots per inch, and of twips (1440 to the inch).
+  int Pixels(int at96) const;
+  int PixelsOfTwips(int twips) const;
+
+ private:
+  struct Placed {
+    HWND control;
+    RECT at;  // in the dialog's first size
+    Follows follows;
+  };
+
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+  INT_PTR Handle(UINT message, WPARAM first, LPARAM second);
+  void Begin();
+  void PlaceOverOwner();
+  void Arrange();
+  void Rescale(UINT dpi, const RECT& suggested);
+
+  HINSTANCE module_;
+  int templateId_;
+  std::span<const Follows> follows_;
+  int depth_ = 0;  // messages that are being handled
+  HWND window_ = nullptr;
+  HWND owner_ = nullptr;
+  UINT dpi_ = 96;
+  Font font_;
+  SIZE firstClient_{};
+  SIZE firstWindow_{};
+  std::vector<Placed> placed_;
+};
+
+}  // namespace fetchkit::ui

@@ -1,0 +1,105 @@
+// A form in a real window.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <span>
+
+#include "base/Guard.h"
+#include "component/ui/Dialog.h"
+#include "dialogs/ControlModels.h"
+#include "dialogs/Form.h"
+#include "dialogs/PickCombo.h"
+
+namespace fetchkit::ui {
+
+// One control's window. Notices that come while it is being brought up to date are the program's
+// own doing and do not reach it.
+class ControlWindow {
+ public:
+  ControlWindow(Control& model, HWND window) : model_(model), window_(window) {}
+  virtual ~ControlWindow() = default;
+  ControlWindow(const ControlWindow&) = delete;
+  ControlWindow& operator=(const ControlWindow&) = delete;
+
+  Control& model() const { return model_; }
+  HWND window() const { return window_; }
+
+  // From the model to the window; the base does what all controls share.
+  virtual void Refresh();
+  virtual void OnCommand(int /*code*/) {}
+  virtual bool OnNotify(const NMHDR& /*notice*/, LRESULT& /*result*/) { return false; }
+  virtual void OnDraw(const DRAWITEMSTRUCT& /*drawing*/) {}
+  // The size, the font or the resolution has changed.
+  virtual void OnLayout() {}
+  // What PostLater has asked for.
+  virtual void OnLater() {}
+
+ private:
+  Control& model_;
+  HWND window_;
+};
+
+// Shows a form from a dialog template whose controls are bound to the form's, and passes on what
+// the user does. What a handler changes in the models is drawn when the handler has ended.
+class FormWindow : public Dialog, private FormObserver {
+ public:
+  FormWindow(HINSTANCE module, int templateId, std::span<const Follows> follows, Form& form);
+  ~FormWindow() override;
+
+  // Shows the form until it is closed; a form whose owner goes, or that cannot be shown, counts as
+  // closed by the user.
+  void Run(HWND owner);
+
+  // For the controls' windows.
+  bool IsRefreshing() const { return refreshing_; }
+  void PostLater(ControlWindow& control);
+  // Runs an act that did not come as a message to the form's window.
+  template <class Body>
+  void Act(Body&& body) {
+    Step(u"dialog", body);
+    Step(u"dialog", [this] { OnHandled(); });
+  }
+  Control* ModelOf(HWND window) const;
+  using Dialog::Pixels;
+  using Dialog::PixelsOfTwips;
+
+ protected:
+  // Makes the windows of all controls with Bind.
+  virtual void BindControls() = 0;
+
+  void Bind(Frame& model, int id);
+  void Bind(Label& model, int id);
+  void Bind(CommandButton& model, int id);
+  void Bind(TextBox& model, int id);
+  void Bind(DateSpinner& model, int id);
+  void Bind(TreeView& model, int id);
+  void Bind(MSFlexGrid& model, int id);
+  void Bind(ListBox& model, int id);
+  void Bind(PickCombo& model, int id);
+
+ private:
+  void OnInit() final;
+  void OnCommand(int id, int code) final;
+  bool OnNotify(const NMHDR& notice, LRESULT& result) final;
+  bool OnMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) final;
+  void OnLayout() final;
+  void OnCancel() final { form_.UserPressedEscape(); }
+  void OnHandled() final;
+
+  void Changed(Control& control) final { changed_.insert(&control); }
+  void FocusWanted(Control& control) final;
+  void Closed(Form& form) final;
+
+  void Add(int id, std::unique_ptr<ControlWindow> control);
+  void RefreshChanged();
+
+  Form& form_;
+  std::map<int, std::unique_ptr<ControlWindow>> controls_;  // by number
+  std::map<const Control*, ControlWindow*> byModel_;
+  std::set<Control*> changed_;
+  bool refreshing_ = false;
+};
+
+}  // namespace fetchkit::ui

@@ -1,0 +1,62 @@
+// Plays a user in the component's modal dialogs, through real windows and messages.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "base/Text.h"
+#include "component/Windows.h"
+
+namespace fetchkit::test {
+
+// An owner window. While a dialog that stands over it, or over another such dialog, is idle, the
+// acts are played one after the other, each with the dialog that is idle then. A dialog that is
+// still there some seconds after the last act fails the test and is closed.
+class DialogPlayer {
+ public:
+  using Act = std::function<void(HWND dialog)>;
+
+  DialogPlayer();
+  ~DialogPlayer();
+  DialogPlayer(const DialogPlayer&) = delete;
+  DialogPlayer& operator=(const DialogPlayer&) = delete;
+
+  HWND owner() const { return owner_; }
+  long Handle() const { return HandleToLong(owner_); }
+
+  DialogPlayer& Then(Act act) {
+    acts_.push_back(std::move(act));
+    return *this;
+  }
+
+  // Whether every act has been played.
+  bool IsDone() const { return acts_.empty(); }
+
+  // For dialogs of dialogs: their owner's idle notices come here too.
+  void OnIdle(HWND dialog);
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+
+  HWND owner_ = nullptr;
+  std::deque<Act> acts_;
+};
+
+// What users do. ids are those of component/ui/Controls.h.
+void ClickNode(HWND dialog, int node);
+void Pick(HWND dialog, int row);  // in the picker: opens its list, walks to the row, Enter
+void Type(HWND dialog, int id, TextView text);
+void Press(HWND dialog, int id);  // a button
+void Key(HWND dialog, WORD key);  // to the control that has the focus
+void Tab(HWND dialog);            // to the next control, as the dialog's own keyboard does
+void Resize(HWND dialog, int wider, int taller);
+int FocusId(HWND dialog);
+Text TextIn(HWND dialog, int id);
+Text ListCell(HWND dialog, int id, int row, int column);
+int ListCount(HWND dialog, int id);
+
+// Keeps a picture of the dialog as build/pictures/NAME.png.
+void KeepPicture(HWND dialog, const std::string& name);
+
+}  // namespace fetchkit::test

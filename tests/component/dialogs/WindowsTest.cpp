@@ -1,0 +1,205 @@
+// The dialogs in their windows, opened through FetchKit.dll by a host with the sample accounts.
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "component/Windows.h"
+#include "component/com/Bstr.h"
+#include "component/com/ComPtr.h"
+#include "dialogs/DialogPlayer.h"
+#include "component/ui/Controls.h"
+#include "demo/host/SampleHost.h"
+#include "demo/windows/com/ConnectionObject.h"
+#include "idl/FetchKit.h"
+
+namespace fetchkit::test {
+namespace {
+
+// Nodes of the sample view 101, and rows of the pickers.
+enum Node {
+  kDate = 0,
+  kVoucherNumber = 2,
+  kSummary = 4,
+  kDepartment = 7,
+  kAmount = 17,
+  kState = 19,
+  kCheckDate = 22
+};
+enum Row { kAny = 0, kEqual = 4, kBetween = 8 };
+
+class WindowsTest : public testing::Test {
+ protected:
+  WindowsTest() {
+    host_.Switch("main");
+    connection_ = ComPtr<IDispatch>::Attach(demo::ConnectionObjectOf(host_.connection()));
+    EXPECT_EQ(CoCreateInstance(CLSID_Interface, nullptr, CLSCTX_INPROC_SERVER, IID_IInterface,
+                               reinterpret_cast<void**>(entry_.Out())),
+              S_OK);
+    entry_->Initialize(connection_.InOut());
+    EXPECT_EQ(CoCreateInstance(CLSID_ListSet, nullptr, CLSCTX_INPROC_SERVER, IID_IListSet,
+                               reinterpret_cast<void**>(list_.Out())),
+              S_OK);
+    Open(101);
+  }
+
+  void Open(long view) { EXPECT_EQ(list_->put_ViewId(view), S_OK); }
+
+  bool ShowFilter() {
+    VARIANT_BOOL confirmed = VARIANT_FALSE;
+    EXPECT_EQ(list_->ShowFilter(player_.Handle(), &confirmed), S_OK);
+    EXPECT_TRUE(player_.IsDone());
+    EXPECT_TRUE(IsWindowEnabled(player_.owner()));
+    return confirmed != VARIANT_FALSE;
+  }
+
+  Text Where() {
+    Bstr where;
+    EXPECT_EQ(list_->get_ListPureWhere(where.Out()), S_OK);
+    return Text(where.view());
+  }
+
+  demo::SampleHost host_;
+  ComPtr<IDispatch> connection_;
+  ComPtr<IInterface> entry_;
+  ComPtr<IListSet> list_;
+  DialogPlayer player_;
+};
+
+DialogPlayer::Act Picture(const char* name) {
+  return [name](HWND dialog) { KeepPicture(dialog, name); };
+}
+
+TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
+  Text shown;
+  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); })
+      .Then([](HWND dialog) {
+        EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
+        EXPECT_FALSE(IsWindowEnabled(GetParent(dialog)));
+        ClickNode(dialog, kSummary);
+      })
+      .Then([](HWND dialog) { Pick(dialog, kEqual); })
+      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"差旅费"); })
+      .Then(Picture("text"))
+      .Then([](HWND dialog) { ClickNode(dialog, kAmount); })
+      .Then([](HWND dialog) { Pick(dialog, 8); })
+      .Then([](HWND dialog) {
+        Type(dialog, ID_TXT_FROM, u"100");
+        Type(dialog, ID_TXT_TO, u"5000");
+      })
+      .Then(Picture("between"))
+      .Then([](HWND dialog) { ClickNode(dialog, kDate); })
+      .Then([](HWND dialog) { Pick(dialog, 17); })
+      .Then(Picture("period"))
+      .Then([](HWND dialog) { ClickNode(dialog, kCheckDate); })
+      .Then(Picture("date"))
+      .Then([](HWND dialog) { ClickNode(dialog, kState); })
+      .Then([](HWND dialog) { Pick(dialog, 1); })
+      .Then(Picture("enumeration"))
+      .Then([](HWND dialog) { ClickNode(dialog, kDepartment); })
+      .Then([](HWND dialog) { Pick(dialog, 2); })
+      .Then(Picture("code"))
+      .Then([](HWND dialog) {
+        // The picker's last entry opens the chooser, over this dialog.
+        const auto last = SendDlgItemMessageW(dialog, ID_LXT_OTHER, CB_GETCOUNT, 0, 0) - 1;
+        Pick(dialog, static_cast<int>(last));
+      })
+      .Then([](HWND chooser) {
+        EXPECT_EQ(ListCount(chooser, ID_SELECTED), 1);
+        Press(chooser, ID_CMD_RIGHT_ONE);
+      })
+      .Then([](HWND chooser) { Press(chooser, ID_CMD_RIGHT_ONE); })
+      .Then(Picture("chooser"))
+      .Then([](HWND chooser) {
+        EXPECT_EQ(ListCount(chooser, ID_SELECTED), 3);
+        Press(chooser, IDOK);
+      })
+      .Then([&](HWND dialog) {
+        for (int row = 0; row < ListCount(dialog, ID_MSG_FILTER); ++row)
+          shown += ListCell(dialog, ID_MSG_FILTER, row, 0) + u"=" +
+                   ListCell(dialog, ID_MSG_FILTER, row, 1) + u"; ";
+        Press(dialog, IDOK);
+      });
+  EXPECT_TRUE(ShowFilter());
+  EXPECT_EQ(shown, u"");
+  EXPECT_EQ(Where(), u"");
+}
+
+TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
+  const Text before = Where();
+  std::vector<int> walked;
+  player_.Then([&](HWND dialog) { ClickNode(dialog, kSummary); })
+      .Then([&](HWND dialog) { Pick(dialog, kBetween); })
+      .Then([&](HWND dialog) {
+        SetFocus(GetDlgItem(dialog, ID_TVW_FILTER));
+        for (int step = 0; step < 8; ++step) {
+          walked.push_back(FocusId(dialog));
+          Tab(dialog);
+        }
+        std::set<wchar_t> keys;
+        for (HWND control = GetWindow(dialog, GW_CHILD); control;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+          if (!IsWindowVisible(control) || GetDlgCtrlID(control) == ID_LBL_TITLE) continue;
+          const Text text = TextIn(dialog, GetDlgCtrlID(control));
+          const auto mark = text.find(u'&');
+          if (mark == Text::npos) continue;
+          EXPECT_TRUE(keys.insert(static_cast<wchar_t>(text[mark + 1])).second)
+              << "two controls have the access key " << static_cast<char>(text[mark + 1]);
+        }
+        EXPECT_GE(keys.size(), 5U);
+      })
+      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"x"); })
+      .Then([](HWND dialog) { Key(dialog, VK_ESCAPE); });
+  EXPECT_FALSE(ShowFilter());
+  EXPECT_EQ(Where(), before);
+  EXPECT_EQ(walked, (std::vector<int>{ID_TVW_FILTER, ID_MSG_FILTER, ID_LXT_OTHER, ID_TXT_FROM,
+                                      ID_TXT_TO, IDOK, IDCANCEL, ID_CMD_CLEAR}));
+}
+
+TEST_F(WindowsTest, ARefusedValueKeepsTheDialogOpenAndTheFocus) {
+  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); })
+      .Then([](HWND dialog) { ClickNode(dialog, kVoucherNumber); })
+      .Then([](HWND dialog) { Pick(dialog, kEqual); })
+      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"zwölf"); })
+      .Then([](HWND dialog) { Key(dialog, VK_RETURN); })
+      .Then([](HWND dialog) {
+        EXPECT_EQ(FocusId(dialog), ID_TXT_FROM);
+        EXPECT_EQ(TextIn(dialog, ID_TXT_FROM), u"zwölf");
+        EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
+        Type(dialog, ID_TXT_FROM, u"12");
+      })
+      .Then([](HWND dialog) { Key(dialog, VK_RETURN); });
+  EXPECT_TRUE(ShowFilter());
+  EXPECT_EQ(Where(), u"");
+}
+
+TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
+  int rows = 0;
+  player_
+      .Then([&](HWND dialog) {
+        rows = ListCount(dialog, ID_MSG_FILTER);
+        ASSERT_GT(rows, 0);
+        const HWND grid = GetDlgItem(dialog, ID_MSG_FILTER);
+        SetFocus(grid);
+        ListView_SetItemState(grid, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        SendMessageW(grid, WM_KEYDOWN, VK_DELETE, 0);
+        EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), rows - 1);
+        Resize(dialog, 200, 120);
+      })
+      .Then([](HWND dialog) {
+        KeepPicture(dialog, "resized");
+        RECT whole{};
+        RECT button{};
+        GetWindowRect(dialog, &whole);
+        GetWindowRect(GetDlgItem(dialog, IDCANCEL), &button);
+        EXPECT_LT(whole.right - button.right, 20) << "the buttons stay in their corner";
+        MINMAXINFO limits{};
+        SendMessageW(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+        EXPECT_EQ(limits.ptMinTrackSize.x, whole.right - whole.left - 200);
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+      });
+  EXPECT_FALSE(ShowFilter());
+}
+
+}  // namespace
+}  // namespace fetchkit::test
