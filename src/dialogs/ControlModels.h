@@ -146,13 +146,13 @@ class MSFlexGrid : public Control {
   void SetUp(int cols);
 
   // In twips (1440 to the inch); 0 hides the column.
-  int ColWidth(int col) const { return columns_.at(Index(col)).width; }
+  int ColWidth(int col) const { return columns_.at(At(col)).width; }
   void ColWidth(int col, int twips);
-  bool LeftAligned(int col) const { return columns_.at(Index(col)).left; }
+  bool LeftAligned(int col) const { return columns_.at(At(col)).left; }
   void LeftAligned(int col, bool left);
 
   // std::out_of_range for a cell that is not there.
-  const Text& TextMatrix(int row, int col) const { return cells_.at(Index(row)).at(Index(col)); }
+  const Text& TextMatrix(int row, int col) const { return cells_.at(At(row)).at(At(col)); }
   void TextMatrix(int row, int col, Text text);
 
   // Adds a row at the end; its cells are the parts between tabs, as far as there are columns.
@@ -179,8 +179,7 @@ class MSFlexGrid : public Control {
   std::function<void()> OnDelete;
 
  private:
-  using Control::Index;
-  static std::size_t Index(int at) { return static_cast<std::size_t>(at); }
+  static std::size_t At(int at) { return static_cast<std::size_t>(at); }
   bool IsDataRow(int row) const { return row >= fixedRows_ && row < Rows(); }
   void KeepRowInside();
 

@@ -1,7 +1,6 @@
 // The list-text picker: a drop-down list of rows of one or more columns.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -46,9 +45,10 @@ class PickCombo : public Control {
   void Show(fetchkit::Text text, int row = -1);
   void ShowRow(int row) { Show(RowText(row), row); }
 
-  // The first row in the order of that column's texts, one shown column after the other, whose
-  // text begins with what was typed, without regard to letter case; -1 for none. Logarithmic, but
-  // the first search in a list sorts it.
+  // The row to go to for what was typed: the one whose text as shown begins with it, else one whose
+  // second or later column does, without regard to letter case; of several the first in the order
+  // of these texts. -1 for none and for nothing typed. Logarithmic, but the first search in a list
+  // sorts it.
   int FindTyped(TextView typed) const;
 
   // A row is chosen from the list, by mouse or key; also when it is the one that was shown.
@@ -68,7 +68,15 @@ class PickCombo : public Control {
   std::vector<fetchkit::Text> cells_;
   fetchkit::Text text_;
   int index_ = -1;
-  mutable std::vector<std::vector<std::int32_t>> sorted_;  // rows, by each shown column
+
+  // What a search looks at: texts in upper case with their rows, sorted. The first index holds the
+  // rows as shown, which begin with their first column, the others the further columns.
+  struct Entry {
+    fetchkit::Text key;
+    int row;
+  };
+  const std::vector<std::vector<Entry>>& Indexes() const;
+  mutable std::vector<std::vector<Entry>> indexes_;
 };
 
 }  // namespace fetchkit

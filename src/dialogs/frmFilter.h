@@ -70,28 +70,26 @@ class frmFilter final : public Form {
   enum class Commit { Nothing, Written, Refused };
 
   void OpenEditor(const TreeView::Node& node);
+  void CloseEditor();
   void LoadList(const ListFieldType& field);
   void ShowCondition();
   void ArrangeEditors();
   void EmptyEditors();
+  Date ReferenceDate();
 
   void Picked(int row);
   void ChooseItems();
-  void DateChanged(bool period);
   void BoxLeft(TextBox& box, const Control* next);
   void DeleteRow();
   void Ok();
   void Cancel();
   void Clear();
 
-  Commit CommitValue(TextBox* culprit, bool askFocus);
-  bool Refuse(TextView warning);
-  bool IsAcceptable(TextView value);
-  void CommitPeriod(TextView word);
-  void WriteRow(Text text, Text value);
+  Commit CommitValue();
+  void CommitPeriod(const Text& word);
+  void WriteRow(const Text& text, const Text& value);
   void RemoveRow();
   int RowOfField(int field) const;
-  Date ReferenceDate();
 
   Session& session_;
   FormView& view_;

@@ -1,0 +1,186 @@
+#include "dialogs/CodeLists.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/Guard.h"
+#include "host/OpenedRecordset.h"
+#include "rights/OperatorRight.h"
+#include "rights/OrganizationRight.h"
+#include "session/Business.h"
+#include "session/Organization.h"
+
+namespace fetchkit {
+namespace {
+
+// A table with a statement of its own; the rights of the table stand between its two parts.
+struct CodeTable {
+  TextView keyword;  // upper case
+  TextView table;    // whose rights restrict the list; empty for none
+  TextView select;
+  TextView order;
+  bool hasCode = true;
+};
+
+constexpr CodeTable kTables[] = {
+    {u"DEPARTMENT", u"Department",
+     u"SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE "
+     u"blnIsInActive=0 AND strDepartmentCode<>' ' ",
+     u" ORDER BY strDepartmentCode ASC"},
+    {u"CUSTOMERTYPE", u"CustomType",
+     u"SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE "
+     u"blnIsInActive=0 AND strCustomTypeCode<>' ' ",
+     u" ORDER BY strCustomTypeCode ASC"},
+    {u"CLASS1", u"Class1",
+     u"SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND "
+     u"strClassCode<>' ' ",
+     u" ORDER BY strClassCode ASC"},
+    {u"CLASS2", u"Class2",
+     u"SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND "
+     u"strClassCode<>' ' ",
+     u" ORDER BY strClassCode ASC"},
+    {u"FUNCTIONAL", u"Functional",
+     u"SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE "
+     u"blnIsInActive=0 AND strFunctionalCode<>' ' ",
+     u" ORDER BY strFunctionalCode ASC"},
+    {u"GOVERNMENTECO", u"GovernmentECO",
+     u"SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO "
+     u"WHERE blnIsInActive=0 AND strGovernmentECOCode<>' ' ",
+     u" ORDER BY strGovernmentECOCode ASC"},
+    {u"DEPARTMENTECO", u"DepartmentECO",
+     u"SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO "
+     u"WHERE blnIsInActive=0 AND strDepartmentECOCode<>' ' ",
+     u" ORDER BY strDepartmentECOCode ASC"},
+    {u"OPERATOR", u"",
+     u"SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator",
+     u" Order By strOperatorCode"},
+    {u"FBPERIOD", u"",
+     u"SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0",
+     u" Order By lngFBPeriodID", false},
+    {u"RTPERIOD", u"",
+     u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0",
+     u" Order By lngRTPeriodID", false},
+    {u"CURRENCYS", u"",
+     u"SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0",
+     u" Order By strCurrencyCode"},
+};
+
+// The budget and report tables name their columns after themselves.
+struct NamedTable {
+  TextView name;
+  bool restricted;
+};
+
+constexpr NamedTable kNamedTables[] = {
+    {u"FBDutyCenter", true}, {u"FBScheme", true},  {u"FBType", true},    {u"FBSystem", true},
+    {u"FBTarget", true},     {u"FBItem", true},    {u"RTScheme", false}, {u"RTType", false},
+    {u"RTSystem", false},    {u"RTTarget", false}, {u"RTItem", false},   {u"RTDutyCenter", false},
+};
+
+constexpr TextView kOperatorCaptions[] = {
+    u"操作员",       u"制单",           u"制单人",         u"复核",   u"记账",     u"执行",
+    u"执行者",       u"建表人",         u"建卡人",         u"撰写人", u"提醒对象", u"审核",
+    u"库管",         u"财务",           u"代理人",         u"授权人", u"核销人",   u"单据制单人",
+    u"发票制单人",   u"加工出库制单人", u"加工入库制单人", u"计划员", u"锁定人",   u"抵减凭证制单",
+    u"抵减凭证复核", u"抵减凭证记账",   u"修改人",         u"启用人", u"停用人",   u"建立人",
+    u"汇报人",       u"最后修改人",     u"养护人",         u"出纳",   u"审批人",   u"复核操作员",
+};
+
+// Accounts of this type keep their account types in a view.
+constexpr int kViewedAccountType = 16;
+
+Text Restrictions(Session& session, TextView table) {
+  Text sql;
+  for (const Text& condition : {MAction::OperatorRight(session)->GetUserQueryRight(table),
+                                MAction::OrganizationRight(session)->GetAllCodeUseRightSql(table)})
+    if (!condition.empty()) sql.append(u" And ").append(condition);
+  return sql;
+}
+
+// Calls row for each row of the statement. False when it did not open.
+template <class Row>
+bool ForEachRow(Session& session, TextView sql, Row&& row) {
+  bool opened = false;
+  Step(u"frmFilter: code list", [&] {
+    OpenedRecordset rows(MAction::ConnectionOf(session), sql, Cursor::Static);
+    if (!rows) return;
+    opened = true;
+    if (!rows.HasRow()) return;
+    for (; !rows->Eof(); rows->MoveNext())
+      row(*rows.operator->());
+  });
+  return opened;
+}
+
+}  // namespace
+
+CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField) {
+  const Text keyword = UpperAscii(strKeyField);
+  for (const CodeTable& table : kTables)
+    if (table.keyword == keyword)
+      return {Join(table.select, table.table.empty() ? Text() : Restrictions(session, table.table),
+                   table.order),
+              {},
+              table.hasCode};
+  for (const auto& [name, restricted] : kNamedTables)
+    if (EqualFolded(name, keyword))
+      return {Join(u"SELECT lng", name, u"ID,str", name, u"Code,str", name, u"Name FROM ", name,
+                   u" WHERE blnIsInActive = 0", restricted ? Restrictions(session, name) : Text(),
+                   u" Order By str", name, u"Code"),
+              {}};
+  if (keyword == u"ORGANIZATION") {
+    const TextView code = session.LoginOrganizationCode;
+    return {Join(u" SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM "
+                 u"Organization WHERE 1=1 AND (strOrganizationCode='",
+                 code, u"' OR strOrganizationCode like '", code,
+                 u"-%')  Order by Organization.strOrganizationCode "),
+            {}};
+  }
+  const TextView k = strKeyField;
+  return {Join(u"SELECT T1.lng", k, u"ID,str", k, u"Code,str", k, u"Name FROM ", k,
+               u" T1 WHERE T1.blnIsInActive = 0 ORDER BY str", k, u"Code"),
+          Join(u" SELECT lng", k, u"ID,str", k, u"Code, str", k, u"Name FROM ", k)};
+}
+
+Text EnumListStatementOf(Session& session, TextView caption) {
+  if (std::find(std::begin(kOperatorCaptions), std::end(kOperatorCaptions), caption) !=
+      std::end(kOperatorCaptions))
+    return Join(
+        u"SELECT distinct strOperatorName FROM Operator,OrgOperatorAllot Where "
+        u"OrgOperatorAllot.lngOperatorID = Operator.lngOperatorID And "
+        u"OrgOperatorAllot.lngOrganizationID IN (",
+        MAction::LoginOrganization(session)->LowerOrganizationId(), u") ORDER BY 1");
+  if (caption == u"操作员编码") return u"SELECT distinct strOperatorCode FROM Operator ORDER BY 1";
+  if (caption == u"科目类型" || caption == u"科目类别")
+    return MAction::Business(session)->AccountType() == kViewedAccountType
+               ? u"SELECT distinct strAccountTypeName FROM ACCOUNTTYPEVIEW AccountType order by 1"
+               : u"SELECT distinct strAccountTypeName FROM AccountType order by 1";
+  return Join(
+      u"SELECT strEnumNumber FROM EnumTable WHERE "
+      u"LTrim( Rtrim(Enumtable.strViewFieldDesc) )='",
+      caption, u"' order by 1");
+}
+
+std::vector<Text> ReadCodeList(Session& session, TextView strKeyField) {
+  std::vector<Text> cells;
+  const CodeListStatement statement = CodeListStatementOf(session, strKeyField);
+  const auto addRow = [&](Recordset& row) {
+    Text id = ToTextOrEmpty(row.At(0));
+    Text code = statement.hasCode ? ToTextOrEmpty(row.At(1)) : Text();
+    Text name = ToTextOrEmpty(row.At(statement.hasCode ? 2 : 1));
+    for (Text* cell : {&id, &code, &name})
+      cells.push_back(std::move(*cell));
+  };
+  if (!ForEachRow(session, statement.sql, addRow) && !statement.fallback.empty())
+    ForEachRow(session, statement.fallback, addRow);
+  return cells;
+}
+
+std::vector<Text> ReadEnumList(Session& session, TextView caption) {
+  std::vector<Text> values;
+  ForEachRow(session, EnumListStatementOf(session, caption),
+             [&](Recordset& row) { values.push_back(ToTextOrEmpty(row.At(0))); });
+  return values;
+}
+
+}  // namespace fetchkit
