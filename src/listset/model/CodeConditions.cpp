@@ -93,6 +93,12 @@ TextView ConditionKeyStem(TextView strKeyField) {
   return CodeStem(strKeyField);
 }
 
+TextView FilterKeyStem(TextView strKeyField) {
+  static constexpr TextView kFlexible = u"FLEXIBLEFIELD";
+  if (EqualFolded(strKeyField.substr(0, kFlexible.size()), kFlexible)) return strKeyField;
+  return ConditionKeyStem(strKeyField);
+}
+
 Text CodeCondition(TextView table, TextView keyStem, TextView ids, TextView keyword) {
   if (ids.empty()) return {};
   const std::size_t highest = CountUnit(ids, u',');

@@ -1,4 +1,4 @@
-#include "dialogs/DialogPlayer.h"
+#include "DialogPlayer.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
-#include "dialogs/DialogPlayer.h"
+#include "DialogPlayer.h"
 #include "component/ui/Controls.h"
 #include "demo/host/SampleHost.h"
 #include "demo/windows/com/ConnectionObject.h"
