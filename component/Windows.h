@@ -4,7 +4,9 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <oleauto.h>
+#include <windowsx.h>
 
 #undef FindWindowEx
 #undef GetObject

@@ -1,7 +1,5 @@
 #include "component/ui/ControlWindows.h"
 
-#include <windowsx.h>
-
 #include <algorithm>
 #include <cwchar>
 #include <utility>

@@ -3,8 +3,6 @@
 
 #include "component/Windows.h"
 
-#include <commctrl.h>
-
 #include <vector>
 
 #include "component/ui/Counted.h"

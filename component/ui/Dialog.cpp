@@ -94,6 +94,9 @@ bool Dialog::ShowModal(HWND owner) {
       WithFont(LockResource(loaded), SizeofResource(module_, found), MessageFont(SystemDpi()));
   owner_ = owner;
   const CommonControls controls(module_);
+  const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES |
+                                                         ICC_DATE_CLASSES | ICC_BAR_CLASSES};
+  if (!InitCommonControlsEx(&classes)) return false;
   const INT_PTR result =
       DialogBoxIndirectParamW(module_, reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
                               Procedure, reinterpret_cast<LPARAM>(this));

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/Guard.h"
+#include "base/TextSearch.h"
 #include "host/OpenedRecordset.h"
 #include "rights/OperatorRight.h"
 #include "rights/OrganizationRight.h"
@@ -19,7 +20,6 @@ struct CodeTable {
   TextView table;    // whose rights restrict the list; empty for none
   TextView select;
   TextView order;
-  bool hasCode = true;
 };
 
 constexpr CodeTable kTables[] = {
@@ -56,10 +56,10 @@ constexpr CodeTable kTables[] = {
      u" Order By strOperatorCode"},
     {u"FBPERIOD", u"",
      u"SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0",
-     u" Order By lngFBPeriodID", false},
+     u" Order By lngFBPeriodID"},
     {u"RTPERIOD", u"",
      u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0",
-     u" Order By lngRTPeriodID", false},
+     u" Order By lngRTPeriodID"},
     {u"CURRENCYS", u"",
      u"SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0",
      u" Order By strCurrencyCode"},
@@ -97,7 +97,24 @@ Text Restrictions(Session& session, TextView table) {
   return sql;
 }
 
-// Calls row for each row of the statement. False when it did not open.
+// The columns that one of the statements here selects, in order.
+std::vector<Text> SelectedColumns(TextView sql) {
+  constexpr TextView kSelect = u"SELECT ";
+  constexpr TextView kDistinct = u"DISTINCT ";
+  constexpr TextView kAlias = u"T1.";
+  sql = TrimBlanks(sql.substr(0, FindFolded(sql, u" FROM ")));
+  sql.remove_prefix(kSelect.size());
+  if (EqualFolded(sql.substr(0, kDistinct.size()), kDistinct)) sql.remove_prefix(kDistinct.size());
+  std::vector<Text> columns;
+  for (TextView column : Split(sql, u",")) {
+    column = TrimBlanks(column);
+    if (column.starts_with(kAlias)) column.remove_prefix(kAlias.size());
+    columns.emplace_back(column);
+  }
+  return columns;
+}
+
+// Calls row with the cells of each row of the statement. False when it did not open.
 template <class Row>
 bool ForEachRow(Session& session, TextView sql, Row&& row) {
   bool opened = false;
@@ -106,8 +123,15 @@ bool ForEachRow(Session& session, TextView sql, Row&& row) {
     if (!rows) return;
     opened = true;
     if (!rows.HasRow()) return;
-    for (; !rows->Eof(); rows->MoveNext())
-      row(*rows.operator->());
+    std::vector<std::size_t> columns;
+    for (const Text& name : SelectedColumns(sql))
+      columns.push_back(rows->Column(name));
+    for (; !rows->Eof(); rows->MoveNext()) {
+      std::vector<Text> cells;
+      for (const std::size_t column : columns)
+        cells.push_back(ToTextOrEmpty(rows->At(column)));
+      row(cells);
+    }
   });
   return opened;
 }
@@ -120,8 +144,7 @@ CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField) {
     if (table.keyword == keyword)
       return {Join(table.select, table.table.empty() ? Text() : Restrictions(session, table.table),
                    table.order),
-              {},
-              table.hasCode};
+              {}};
   for (const auto& [name, restricted] : kNamedTables)
     if (EqualFolded(name, keyword))
       return {Join(u"SELECT lng", name, u"ID,str", name, u"Code,str", name, u"Name FROM ", name,
@@ -164,12 +187,10 @@ Text EnumListStatementOf(Session& session, TextView caption) {
 std::vector<Text> ReadCodeList(Session& session, TextView strKeyField) {
   std::vector<Text> cells;
   const CodeListStatement statement = CodeListStatementOf(session, strKeyField);
-  const auto addRow = [&](Recordset& row) {
-    Text id = ToTextOrEmpty(row.At(0));
-    Text code = statement.hasCode ? ToTextOrEmpty(row.At(1)) : Text();
-    Text name = ToTextOrEmpty(row.At(statement.hasCode ? 2 : 1));
-    for (Text* cell : {&id, &code, &name})
-      cells.push_back(std::move(*cell));
+  const auto addRow = [&](std::vector<Text>& row) {
+    if (row.size() == 2) row.insert(row.begin() + 1, Text());
+    for (Text& cell : row)
+      cells.push_back(std::move(cell));
   };
   if (!ForEachRow(session, statement.sql, addRow) && !statement.fallback.empty())
     ForEachRow(session, statement.fallback, addRow);
@@ -179,7 +200,7 @@ std::vector<Text> ReadCodeList(Session& session, TextView strKeyField) {
 std::vector<Text> ReadEnumList(Session& session, TextView caption) {
   std::vector<Text> values;
   ForEachRow(session, EnumListStatementOf(session, caption),
-             [&](Recordset& row) { values.push_back(ToTextOrEmpty(row.At(0))); });
+             [&](std::vector<Text>& row) { values.push_back(std::move(row.front())); });
   return values;
 }
 

@@ -10,9 +10,8 @@
 namespace fetchkit {
 
 struct CodeListStatement {
-  Text sql;
-  Text fallback;        // tried when sql does not open; empty for none
-  bool hasCode = true;  // columns id, code, name; otherwise id, name
+  Text sql;       // selects id, code and name, or id and name
+  Text fallback;  // tried when sql does not open; empty for none
 };
 
 // The statement that lists the code table of a keyword (in any letter case). Tables with rights of

@@ -1,6 +1,5 @@
 #include "DialogPlayer.h"
 
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -80,15 +79,23 @@ void DialogPlayer::OnIdle(HWND dialog) {
   PostMessageW(dialog, WM_NULL, 0, 0);
 }
 
-void ClickNode(HWND dialog, int node) {
+void ClickNode(HWND dialog, TextView text) {
   const HWND tree = GetDlgItem(dialog, 1002);
   SetFocus(tree);
-  HTREEITEM item = TreeView_GetRoot(tree);
-  for (int step = 0; step < node; ++step)
-    item = TreeView_GetNextSibling(tree, item);
-  TreeView_EnsureVisible(tree, item);
+  wchar_t shown[256] = {};
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.pszText = shown;
+  item.cchTextMax = 256;
+  for (item.hItem = TreeView_GetRoot(tree); item.hItem;
+       item.hItem = TreeView_GetNextSibling(tree, item.hItem)) {
+    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    if (text == reinterpret_cast<const char16_t*>(shown)) break;
+  }
+  ASSERT_TRUE(item.hItem) << Text(text).size() << " " << ListCount(dialog, 1004);
+  TreeView_EnsureVisible(tree, item.hItem);
   RECT place{};
-  TreeView_GetItemRect(tree, item, &place, TRUE);
+  TreeView_GetItemRect(tree, item.hItem, &place, TRUE);
   const LPARAM at = MAKELPARAM(place.left + 3, (place.top + place.bottom) / 2);
   // The button goes up before the tree's own loop looks at it, or that would wait for the mouse.
   PostMessageW(tree, WM_LBUTTONUP, 0, at);

@@ -44,7 +44,7 @@ class DialogPlayer {
 };
 
 // What users do. ids are those of component/ui/Controls.h.
-void ClickNode(HWND dialog, int node);
+void ClickNode(HWND dialog, TextView text);
 void Pick(HWND dialog, int row);  // in the picker: opens its list, walks to the row, Enter
 void Type(HWND dialog, int id, TextView text);
 void Press(HWND dialog, int id);  // a button

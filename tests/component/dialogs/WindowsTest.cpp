@@ -1,13 +1,12 @@
 // The dialogs in their windows, opened through FetchKit.dll by a host with the sample accounts.
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <set>
 
+#include "DialogPlayer.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
-#include "DialogPlayer.h"
 #include "component/ui/Controls.h"
 #include "demo/host/SampleHost.h"
 #include "demo/windows/com/ConnectionObject.h"
@@ -16,17 +15,8 @@
 namespace fetchkit::test {
 namespace {
 
-// Nodes of the sample view 101, and rows of the pickers.
-enum Node {
-  kDate = 0,
-  kVoucherNumber = 2,
-  kSummary = 4,
-  kDepartment = 7,
-  kAmount = 17,
-  kState = 19,
-  kCheckDate = 22
-};
-enum Row { kAny = 0, kEqual = 4, kBetween = 8 };
+// Rows of the pickers.
+enum Row { kEqual = 4, kBetween = 8, kThisYear = 17 };
 
 class WindowsTest : public testing::Test {
  protected:
@@ -76,27 +66,27 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
       .Then([](HWND dialog) {
         EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
         EXPECT_FALSE(IsWindowEnabled(GetParent(dialog)));
-        ClickNode(dialog, kSummary);
+        ClickNode(dialog, u"摘要");
       })
       .Then([](HWND dialog) { Pick(dialog, kEqual); })
       .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"差旅费"); })
       .Then(Picture("text"))
-      .Then([](HWND dialog) { ClickNode(dialog, kAmount); })
-      .Then([](HWND dialog) { Pick(dialog, 8); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"金额"); })
+      .Then([](HWND dialog) { Pick(dialog, kBetween); })
       .Then([](HWND dialog) {
         Type(dialog, ID_TXT_FROM, u"100");
         Type(dialog, ID_TXT_TO, u"5000");
       })
       .Then(Picture("between"))
-      .Then([](HWND dialog) { ClickNode(dialog, kDate); })
-      .Then([](HWND dialog) { Pick(dialog, 17); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"凭证日期"); })
+      .Then([](HWND dialog) { Pick(dialog, kThisYear); })
       .Then(Picture("period"))
-      .Then([](HWND dialog) { ClickNode(dialog, kCheckDate); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"复核日期"); })
       .Then(Picture("date"))
-      .Then([](HWND dialog) { ClickNode(dialog, kState); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"制单人"); })
       .Then([](HWND dialog) { Pick(dialog, 1); })
       .Then(Picture("enumeration"))
-      .Then([](HWND dialog) { ClickNode(dialog, kDepartment); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"部门"); })
       .Then([](HWND dialog) { Pick(dialog, 2); })
       .Then(Picture("code"))
       .Then([](HWND dialog) {
@@ -121,14 +111,22 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
         Press(dialog, IDOK);
       });
   EXPECT_TRUE(ShowFilter());
-  EXPECT_EQ(shown, u"");
-  EXPECT_EQ(Where(), u"");
+  EXPECT_EQ(shown,
+            u"摘要=等于 差旅费; 金额=介于 100,5000; 凭证日期=本年; 制单人=吴海波; 部门=销售部 "
+            u"财务科 国内销售科; ");
+  EXPECT_EQ(Where(),
+            u"VoucherDetail.strSummary = '差旅费'"
+            u" And (VoucherDetail.dblDebit+VoucherDetail.dblCredit > 100"
+            u" And VoucherDetail.dblDebit+VoucherDetail.dblCredit < 5000)"
+            u" And (Voucher.strDate >= '2004-01-01' And Voucher.strDate <= '2004-12-31')"
+            u" And Operator.strOperatorName = '吴海波'"
+            u" And Department.lngDEPARTMENTID In(4,2,5)");
 }
 
 TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
   const Text before = Where();
   std::vector<int> walked;
-  player_.Then([&](HWND dialog) { ClickNode(dialog, kSummary); })
+  player_.Then([&](HWND dialog) { ClickNode(dialog, u"摘要"); })
       .Then([&](HWND dialog) { Pick(dialog, kBetween); })
       .Then([&](HWND dialog) {
         SetFocus(GetDlgItem(dialog, ID_TVW_FILTER));
@@ -158,7 +156,7 @@ TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
 
 TEST_F(WindowsTest, ARefusedValueKeepsTheDialogOpenAndTheFocus) {
   player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); })
-      .Then([](HWND dialog) { ClickNode(dialog, kVoucherNumber); })
+      .Then([](HWND dialog) { ClickNode(dialog, u"凭证号"); })
       .Then([](HWND dialog) { Pick(dialog, kEqual); })
       .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"zwölf"); })
       .Then([](HWND dialog) { Key(dialog, VK_RETURN); })
@@ -170,7 +168,7 @@ TEST_F(WindowsTest, ARefusedValueKeepsTheDialogOpenAndTheFocus) {
       })
       .Then([](HWND dialog) { Key(dialog, VK_RETURN); });
   EXPECT_TRUE(ShowFilter());
-  EXPECT_EQ(Where(), u"");
+  EXPECT_EQ(Where(), u"Voucher.lngVoucherNO = 12");
 }
 
 TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
