@@ -1,0 +1,210 @@
+// Who keeps whom alive: identity, references, apartments, unloading, growth.
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "support/Component.h"
+#include "support/Footprint.h"
+#include "support/ImportCounter.h"
+#include "utility/Utility.h"
+
+namespace fetchkit::test {
+namespace {
+
+template <class I>
+IUnknown* Identity(const ComPtr<I>& object) {
+  return object.template As<IUnknown>(IID_IUnknown).get();
+}
+
+class Lifetime : public ComponentTest {};
+
+TEST_F(Lifetime, AThreadsObjectsAreTheSameWhoeverAsks) {
+  const auto entry = LogIn();
+  const auto other = CreateInterface();
+  EXPECT_NE(Identity(entry), Identity(other));
+  const auto same = [&](auto member) {
+    const auto held = Get(entry, member);
+    EXPECT_EQ(Identity(held), Identity(Get(entry, member)));
+    EXPECT_EQ(Identity(held), Identity(Get(other, member)));
+    const auto dispatch = held.template As<IDispatch>(IID_IDispatch);
+    EXPECT_EQ(Identity(held), Identity(dispatch));
+  };
+  same(&IInterface::get_Activity);
+  same(&IInterface::get_ListSet);
+  same(&IInterface::get_Business);
+  same(&IInterface::get_CustomerSs);
+  same(&IInterface::get_LoginOrganization);
+  same(&IInterface::get_LoginOperator);
+  same(&IInterface::get_LoginOrganizationRight);
+  same(&IInterface::get_LoginOperatorRight);
+  // Those that a caller creates are his own.
+  EXPECT_NE(Identity(Get(entry, &IInterface::get_ListSet)),
+            Identity(Create<IListSet>(CLSID_ListSet, IID_IListSet)));
+}
+
+TEST_F(Lifetime, AnObjectOutlivesTheOneItCameFromAndKeepsTheLibrary) {
+  auto organization = Get(LogIn(), &IInterface::get_LoginOrganization);
+  EXPECT_EQ(CanUnload(), S_FALSE);
+  EXPECT_EQ(GetText(organization, &IOrganization::get_OrganizationCode), u"01-02");
+  EXPECT_GT(plan_->references, 0) << "the login lasts as long as any object";
+  organization = nullptr;
+  EXPECT_EQ(CanUnload(), S_OK);
+  EXPECT_EQ(plan_->references, 0);
+
+  // A lock alone keeps it too.
+  ComPtr<IClassFactory> factory;
+  ASSERT_EQ(CoGetClassObject(CLSID_Activity, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                             reinterpret_cast<void**>(factory.Out())),
+            S_OK);
+  factory->LockServer(TRUE);
+  ComPtr<IUnknown> aggregated;
+  EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown,
+                                    reinterpret_cast<void**>(aggregated.Out())),
+            CLASS_E_NOAGGREGATION);
+  factory->LockServer(FALSE);
+}
+
+TEST_F(Lifetime, AnotherConnectionReplacesTheFirst) {
+  const auto entry = LogIn();
+  const auto secondPlan = std::make_shared<HostPlan>();
+  EXPECT_EQ(Initialize(entry, MakeComHost(host_, secondPlan).get()), S_OK);
+  EXPECT_EQ(plan_->references, 0);
+  EXPECT_GT(secondPlan->references, 0);
+  EXPECT_EQ(Initialize(entry, ComHost().get()), S_OK);
+  EXPECT_EQ(secondPlan->references, 0);
+}
+
+TEST_F(Lifetime, ApartmentsShareNothing) {
+  auto mine = LogIn();
+  auto activity = Get(mine, &IInterface::get_Activity);
+  const auto otherPlan = std::make_shared<HostPlan>();
+  const auto otherHost = std::make_shared<FakeConnection>();
+  otherHost->fallback = [](TextView) {
+    static const Answer refused = Refused();
+    return &refused;
+  };
+  otherHost->login.operatorId = std::int32_t{77};
+  std::thread([&] {
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    {
+      const auto theirs = CreateInterface();
+      long id = -1;
+      EXPECT_EQ(theirs->get_LoginOperatorId(&id), S_OK);
+      EXPECT_EQ(id, 0) << "the other apartment's login shows through";
+      EXPECT_EQ(Initialize(theirs, MakeComHost(otherHost, otherPlan).get()), S_OK);
+      theirs->get_LoginOperatorId(&id);
+      EXPECT_EQ(id, 77);
+      EXPECT_NE(Identity(Get(theirs, &IInterface::get_Activity)), Identity(activity));
+      mine = nullptr;
+      activity = nullptr;
+      EXPECT_EQ(CanUnload(), S_FALSE);
+    }
+    EXPECT_EQ(CanUnload(), S_OK);
+    EXPECT_EQ(otherPlan->references, 0);
+    EXPECT_GT(plan_->references, 0) << "another thread's host was touched";
+    CoUninitialize();
+  }).join();
+
+  // A thread that ends while the library is in use elsewhere gives its host up without a call.
+  mine = CreateInterface();
+  std::thread([&] {
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    EXPECT_EQ(Initialize(CreateInterface(), MakeComHost(otherHost, otherPlan).get()), S_OK);
+    CoUninitialize();
+  }).join();
+  EXPECT_EQ(otherPlan->references, 1);
+  long id = 0;
+  EXPECT_EQ(mine->get_LoginOperatorId(&id), S_OK);
+  EXPECT_EQ(id, 3);
+}
+
+TEST_F(Lifetime, TheLibraryGoesWithItsLastObjectAndComesBack) {
+  for (int round = 0; round < 3; ++round) {
+    LogIn();
+    ASSERT_NE(GetModuleHandleW(L"FetchKit.dll"), nullptr);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"FetchKit.dll"), nullptr);
+    EXPECT_EQ(plan_->references, 0);
+  }
+}
+
+// A registration that fails at the fourth of five classes: under a volatile key nothing lasting can
+// be entered.
+TEST_F(Lifetime, AHalfDoneRegistrationIsTakenBack) {
+  const auto keep = CreateUtility();
+  HKEY machine = nullptr;
+  HKEY obstacle = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Registration test", 0, nullptr, 0,
+                            KEY_ALL_ACCESS, nullptr, &machine, nullptr),
+            ERROR_SUCCESS);
+  ASSERT_EQ(
+      RegCreateKeyExW(machine, L"Software\\Classes\\CLSID\\{9D812728-7360-47CA-B999-5B4D65F6138D}",
+                      0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &obstacle, nullptr),
+      ERROR_SUCCESS);
+  RegCloseKey(obstacle);
+  ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine), ERROR_SUCCESS);
+  const HRESULT result = CallEntryPoint("DllRegisterServer");
+  RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+  EXPECT_EQ(result, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+  for (const auto& [each, expected] :
+       {std::pair(L"Software\\Classes", 1u), std::pair(L"Software\\Classes\\CLSID", 0u)}) {
+    HKEY key = nullptr;
+    DWORD keys = 0;
+    ASSERT_EQ(RegOpenKeyExW(machine, each, 0, KEY_READ, &key), ERROR_SUCCESS);
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, nullptr, nullptr,
+                     nullptr, nullptr, nullptr);
+    EXPECT_EQ(keys, expected) << "something but the key CLSID is left";
+    RegCloseKey(key);
+  }
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Registration test");
+  RegCloseKey(machine);
+}
+
+TEST_F(Lifetime, AThousandActivationsLeaveNothing) {
+  const auto activate = [this](int times) {
+    for (int i = 0; i < times; ++i) {
+      const auto entry = LogIn();
+      const auto organization = Get(entry, &IInterface::get_LoginOrganization);
+      short year = 0;
+      organization->get_BeginYear(&year);  // raises
+      Call(entry.get(), L"LoginDate", DISPATCH_PROPERTYGET, {});
+      host_->TakeSent();
+    }
+  };
+  activate(200);
+  const Footprint before = Footprint::Now();
+  activate(1000);
+  const Footprint after = Footprint::Now();
+  EXPECT_LT(after.blocks, before.blocks + 20);
+  EXPECT_LT(after.bytes, before.bytes + 10000);
+  EXPECT_LE(after.handle, before.handle);
+  EXPECT_EQ(after.freeSlots, before.freeSlots);
+  EXPECT_GT(after.blocks, 1000) << "the heaps were not walked";
+}
+
+TEST_F(Lifetime, ATextCallAllocatesNothingButItsResult) {
+  const auto utility = CreateUtility();
+  const Utility native;
+  const Bstr text(u"科目编码,科目名称,科目类别,余额方向,期初余额");
+  const Bstr mark(u",");
+  const auto nativeAllocations = ImportCounter(GetModuleHandleW(nullptr), "malloc").During([&] {
+    EXPECT_EQ(native.GetStrAfter(text.view(), mark.view(), true).size(), 19u);
+  });
+  BSTR result = nullptr;
+  VARIANT_BOOL must = VARIANT_TRUE;
+  const HMODULE library = GetModuleHandleW(L"FetchKit.dll");
+  int texts = 0;
+  const int allocations = ImportCounter(library, "malloc").During([&] {
+    texts = ImportCounter(library, "SysAllocStringLen").During([&] {
+      EXPECT_EQ(utility->GetStrAfter(text.get(), mark.get(), &must, &result), S_OK);
+    });
+  });
+  EXPECT_EQ(SysStringLen(result), 19u);
+  SysFreeString(result);
+  EXPECT_GT(nativeAllocations, 0) << "the counter does not count";
+  EXPECT_EQ(allocations, nativeAllocations);
+  EXPECT_EQ(texts, 1);
+}
+
+}  // namespace
+}  // namespace fetchkit::test

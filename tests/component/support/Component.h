@@ -1,0 +1,116 @@
+// The component as its callers see it: activation, late-bound calls, and a host to log in to.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Value.h"
+#include "component/Windows.h"
+#include "component/com/Bstr.h"
+#include "component/com/ComPtr.h"
+#include "idl/FetchKit.h"
+#include "support/ComHost.h"
+#include "support/FakeConnection.h"
+
+namespace fetchkit::test {
+
+template <class I>
+ComPtr<I> Create(const CLSID& type, const IID& id) {
+  void* object = nullptr;
+  EXPECT_EQ(CoCreateInstance(type, nullptr, CLSCTX_INPROC_SERVER, id, &object), S_OK);
+  return ComPtr<I>::Attach(static_cast<I*>(object));
+}
+inline ComPtr<IInterface> CreateInterface() {
+  return Create<IInterface>(CLSID_Interface, IID_IInterface);
+}
+inline ComPtr<IUtility> CreateUtility() {
+  return Create<IUtility>(CLSID_Utility, IID_IUtility);
+}
+
+// What the loaded DLL answers; S_OK when it is not loaded.
+HRESULT CallEntryPoint(const char* name);
+inline HRESULT CanUnload() {
+  return CallEntryPoint("DllCanUnloadNow");
+}
+
+// What a member that answers with an object answers with; fails the test when it does not.
+template <class Object, class Result>
+ComPtr<Result> Get(const ComPtr<Object>& object,
+                   HRESULT (STDMETHODCALLTYPE Object::*member)(Result**)) {
+  ComPtr<Result> result;
+  EXPECT_EQ((object.get()->*member)(result.Out()), S_OK);
+  EXPECT_TRUE(result);
+  return result;
+}
+template <class Object>
+Text GetText(const ComPtr<Object>& object, HRESULT (STDMETHODCALLTYPE Object::*member)(BSTR*)) {
+  Bstr result;
+  EXPECT_EQ((object.get()->*member)(result.Out()), S_OK);
+  return Text(result.view());
+}
+
+// How arguments are passed to Invoke: as they are, as references to them, or as references to
+// variants that hold them, which is what scripts do with variables.
+enum class By { Value, TypedReference, VariantReference };
+
+struct Called {
+  HRESULT code = S_OK;  // of Invoke, or the number that the member raised
+  Value result;
+  std::vector<Value> arguments;  // as they are afterwards
+  Text description;
+  Text source;
+};
+
+// Calls a member by its name as a script does.
+Called Call(IDispatch* object, const wchar_t* member, WORD flags, const std::vector<Value>& passed,
+            By by = By::Value);
+inline Called Call(IDispatch* object, const wchar_t* member, const std::vector<Value>& passed,
+                   By by = By::Value) {
+  return Call(object, member, DISPATCH_METHOD, passed, by);
+}
+
+// Type and content, for messages and comparisons.
+std::string Show(const Value& value);
+
+// The members of the component's dual interfaces, without IDispatch's.
+void ForEachMember(const std::function<void(const std::string& interfaceName, const IID& id,
+                                            const std::string& member, ITypeInfo* info,
+                                            FUNCDESC& function)>& visit);
+ComPtr<ITypeLib> TypeLibraryOfComponent();
+
+// The entry, what can be got from it and a Utility, each by the name of its interface.
+using Objects = std::map<std::string, ComPtr<IDispatch>>;
+Objects ObjectsOf(const ComPtr<IInterface>& entry);
+
+// Every readable property of the objects that is no object or record itself, such as
+// "IBusiness.CurrencyID", late-bound.
+std::map<std::string, Value> PropertiesOf(const Objects& objects);
+
+// A test that logs in. Afterwards the library must be willing to go, with every reference to the
+// host's objects given back.
+class ComponentTest : public testing::Test {
+ protected:
+  ComponentTest();
+  void TearDown() override;
+
+  // A new entry object on which Initialize has been called with the host.
+  ComPtr<IInterface> LogIn();
+  ComPtr<ISessionConnection> ComHost() { return MakeComHost(host_, plan_); }
+
+  // The sample login; any other statement is answered with one wide row.
+  std::shared_ptr<FakeConnection> host_;
+  std::shared_ptr<HostPlan> plan_ = std::make_shared<HostPlan>();
+
+ private:
+  FreshThread thread_;  // the native library of the test's own process
+  Answer wide_;
+};
+
+HRESULT Initialize(const ComPtr<IInterface>& entry, IUnknown* connection);
+
+}  // namespace fetchkit::test
