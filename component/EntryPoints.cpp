@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "base/ThreadState.h"
+#include "component/RunTimeThreads.h"
 #include "component/Windows.h"
 #include "component/com/ClassFactory.h"
 #include "component/com/Module.h"
@@ -36,8 +37,14 @@ const CreatableClass kClasses[] = {
 // thread ends, and nothing at all is done when the whole process ends (reserved is not null then).
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {
   if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module, u"FetchKit");
-  if (reason == DLL_THREAD_DETACH) fetchkit::AbandonThread();
-  if (reason == DLL_PROCESS_DETACH && !reserved) fetchkit::AbandonAllThreads();
+  if (reason == DLL_THREAD_DETACH) {
+    fetchkit::AbandonThread();
+    fetchkit::FreeThreadLocals();
+  }
+  if (reason == DLL_PROCESS_DETACH && !reserved) {
+    fetchkit::AbandonAllThreads();
+    fetchkit::FreeRunTime();
+  }
   return TRUE;
 }
 

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Runs the test binaries and the checks of the tree; the last line counts them all together.
-# Usage: tests/run-all.sh BUILD-FOLDER (made by the preset "test"), from the project's root.
+# Usage: tests/run-all.sh BUILD-FOLDER [WINDOWS-FOLDER], from the project's root; the folders are made
+# by the presets "test" and "component-x64".
 set -uo pipefail
 build=$1
+windows=${2:-}
 passed=0
 failed=0
 
@@ -109,6 +111,16 @@ check "the core includes the standard library alone" core_includes
 check "includes point down" includes_point_down
 check "clang finds nothing either" clang_syntax
 check "find_package(FetchKit) after cmake --install" consumer
+if [[ -n $windows ]]; then
+  under_wine=$(tests/component/run-wine.sh "$windows" "$build/demo/fetchkit-demo" | tee /dev/stderr | tail -1)
+  if [[ $under_wine =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
+    passed=$((passed + BASH_REMATCH[1]))
+    failed=$((failed + BASH_REMATCH[2]))
+  else
+    echo "FAILED: the tests under Wine ended without a count"
+    failed=$((failed + 1))
+  fi
+fi
 # The build itself has compiled every header alone (target fetchkit-headers).
 
 echo "$passed passed, $failed failed"

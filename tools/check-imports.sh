@@ -11,8 +11,10 @@ shift
 own='advapi32|comctl32|gdi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32|uxtheme'
 foreign=0
 for file in "$@"; do
-  if imports=$("$objdump" -p "$file" | sed -n 's/.*DLL Name: //p' | grep -viE "^($own)\.dll$"); then
-    echo "$file needs" $imports >&2
+  imports=$("$objdump" -p "$file" | sed -n 's/.*DLL Name: //p')
+  others=$(grep -viE "^($own)\.dll$" <<<"$imports") || others=
+  if [[ -z $imports || -n $others ]]; then
+    echo "$file needs ${others:-nothing at all}" >&2
     foreign=1
   fi
 done

@@ -1,8 +1,8 @@
 #include "component/com/Dispatch.h"
 
+#include <algorithm>
 #include <cstring>
 #include <deque>
-#include <memory>
 #include <vector>
 
 #include "component/com/Boundary.h"
@@ -11,24 +11,6 @@
 
 namespace fetchkit {
 namespace {
-
-// What a by-reference parameter points to, as a type that a variant can hold; VT_EMPTY for a
-// parameter by value and for records, which are handed on as they come.
-VARTYPE ReferredType(ITypeInfo& info, const TYPEDESC& parameter) {
-  if (parameter.vt != VT_PTR) return VT_EMPTY;
-  const TYPEDESC& target = *parameter.lptdesc;
-  if (target.vt == VT_PTR) return VT_DISPATCH;  // an object by reference
-  if (target.vt != VT_USERDEFINED) return target.vt;
-  ComPtr<ITypeInfo> type;
-  TYPEATTR* attributes = nullptr;
-  if (FAILED(info.GetRefTypeInfo(target.hreftype, type.Out())) ||
-      FAILED(type->GetTypeAttr(&attributes)))
-    return VT_EMPTY;
-  const TYPEKIND kind = attributes->typekind;
-  type->ReleaseTypeAttr(attributes);
-  // An interface is a plain pointer here: an object by value.
-  return kind == TKIND_ENUM ? VARTYPE{VT_I4} : VARTYPE{VT_EMPTY};
-}
 
 // One by-reference argument of a call: the parameter's own variable in between.
 class Between {
@@ -108,29 +90,6 @@ class Between {
   VARIANT reference_{};
 };
 
-struct FunctionOf {
-  ITypeInfo& info;
-  FUNCDESC* function = nullptr;
-  ~FunctionOf() {
-    if (function) info.ReleaseFuncDesc(function);
-  }
-};
-
-// The member's description among those with that identifier; null for none.
-bool Find(FunctionOf& of, DISPID member, WORD flags) {
-  TYPEATTR* attributes = nullptr;
-  if (FAILED(of.info.GetTypeAttr(&attributes))) return false;
-  const UINT count = attributes->cFuncs;
-  of.info.ReleaseTypeAttr(attributes);
-  for (UINT index = 0; index < count; ++index) {
-    if (FAILED(of.info.GetFuncDesc(index, &of.function))) return false;
-    if (of.function->memid == member && (of.function->invkind & flags) != 0) return true;
-    of.info.ReleaseFuncDesc(of.function);
-    of.function = nullptr;
-  }
-  return false;
-}
-
 }  // namespace
 
 HRESULT DispatchTypeInfo(const IID& interfaceId, UINT index, ITypeInfo** info) noexcept {
@@ -161,17 +120,14 @@ HRESULT DispatchInvoke(const IID& interfaceId, IDispatch* object, DISPID member,
     std::vector<VARIANT> arguments(parameters->rgvarg, parameters->rgvarg + parameters->cArgs);
     DISPPARAMS converted = *parameters;
     converted.rgvarg = arguments.data();
-    FunctionOf of{*info.get()};
-    if (parameters->cNamedArgs == 0 && Find(of, member, flags)) {
-      for (UINT position = 0; position < parameters->cArgs; ++position) {
-        if (static_cast<SHORT>(position) >= of.function->cParams) break;
+    if (parameters->cNamedArgs == 0) {
+      const std::vector<VARTYPE>& referred = TypeLibrary::Referred(interfaceId, member, flags);
+      for (UINT position = 0; position < std::min<std::size_t>(parameters->cArgs, referred.size());
+           ++position) {
+        if (referred[position] == VT_EMPTY) continue;
         const UINT index = parameters->cArgs - 1 - position;
-        const VARTYPE type =
-            ReferredType(*info.get(), of.function->lprgelemdescParam[position].tdesc);
-        const USHORT kind = of.function->lprgelemdescParam[position].paramdesc.wParamFlags;
-        if (type == VT_EMPTY || (kind & PARAMFLAG_FRETVAL) != 0) continue;
         try {
-          betweens.emplace_back(arguments[index], type);
+          betweens.emplace_back(arguments[index], referred[position]);
         } catch (const ComError&) {
           if (badArgument) *badArgument = index;
           throw;

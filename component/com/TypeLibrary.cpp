@@ -15,10 +15,23 @@ struct ById {
   bool operator()(const GUID& a, const GUID& b) const { return std::memcmp(&a, &b, sizeof a) < 0; }
 };
 
+struct Member {
+  IID interfaceId;
+  DISPID id;
+  WORD flags;
+
+  bool operator<(const Member& other) const {
+    const int order = std::memcmp(&interfaceId, &other.interfaceId, sizeof interfaceId);
+    if (order != 0) return order < 0;
+    return id != other.id ? id < other.id : flags < other.flags;
+  }
+};
+
 struct Kept {
   ComPtr<ITypeLib> library;
   std::map<GUID, ComPtr<ITypeInfo>, ById> described;
   std::map<GUID, ComPtr<IRecordInfo>, ById> records;
+  std::map<Member, std::vector<VARTYPE>> referred;
 };
 
 // Made at first use and let go by Forget, not by a destructor at unloading, when the system's
@@ -61,6 +74,36 @@ ComPtr<ITypeInfo> Described(Kept& all, const GUID& id) {
   return entry;
 }
 
+VARTYPE ReferredType(ITypeInfo& info, const ELEMDESC& parameter) {
+  if (parameter.tdesc.vt != VT_PTR || (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0)
+    return VT_EMPTY;
+  const TYPEDESC& target = *parameter.tdesc.lptdesc;
+  if (target.vt == VT_PTR) return VT_DISPATCH;  // an object by reference
+  if (target.vt != VT_USERDEFINED) return target.vt;
+  ComPtr<ITypeInfo> type;
+  TYPEATTR* attributes = nullptr;
+  if (FAILED(info.GetRefTypeInfo(target.hreftype, type.Out())) ||
+      FAILED(type->GetTypeAttr(&attributes)))
+    return VT_EMPTY;
+  const TYPEKIND kind = attributes->typekind;
+  type->ReleaseTypeAttr(attributes);
+  // An interface is a plain pointer here: an object by value.
+  return kind == TKIND_ENUM ? VARTYPE{VT_I4} : VARTYPE{VT_EMPTY};
+}
+
+std::vector<VARTYPE> ReadReferred(ITypeInfo& info, DISPID member, WORD flags) {
+  std::vector<VARTYPE> types;
+  FUNCDESC* function = nullptr;
+  // The system knows the end of the functions; no other count is needed.
+  for (UINT index = 0; types.empty() && SUCCEEDED(info.GetFuncDesc(index, &function)); ++index) {
+    if (function->memid == member && (function->invkind & flags) != 0)
+      for (SHORT each = 0; each < function->cParams; ++each)
+        types.push_back(ReferredType(info, function->lprgelemdescParam[each]));
+    info.ReleaseFuncDesc(function);
+  }
+  return types;
+}
+
 }  // namespace
 
 ComPtr<ITypeLib> Library() {
@@ -78,6 +121,13 @@ ComPtr<IRecordInfo> Record(const GUID& id) {
   auto& entry = (*all).records[id];
   if (!entry) Check(GetRecordInfoFromTypeInfo(Described(*all, id).get(), entry.Out()));
   return entry;
+}
+
+const std::vector<VARTYPE>& Referred(const IID& interfaceId, DISPID member, WORD flags) {
+  const Locked all;
+  const auto [entry, fresh] = (*all).referred.try_emplace(Member{interfaceId, member, flags});
+  if (fresh) entry->second = ReadReferred(*Described(*all, interfaceId).get(), member, flags);
+  return entry->second;
 }
 
 void Forget() {

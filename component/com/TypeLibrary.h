@@ -1,6 +1,8 @@
 // The type library inside the DLL.
 #pragma once
 
+#include <vector>
+
 #include "component/Windows.h"
 #include "component/com/ComPtr.h"
 
@@ -15,6 +17,12 @@ ComPtr<ITypeInfo> Describe(const GUID& id);
 
 // How records of that type are made and freed.
 ComPtr<IRecordInfo> Record(const GUID& id);
+
+// Of the member's parameters, what those by reference point to, as a type that a variant can hold;
+// VT_EMPTY for a parameter by value, for a result and for records, which are handed on as they
+// come. No types at all for a member that is not there. flags: as for IDispatch's Invoke. Valid
+// until Forget.
+const std::vector<VARTYPE>& Referred(const IID& interfaceId, DISPID member, WORD flags);
 
 // Lets all of it go: before the DLL is unloaded.
 void Forget();

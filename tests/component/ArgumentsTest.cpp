@@ -7,6 +7,7 @@
 
 #include "base/Utf8.h"
 #include "component/com/Variants.h"
+#include "component/host/Ado.h"
 #include "session/Interface.h"
 #include "session/SampleBooks.h"
 #include "support/Component.h"
@@ -235,21 +236,7 @@ TEST_F(Arguments, RecordsAreCopiesAllTheWayDown) {
 
 // Each function through its slot with nothing but zeros and null pointers.
 TEST_F(Arguments, NullPointersAreRefusedAndNothingElseHappens) {
-  const auto entry = LogIn();
-  const std::map<std::string, ComPtr<IUnknown>> objects = {
-      {"IInterface", entry.As<IUnknown>(IID_IInterface)},
-      {"IUtility", CreateUtility().As<IUnknown>(IID_IUtility)},
-      {"IActivity", Get(entry, &IInterface::get_Activity).As<IUnknown>(IID_IActivity)},
-      {"IListSet", Get(entry, &IInterface::get_ListSet).As<IUnknown>(IID_IListSet)},
-      {"IBusiness", Get(entry, &IInterface::get_Business).As<IUnknown>(IID_IBusiness)},
-      {"IOrganization",
-       Get(entry, &IInterface::get_LoginOrganization).As<IUnknown>(IID_IOrganization)},
-      {"IOperator", Get(entry, &IInterface::get_LoginOperator).As<IUnknown>(IID_IOperator)},
-      {"ICustomerSs", Get(entry, &IInterface::get_CustomerSs).As<IUnknown>(IID_ICustomerSs)},
-      {"IOperatorRight",
-       Get(entry, &IInterface::get_LoginOperatorRight).As<IUnknown>(IID_IOperatorRight)},
-      {"IOrganizationRight",
-       Get(entry, &IInterface::get_LoginOrganizationRight).As<IUnknown>(IID_IOrganizationRight)}};
+  const Objects objects = ObjectsOf(LogIn());
   int called = 0;
   ForEachMember([&](const std::string& interfaceName, const IID&, const std::string& member,
                     ITypeInfo*, FUNCDESC& function) {
@@ -305,34 +292,19 @@ TEST_F(Arguments, NullPointersAreRefusedAndNothingElseHappens) {
   EXPECT_GT(called, 250);
 }
 
-// What a login shows afterwards, early enough for every object.
-std::vector<std::string> LoginShown(const ComPtr<IInterface>& entry) {
-  std::vector<std::string> shown;
-  const auto business = Get(entry, &IInterface::get_Business);
-  const auto organization = Get(entry, &IInterface::get_LoginOrganization);
-  const auto person = Get(entry, &IInterface::get_LoginOperator);
-  const auto customer = Get(entry, &IInterface::get_CustomerSs);
-  for (IDispatch* object :
-       {static_cast<IDispatch*>(business.get()), static_cast<IDispatch*>(organization.get()),
-        static_cast<IDispatch*>(person.get()), static_cast<IDispatch*>(customer.get())})
-    for (const wchar_t* member : {L"CurrencyID", L"NaturalCurDec", L"StartDate", L"ThisYear",
-                                  L"ThisPeriod", L"Level", L"IsDetail", L"NextLevelOrganizationId",
-                                  L"UseStcPwd", L"OperatorName", L"CustomerID", L"IsInActive"})
-      shown.push_back(Show(Call(object, member, DISPATCH_PROPERTYGET, {}).result));
-  return shown;
-}
-
 TEST_F(Arguments, NumbersOfAHostMayHaveAnyType) {
-  auto entry = LogIn();
-  const auto plain = LoginShown(entry);
-  EXPECT_THAT(plain, testing::Contains("text 李会计"));
-  EXPECT_THAT(plain, testing::Contains("integer 2004"));
+  const auto shown = [this] {
+    std::map<std::string, std::string> all;
+    for (const auto& [name, value] : PropertiesOf(ObjectsOf(LogIn())))
+      all[name] = Show(value);
+    EXPECT_EQ(CanUnload(), S_OK);
+    return all;
+  };
+  const auto plain = shown();
+  EXPECT_EQ(plain.at("IOrganization.ThisYear"), "integer 2004");
   for (const VARTYPE type : {VT_I2, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR, VT_BOOL, VT_I8, VT_UI4}) {
-    entry = nullptr;
-    ASSERT_EQ(CanUnload(), S_OK);
     plan_->numbersAs = type;
-    entry = LogIn();
-    EXPECT_EQ(LoginShown(entry), plain) << "numbers handed out as VARTYPE " << type;
+    EXPECT_EQ(shown(), plain) << "numbers handed out as VARTYPE " << type;
   }
 }
 
@@ -387,8 +359,6 @@ TEST_F(Arguments, AHostMayFailAtEveryCall) {
   }
 }
 
-// An object with named members for ObjectInNodes and ObjectInCollection: Item raises for a key that
-// it lacks.
 TEST_F(Arguments, CollectionsAreAskedByNameForTheirKeys) {
   const auto utility = CreateUtility();
   CLSID id;
@@ -422,6 +392,103 @@ TEST_F(Arguments, WithoutDialogsNothingIsChosen) {
   EXPECT_EQ(Show(call.result), "text ");
   EXPECT_EQ(Show(call.arguments.at(3)), "text before");
   EXPECT_EQ(Show(call.arguments.at(6)), "bool False");
+}
+
+// The system's own recordset, with the one row and column that Wine's keeps.
+TEST_F(Arguments, TheSystemsRecordsetIsRead) {
+  const CLSID type = {0x00000535, 0, 0x10, {0x80, 0, 0, 0xAA, 0, 0x6D, 0x2E, 0xA4}};
+  const auto recordset = Create<ado::Recordset>(type, ado::Recordset::kId);
+  ComPtr<ado::Fields> fields;
+  ASSERT_EQ(recordset->get_Fields(fields.Out()), S_OK);
+  // The members that fill it, by their slots.
+  const auto slot = [](IUnknown* object, int number) {
+    return (*reinterpret_cast<void***>(object))[number];
+  };
+  VARIANT none;
+  VariantInit(&none);
+  none.vt = VT_ERROR;
+  none.scode = DISP_E_PARAMNOTFOUND;
+  using Append = HRESULT(STDMETHODCALLTYPE*)(void*, BSTR, int, LONG_PTR, int, VARIANT);
+  using Open = HRESULT(STDMETHODCALLTYPE*)(void*, VARIANT, VARIANT, int, int, long);
+  using AddNew = HRESULT(STDMETHODCALLTYPE*)(void*, VARIANT, VARIANT);
+  const Bstr name(u"strOrganizationCode");
+  VARIANT value;
+  value.vt = VT_BSTR;
+  const Bstr code(u"01-𠮷");
+  value.bstrVal = code.get();
+  VARIANT key;
+  key.vt = VT_BSTR;
+  key.bstrVal = name.get();
+  ComPtr<ado::Field> field;
+  ASSERT_EQ(reinterpret_cast<Append>(slot(fields.get(), 13))(fields.get(), name.get(), 202, 20,
+                                                             0x60, none),
+            S_OK);
+  ASSERT_EQ(
+      reinterpret_cast<Open>(slot(recordset.get(), 40))(recordset.get(), none, none, -1, -1, -1),
+      S_OK);
+  ASSERT_EQ(reinterpret_cast<AddNew>(slot(recordset.get(), 30))(recordset.get(), none, none), S_OK);
+  ASSERT_EQ(fields->get_Item(key, field.Out()), S_OK);
+  ASSERT_EQ(field->put_Value(value), S_OK);
+
+  const auto activity = Get(LogIn(), &IInterface::get_Activity);
+  plan_->recordset = recordset.As<IDispatch>(IID_IDispatch);
+  Bstr answer;
+  EXPECT_EQ(activity->GetOrganizationCode(20, answer.Out()), S_OK);
+  EXPECT_EQ(answer.view(), u"01-𠮷");
+}
+
+// The log component of a host's environment, found by its class.
+class Log : public IHostLog, public IClassFactory {
+ public:
+  STDMETHODIMP QueryInterface(REFIID asked, void** object) override {
+    *object = nullptr;
+    if (asked == IID_IHostLog || asked == IID_IDispatch) *object = static_cast<IHostLog*>(this);
+    if (asked == IID_IClassFactory || asked == IID_IUnknown)
+      *object = static_cast<IClassFactory*>(this);
+    if (*object) AddRef();
+    return *object ? S_OK : E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                      UINT*) override {
+    return E_NOTIMPL;
+  }
+  STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override {
+    return QueryInterface(id, object);
+  }
+  STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+  STDMETHODIMP WriteLog(BSTR message, BSTR strA, BSTR strB, long lngC,
+                        VARIANT_BOOL* result) override {
+    written = Join(ViewOf(message), u"|", ViewOf(strA), u"|", ViewOf(strB), u"|", lngC);
+    *result = VARIANT_TRUE;
+    return S_OK;
+  }
+
+  ULONG references = 0;
+  Text written;
+};
+
+TEST_F(Arguments, TheLogComponentIsFoundByItsClass) {
+  const CLSID type = {0x78A8C12C, 0xB07A, 0x443A, {0x8C, 0xB5, 0xBC, 0x9F, 0x6A, 0x8F, 0x36, 0x5D}};
+  Log log;
+  DWORD cookie = 0;
+  ASSERT_EQ(CoRegisterClassObject(type, static_cast<IClassFactory*>(&log), CLSCTX_INPROC_SERVER,
+                                  REGCLS_MULTIPLEUSE, &cookie),
+            S_OK);
+  {
+    const auto utility = CreateUtility();
+    VARIANT_BOOL written = VARIANT_FALSE;
+    EXPECT_EQ(utility->WriteLog(Bstr(u"甲").get(), Bstr(u"乙").get(), 7, &written), S_OK);
+    EXPECT_EQ(written, VARIANT_TRUE);
+    EXPECT_EQ(ToUtf8(log.written), "无|甲|乙|7");
+  }
+  EXPECT_EQ(CanUnload(), S_OK);
+  CoRevokeClassObject(cookie);
+  EXPECT_EQ(log.references, 0u);
 }
 
 }  // namespace

@@ -128,6 +128,38 @@ TEST_F(Lifetime, TheLibraryGoesWithItsLastObjectAndComesBack) {
   }
 }
 
+// A registration that fails at the fourth of five classes: under a volatile key nothing lasting can
+// be entered.
+TEST_F(Lifetime, AHalfDoneRegistrationIsTakenBack) {
+  const auto keep = CreateUtility();
+  HKEY machine = nullptr;
+  HKEY obstacle = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Registration test", 0, nullptr, 0,
+                            KEY_ALL_ACCESS, nullptr, &machine, nullptr),
+            ERROR_SUCCESS);
+  ASSERT_EQ(
+      RegCreateKeyExW(machine, L"Software\\Classes\\CLSID\\{9D812728-7360-47CA-B999-5B4D65F6138D}",
+                      0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &obstacle, nullptr),
+      ERROR_SUCCESS);
+  RegCloseKey(obstacle);
+  ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine), ERROR_SUCCESS);
+  const HRESULT result = CallEntryPoint("DllRegisterServer");
+  RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+  EXPECT_EQ(result, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+  for (const auto& [each, expected] :
+       {std::pair(L"Software\\Classes", 1u), std::pair(L"Software\\Classes\\CLSID", 0u)}) {
+    HKEY key = nullptr;
+    DWORD keys = 0;
+    ASSERT_EQ(RegOpenKeyExW(machine, each, 0, KEY_READ, &key), ERROR_SUCCESS);
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, nullptr, nullptr,
+                     nullptr, nullptr, nullptr);
+    EXPECT_EQ(keys, expected) << "something but the key CLSID is left";
+    RegCloseKey(key);
+  }
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Registration test");
+  RegCloseKey(machine);
+}
+
 TEST_F(Lifetime, AThousandActivationsLeaveNothing) {
   const auto activate = [this](int times) {
     for (int i = 0; i < times; ++i) {

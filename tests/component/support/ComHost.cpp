@@ -230,12 +230,14 @@ class ConnectionObject
     return Give<ContextObject>("HostContext", result, part_->HostContext());
   }
   STDMETHODIMP CloseRecordset(IDispatch** recordset) override {
+    if (plan_->recordset) return std::exchange(*recordset, nullptr)->Release(), S_OK;
     // Closed also where the call is to fail: what is tested then is that the library lets go of it.
     part_->CloseRecordset(static_cast<RecordsetObject*>(*recordset)->rows);
     return Call("CloseRecordset", [&] { std::exchange(*recordset, nullptr)->Release(); });
   }
   STDMETHODIMP RecordsetIsEmpty(IDispatch** recordset, VARIANT_BOOL* isEmpty) override {
     return Call("RecordsetIsEmpty", [&] {
+      if (plan_->recordset) return void(*isEmpty = VARIANT_FALSE);
       bool empty = *isEmpty != VARIANT_FALSE;
       part_->RecordsetIsEmpty(static_cast<RecordsetObject*>(*recordset)->rows, empty);
       *isEmpty = empty ? VARIANT_TRUE : VARIANT_FALSE;
@@ -265,6 +267,11 @@ class ConnectionObject
   template <class Body>
   HRESULT Open(const char* member, IDispatch** recordset, VARIANT_BOOL* result, Body body) {
     return Call(member, [&] {
+      if (plan_->recordset) {
+        *result = VARIANT_TRUE;
+        *recordset = ComPtr<IDispatch>(plan_->recordset).Detach();
+        return;
+      }
       RecordsetPtr rows;
       *result = body(rows) ? VARIANT_TRUE : VARIANT_FALSE;
       if (rows) *recordset = ComPtr<IDispatch>(new RecordsetObject(plan_, rows)).Detach();

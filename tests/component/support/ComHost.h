@@ -27,6 +27,7 @@ struct HostPlan {
   VARTYPE numbersAs = VT_EMPTY;
   std::set<std::string> nullObjects;  // members that answer with success and no object
   bool otherRecordsets = false;       // recordsets lack ADO's interface
+  ComPtr<IDispatch> recordset;        // handed out at every open operation instead of the rows
 };
 
 // The connection's COM object.

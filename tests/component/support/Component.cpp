@@ -52,11 +52,11 @@ Answer WideRow() {
 
 }  // namespace
 
-HRESULT CanUnload() {
+HRESULT CallEntryPoint(const char* name) {
   const HMODULE module = GetModuleHandleW(L"FetchKit.dll");
   if (!module) return S_OK;
   const auto ask = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
-      reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
+      reinterpret_cast<void*>(GetProcAddress(module, name)));
   return ask();
 }
 
@@ -157,6 +157,38 @@ void ForEachMember(const std::function<void(const std::string&, const IID&, cons
     }
     info->ReleaseTypeAttr(attributes);
   }
+}
+
+Objects ObjectsOf(const ComPtr<IInterface>& entry) {
+  Objects found;
+  std::vector<ComPtr<IDispatch>> all = {entry.As<IDispatch>(IID_IDispatch),
+                                        CreateUtility().As<IDispatch>(IID_IDispatch)};
+  ForEachMember([&](const std::string& interfaceName, const IID& id, const std::string& member,
+                    ITypeInfo*, FUNCDESC& function) {
+    if (interfaceName == "IInterface" && function.invkind == INVOKE_PROPERTYGET) {
+      const Called got = Call(entry.get(), std::wstring(member.begin(), member.end()).c_str(),
+                              DISPATCH_PROPERTYGET, {});
+      if (got.result.Is<Value::Object>())
+        all.push_back(ComPtr<IUnknown>(ObjectOf(got.result)).As<IDispatch>(IID_IDispatch));
+    }
+    for (const auto& object : all)
+      if (!found.contains(interfaceName))
+        if (auto asked = object.As<IDispatch>(id)) found[interfaceName] = std::move(asked);
+  });
+  return found;
+}
+
+std::map<std::string, Value> PropertiesOf(const Objects& objects) {
+  std::map<std::string, Value> read;
+  ForEachMember([&](const std::string& interfaceName, const IID&, const std::string& member,
+                    ITypeInfo*, FUNCDESC& function) {
+    if (function.invkind != INVOKE_PROPERTYGET || member == "List") return;
+    const Called got =
+        Call(objects.at(interfaceName).get(), std::wstring(member.begin(), member.end()).c_str(),
+             DISPATCH_PROPERTYGET, {});
+    if (!got.result.Is<Value::Object>()) read[interfaceName + "." + member] = got.result;
+  });
+  return read;
 }
 
 ComponentTest::ComponentTest() : host_(GoodHost()), wide_(WideRow()) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,7 +33,10 @@ inline ComPtr<IUtility> CreateUtility() {
 }
 
 // What the loaded DLL answers; S_OK when it is not loaded.
-HRESULT CanUnload();
+HRESULT CallEntryPoint(const char* name);
+inline HRESULT CanUnload() {
+  return CallEntryPoint("DllCanUnloadNow");
+}
 
 // What a member that answers with an object answers with; fails the test when it does not.
 template <class Object, class Result>
@@ -78,6 +82,14 @@ void ForEachMember(const std::function<void(const std::string& interfaceName, co
                                             const std::string& member, ITypeInfo* info,
                                             FUNCDESC& function)>& visit);
 ComPtr<ITypeLib> TypeLibraryOfComponent();
+
+// The entry, what can be got from it and a Utility, each by the name of its interface.
+using Objects = std::map<std::string, ComPtr<IDispatch>>;
+Objects ObjectsOf(const ComPtr<IInterface>& entry);
+
+// Every readable property of the objects that is no object or record itself, such as
+// "IBusiness.CurrencyID", late-bound.
+std::map<std::string, Value> PropertiesOf(const Objects& objects);
 
 // A test that logs in. Afterwards the library must be willing to go, with every reference to the
 // host's objects given back.

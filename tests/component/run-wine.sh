@@ -1,0 +1,176 @@
+#!/usr/bin/env bash
+# Runs the Windows component under Wine; the last line counts tests and checks.
+# Usage: tests/component/run-wine.sh BUILD-FOLDER DEMO, from the project's root. The folder is made by
+# the preset "component-x64", with the 32-bit build in "../x86" beside it; DEMO is the console demo,
+# with which the sample script is compared.
+set -uo pipefail
+build=$(realpath "$1")
+demo=$(realpath "$2")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+passed=0
+failed=0
+
+# Everything of Wine's stays in the build folder. The locale chooses code page 936; it needs not be
+# generated for that, of which bash would complain at every start.
+export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
+wine=$(command -v wine64 || command -v /usr/lib/wine/wine64 || command -v wine)
+server=$(command -v wineserver || command -v /usr/lib/wine/wineserver64)
+wine() {
+  (cd "$build" && timeout --kill-after=10 300 env LC_ALL=zh_CN.UTF-8 "$wine" "$@" </dev/null 2>/dev/null) |
+    tr -d '\r'
+}
+server() { timeout 60 "$server" "$@"; }
+
+# One X server for all of it; without one, Wine draws into nothing.
+if [[ -z ${FETCHKIT_X_SERVER:-} ]]; then
+  export FETCHKIT_X_SERVER=none
+  if command -v xvfb-run >/dev/null; then
+    FETCHKIT_X_SERVER=xvfb exec xvfb-run -a "${BASH_SOURCE[0]}" "$@"
+  fi
+fi
+trap 'server -k >/dev/null 2>&1' EXIT
+
+say() {
+  if [[ $1 == 0 ]]; then
+    passed=$((passed + 1))
+    echo "ok: $2"
+  else
+    failed=$((failed + 1))
+    printf 'FAILED: %s\n%s\n' "$2" "${3:-}"
+  fi
+}
+check() {
+  local name=$1 output status
+  shift
+  output=$("$@" 2>&1)
+  status=$?
+  say $status "$name" "$output"
+}
+
+# A test binary: its own report counts its tests.
+binary() {
+  local report=$build/$1.xml line tests failures status
+  rm -f "$report"
+  wine "$1.exe" --gtest_brief=1 "--gtest_output=xml:$1.xml"
+  status=$?
+  line=$(grep -m1 '<testsuites ' "$report" 2>/dev/null)
+  tests=$(sed -n 's/.*tests="\([0-9]*\)".*/\1/p' <<<"$line")
+  failures=$(sed -n 's/.*failures="\([0-9]*\)".*/\1/p' <<<"$line")
+  if [[ -z $tests || $tests == 0 || ($status != 0 && $failures == 0) ]]; then
+    echo "$1 died or ran nothing (exit status $status)"
+    failed=$((failed + 1))
+    return
+  fi
+  failed=$((failed + failures))
+  passed=$((passed + tests - failures))
+}
+
+# The classes in the registry, machine's and user's: one line for each key and value.
+entries() {
+  server -w
+  awk '
+    /^\[/ { key = $0; sub(/\] [0-9]+$/, "]", key); print FILENAME, key; next }
+    /^["@]/ { print FILENAME, key, $0 }
+  ' "$WINEPREFIX"/{system,user}.reg | sed "s|^$WINEPREFIX/||" |
+    grep -iE '^(system|user)\.reg \[software\\\\classes\\\\' | sort
+}
+
+windows_path() { echo "Z:${here//\//\\}\\$1"; }
+
+prepare() {
+  if [[ ! -f $WINEPREFIX/.ready ]]; then
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    wine wineboot -i
+    # What Windows always has, and what the script host enters for itself at its first start.
+    wine reg add 'HKCU\Software\Classes\CLSID' /f
+    wine cscript //nologo "$(windows_path late-bound.js)"
+    server -w
+    [[ -f $WINEPREFIX/system.reg ]] && touch "$WINEPREFIX/.ready"
+  fi
+  local graphics=x11
+  [[ $FETCHKIT_X_SERVER == xvfb ]] || graphics=null
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d $graphics /f
+}
+
+# The version with its mark for registration, the type library, and the marks of a hardened image.
+resources() {
+  local image texts headers
+  for image in "$@"; do
+    texts=$(strings -el "$image")
+    headers=$(objdump -p "$image")
+    if ! [[ $texts == *OLESelfRegister* && $texts == *ProductVersion* &&
+      $headers == *DYNAMIC_BASE* && $headers == *NX_COMPAT* ]] || ! grep -qaF MSFT "$image"; then
+      echo "$image lacks one of them"
+      return 1
+    fi
+  done
+}
+
+script() {
+  local output
+  output=$(wine cscript //nologo "$(windows_path "$1")")
+  echo "$output"
+  [[ ${output##*$'\n'} == "0 late-bound checks failed" ]]
+}
+
+# How often the DLL, and how often its names with their class, stand in a part of the registry.
+registered() { entries | grep -c "^$1.reg .*\\(FetchKit\\.dll\"$\\|\\\\FetchKit\\.[A-Za-z]*\\\\\\\\CLSID\\] @=\\)"; }
+
+# Five classes with their names, and the type library.
+registered_for_machine() {
+  wine regsvr32 /s FetchKit.dll
+  entries | grep FetchKit
+  [[ $(registered system) -eq 11 && $(registered user) -eq 0 ]]
+}
+# Wine enters a user's type library for the machine; the classes must be the user's alone.
+registered_for_user() {
+  wine regsvr32 /s /n /i:user FetchKit.dll
+  entries | grep FetchKit
+  [[ $(registered system) -le 1 && $(registered user) -ge 10 ]]
+}
+unregistered() {
+  wine regsvr32 /s /u "$@" FetchKit.dll
+  local difference
+  difference=$(diff <(echo "$before") <(entries)) || { head -20 <<<"$difference"; return 1; }
+}
+# The sample script prints the same dates, rights and clauses as the console demo, and so does the
+# native host.
+same_as_the_demo() {
+  local word=$1 wanted
+  wanted=$("$demo" "$word" </dev/null) || return 1
+  [[ -n $wanted ]] && diff <(echo "$wanted") <(wine FetchKitDemo.exe "$word") &&
+    diff <(echo "$wanted") <(wine cscript //nologo sample.vbs "$word")
+}
+cycles() { wine fetchkit-load-cycles.exe | grep '^per cycle: '; }
+
+check "a Wine prefix" prepare
+x86=$build/../x86
+for each in x64 x86; do
+  check "the images for $each import the system's DLLs alone" \
+    tools/check-imports.sh $each "$build/../$each"/*.dll "$build/../$each"/*.exe
+done
+mapfile -t libraries < <(ls -d "$build/FetchKit.dll" "$x86/FetchKit.dll" 2>/dev/null)
+check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
+binary fetchkit-component-tests
+check "a thousand loads and unloads" cycles
+# What an interrupted run may have left.
+wine regsvr32 /s /u FetchKit.dll
+wine regsvr32 /s /u /n /i:user FetchKit.dll
+before=$(entries)
+check "registers for the machine" registered_for_machine
+check "a script drives it" script late-bound.vbs
+check "a script's Chinese text arrives" script late-bound.js
+cp demo/windows/sample.vbs "$build"
+check "enters the sample host" wine regsvr32 /s FetchKitDemoHost.dll
+for each in dates rights format; do
+  check "a script on the sample accounts prints the demo's $each" same_as_the_demo "$each"
+done
+check "removes the sample host" wine regsvr32 /s /u FetchKitDemoHost.dll
+check "leaves no key behind" unregistered
+check "registers for the user alone" registered_for_user
+check "leaves no key of the user's behind" unregistered /n /i:user
+
+echo "$passed passed, $failed failed"
+((failed == 0))
