@@ -45,17 +45,22 @@ Text ScalarPredicate(TextView column, TextView word, TextView value, TextView qu
   return {};
 }
 
+// The comparison of a choice; nothing for one without items, as older rows hold them.
+Text ChoicePredicate(TextView column, TextView value) {
+  const TextView items = ItemsOf(value);
+  if (items.empty()) return {};
+  if (IsSeveral(value)) return Join(column, u" In(", items, u")", kAnd);
+  return Join(column, u" = ", items, kAnd);
+}
+
 Text Predicate(FieldType type, const ListFieldType& field, TextView text, TextView value) {
   const TextView column = field.strFieldName;
   switch (type) {
-    case FieldType::Code: {
-      const Text key = Join(field.strTableName, u".lng", FilterKeyStem(field.strKeyField), u"ID");
-      if (IsSeveral(value)) return Join(key, u" In(", ItemsOf(value), u")", kAnd);
-      return Join(key, u" = ", ItemsOf(value), kAnd);
-    }
+    case FieldType::Code:
+      return ChoicePredicate(
+          Join(field.strTableName, u".lng", FilterKeyStem(field.strKeyField), u"ID"), value);
     case FieldType::Enum:
-      if (IsSeveral(value)) return Join(column, u" In(", ItemsOf(value), u")", kAnd);
-      return Join(column, u" = ", ItemsOf(value), kAnd);
+      return ChoicePredicate(column, value);
     case FieldType::Boolean:
     case FieldType::Date:
       return Join(column, u" = '", value, u"'", kAnd);

@@ -115,8 +115,9 @@ class Control {
  protected:
   void Changed();
 
-  // Whether the user can act on it; acts on other controls are ignored.
-  bool TakesActs() const { return visible_ && enabled_; }
+  // Whether the user can act on it; acts on other controls, and on a form that has closed, are
+  // ignored.
+  bool TakesActs() const { return visible_ && enabled_ && form_.open_; }
 
   template <class T>
   void Set(T& member, T value) {
