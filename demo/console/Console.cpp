@@ -27,8 +27,8 @@ void ForEachCharacter(std::string_view text, Each&& each) {
   }
 }
 
-bool IsTerminal(std::FILE* out, ColourMode mode) {
-  return mode == ColourMode::Always || (mode == ColourMode::Auto && isatty(fileno(out)) != 0);
+bool IsStyled(std::FILE* out, ColourMode mode) {
+  return mode == ColourMode::Always || (mode == ColourMode::Auto && IsTerminal(out));
 }
 
 int TerminalColumns(std::FILE* out) {
@@ -65,8 +65,12 @@ std::string Utf8(TextView text) {
   return ToUtf8(text);
 }
 
+bool IsTerminal(std::FILE* file) {
+  return isatty(fileno(file)) != 0;
+}
+
 Console::Console(std::FILE* out, ColourMode mode)
-    : out_(out), styled_(IsTerminal(out, mode)), columns_(styled_ ? TerminalColumns(out) : 0) {}
+    : out_(out), styled_(IsStyled(out, mode)), columns_(styled_ ? TerminalColumns(out) : 0) {}
 
 void Console::Heading(std::string_view text) {
   Print("\n");

@@ -13,6 +13,9 @@ namespace fetchkit::demo {
 
 enum class ColourMode { Auto, Always, Never };
 
+// Whether somebody sits at the other end of the file.
+bool IsTerminal(std::FILE* file);
+
 class Console {
  public:
   // out must outlive the console. Auto: a terminal gets colour and columns.
