@@ -28,6 +28,14 @@ int RowOf(const MSFlexGrid& grid, TextView text) {
   return -1;
 }
 
+// The row of a column's condition.
+int RowOfNode(const MSFlexGrid& grid, const TreeView::Node& node) {
+  const Text index = Join(node.Tag);
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    if (grid.TextMatrix(row, FilterColumns::kFieldIndex) == index) return row;
+  return -1;
+}
+
 // The grid as its users see it.
 void ShowGrid(Console& console, const MSFlexGrid& grid) {
   if (grid.Rows() == grid.FixedRows()) {
@@ -138,26 +146,32 @@ std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question) {
 void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
   while (form.IsOpen()) {
     console_.Heading(ToUtf8(form.Caption()));
-    console_.BeginTable({"", "column"});
-    int number = 0;
-    for (const TreeView::Node& node : form.tvwFilter.Nodes())
-      console_.Row({fmt::format("{}", ++number), ToUtf8(node.Text)});
+    const auto& nodes = form.tvwFilter.Nodes();
+    console_.BeginTable({"", "column", "condition"});
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      const int row = RowOfNode(form.msgFilter, nodes[i]);
+      console_.Row({fmt::format("{}", i + 1), ToUtf8(nodes[i].Text),
+                    row < 0 ? "" : ToUtf8(form.msgFilter.TextMatrix(row, FilterColumns::kText))});
+    }
     console_.EndTable();
-    ShowGrid(console_, form.msgFilter);
-    const auto answer =
-        Ask("A column's number; d and a condition's number to remove it; c clear, o OK, q cancel?");
+    const auto answer = Ask(
+        "A column's number, d and its number to remove the condition; c clear, o OK, q cancel?");
+    const int node = answer && answer->number && *answer->number >= 1 &&
+                             *answer->number <= static_cast<int>(nodes.size())
+                         ? *answer->number - 1
+                         : -1;
     if (!answer || answer->word == "q") {
       form.UserPressedEscape();
     } else if (answer->word == "o") {
       form.UserPressedEnter();
     } else if (answer->word == "c") {
       form.cmdOk[2].UserPressed();
-    } else if (answer->word == "d" && answer->number) {
-      form.msgFilter.UserSelectedRow(*answer->number);
-      if (form.msgFilter.Row() == *answer->number) form.msgFilter.UserPressedDelete();
-    } else if (answer->word.empty() && answer->number && *answer->number >= 1 &&
-               *answer->number <= number) {
-      form.tvwFilter.UserClickedNode(*answer->number - 1);
+    } else if (answer->word == "d" && node >= 0) {
+      const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
+      form.msgFilter.UserSelectedRow(row);
+      if (row >= 0) form.msgFilter.UserPressedDelete();
+    } else if (answer->word.empty() && node >= 0) {
+      form.tvwFilter.UserClickedNode(node);
       Edit(form);
     } else {
       console_.Line("Nothing here goes by that name.");

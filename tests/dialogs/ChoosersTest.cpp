@@ -50,36 +50,27 @@ class Choosers : public testing::Test {
 };
 
 TEST_F(Choosers, ItemConditions) {
-  const struct {
-    const char* name;
-    TextView type, choosed;
-    int items;
-    const char* acts;
-    bool ok;
-    const char *ids, *names;
-  } kRows[] = {
-      {"ids count whole", u"code", u"1,12", 13, "ok", true, "1,12", "n1 n12"},
-      {"quotes are not part of a value", u"ENUM", u"'c3','c2'", 3, "ok", true, "'c2','c3'",
-       "c2,c3"},
-      {"none of the picker's ids", u"CODE", u"77,", 3, "ok", true, "", ""},
-      {"order of choosing", u"CODE", u"", 3, "right c3 n3; right c1 n1; ok", true, "3,1", "n3 n1"},
-      {"back and forth", u"CODE", u"2", 3, "left c2 n2; all right; left c1 n1; ok", true, "3,2",
-       "n3 n2"},
-      {"all back", u"ENUM", u"c1,c2", 3, "all left; ok", true, "", ""},
-      {"cancel", u"CODE", u"2", 3, "all right; cancel", false, "", ""},
-      {"close box", u"CODE", u"2", 3, "close", false, "", ""},
-      {"nobody pressed anything", u"CODE", u"2", 3, "", false, "", ""},
-      {"another type has no items", u"LONG", u"1", 3, "all right; ok", true, "", ""},
-  };
+  static const auto kRows = Table(R"(
+ids count whole¦code¦1,12¦13¦ok¦true¦1,12¦n1 n12
+quotes are not part of a value¦ENUM¦'c3','c2'¦3¦ok¦true¦'c2','c3'¦c2,c3
+none of the picker's ids¦CODE¦77,¦3¦ok¦true¦¦
+order of choosing¦CODE¦¦3¦right c3 n3; right c1 n1; ok¦true¦3,1¦n3 n1
+back and forth¦CODE¦2¦3¦left c2 n2; all right; left c1 n1; ok¦true¦3,2¦n3 n2
+all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
+cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
+close box¦CODE¦2¦3¦close¦false¦¦
+nobody pressed anything¦CODE¦2¦3¦¦false¦¦
+another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)");
   for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
-    Fill(row.items, row.type != u"ENUM");
+    SCOPED_TRACE(row[0]);
+    Fill(std::stoi(row[3]), row[1] != "ENUM");
     frmFilterColumn form(player_, owner_);
-    player_.chooser = row.acts;
+    player_.chooser = row[4];
     Text names = u"x", ids = u"x";
-    EXPECT_EQ(form.ShowFiltration(row.type, owner_.lxtOther, row.choosed, names, ids), row.ok);
-    EXPECT_EQ(ToUtf8(ids), row.ids);
-    EXPECT_EQ(ToUtf8(names), row.names);
+    EXPECT_EQ(form.ShowFiltration(FromUtf8(row[1]), owner_.lxtOther, FromUtf8(row[2]), names, ids),
+              row[5] == "true");
+    EXPECT_EQ(ToUtf8(ids), row[6]);
+    EXPECT_EQ(ToUtf8(names), row[7]);
   }
 }
 
@@ -107,45 +98,32 @@ TEST_F(Choosers, MultiChoose) {
                                                    {u"销售部", std::int32_t{2}, u"02"},
                                                    {u"部", std::int32_t{3}, u"1"},
                                                    {NullValue(), std::int32_t{4}, u"09"}}));
-  const struct {
-    const char* name;
-    TextView choosed;
-    const char* acts;
-    bool ok;
-    const char *condition, *show;
-  } kRows[] = {
-      {"names in the order of the columns", u"", "all right; ok", true,
-       "(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')",
-       "财务部 01,销售部 02,部 1,09"},
-      {"a part of another item counts", u"(部&门='销售部 1')", "ok", true, "(部&门='部 1')",
-       "部 1"},
-      {"own order", u"财务部 01 销售部 02", "up 销售部 02; right 09; up 09; up 09; down 09; ok",
-       true, "(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')", "销售部 02,09,财务部 01"},
-      {"at the ends nothing moves", u"财务部 01 销售部 02", "up 财务部 01; down 销售部 02; ok",
-       true, "(部&门='财务部 01' 或 部&门='销售部 02')", "财务部 01,销售部 02"},
-      {"nothing chosen", u"销售部 02", "left 销售部 02; ok", true, "", ""},
-      {"all back", u"销售部 02", "all left; ok", true, "", ""},
-      {"cancel", u"销售部 02", "cancel", false, "", ""},
-      {"left open", u"销售部 02", "all right", false, "", ""},
-  };
+  static const auto kRows = Table(R"(
+names in the order of the columns¦¦all right; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')¦财务部 01,销售部 02,部 1,09
+a part of another item counts¦(部&门='销售部 1')¦ok¦true¦(部&门='部 1')¦部 1
+own order¦财务部 01 销售部 02¦up 销售部 02; right 09; up 09; up 09; down 09; ok¦true¦(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')¦销售部 02,09,财务部 01
+at the ends nothing moves¦财务部 01 销售部 02¦up 财务部 01; down 销售部 02; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02')¦财务部 01,销售部 02
+nothing chosen¦销售部 02¦left 销售部 02; ok¦true¦¦
+all back¦销售部 02¦all left; ok¦true¦¦
+cancel¦销售部 02¦cancel¦false¦¦
+left open¦销售部 02¦all right¦false¦¦)");
   for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(row[0]);
     frmMultiChoose form(player_);
     RecordsetPtr rows;
     ASSERT_TRUE(host_->OpenStaticRecordset(u"codes", rows, 3, 1, 1, 0));
-    player_.multi = row.acts;
+    player_.multi = row[2];
     player_.onMulti = [](frmMultiChoose& shown) {
       EXPECT_EQ(shown.Caption(), u"选择部&门");
       EXPECT_EQ(shown.lblAll.Caption(), u"可选部&&门(&S)");
       EXPECT_EQ(shown.lblSelected.Caption(), u"已选部&&门(&T)");
       EXPECT_EQ(shown.cmdLeftAll.Enabled(), shown.lstSelected.ListCount() > 0);
     };
-    const auto result =
-        form.ShowMultiChoose({rows, u"部&门", Text(row.choosed), false, Value(), 0});
+    const auto result = form.ShowMultiChoose({rows, u"部&门", FromUtf8(row[1]), false, Value(), 0});
     host_->CloseRecordset(rows);
-    EXPECT_EQ(result.bOk, row.ok);
-    EXPECT_EQ(ToUtf8(result.condition), row.condition);
-    EXPECT_EQ(ToUtf8(result.strShowCond), row.show);
+    EXPECT_EQ(result.bOk, row[3] == "true");
+    EXPECT_EQ(ToUtf8(result.condition), row[4]);
+    EXPECT_EQ(ToUtf8(result.strShowCond), row[5]);
   }
   // Enumerations: index 0 is skipped, whatever the bounds; what is chosen already is not asked.
   for (const auto& [lower, expected] : {std::pair(0, "b,c"), {1, "a,b,c"}, {-1, "c"}}) {
@@ -186,88 +164,32 @@ TEST_F(Choosers, MultiChoose) {
 
 // Rights are asked for the named table and no other; they answer "all codes".
 TEST_F(Choosers, CodeListStatements) {
-  const struct {
-    const char16_t* keyword;
-    const char* rights;  // table
-    const char* sql;
-  } kRows[] = {
-      {u"department", "Department",
-       "SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE "
-       "blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC"},
-      {u"CUSTOMERTYPE", "CustomType",
-       "SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE "
-       "blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC"},
-      {u"Class1", "Class1",
-       "SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND "
-       "strClassCode<>' '  ORDER BY strClassCode ASC"},
-      {u"CLASS2", "Class2",
-       "SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND "
-       "strClassCode<>' '  ORDER BY strClassCode ASC"},
-      {u"Functional", "Functional",
-       "SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE "
-       "blnIsInActive=0 AND strFunctionalCode<>' '  ORDER BY strFunctionalCode ASC"},
-      {u"GOVERNMENTECO", "GovernmentECO",
-       "SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO "
-       "WHERE blnIsInActive=0 AND strGovernmentECOCode<>' '  ORDER BY strGovernmentECOCode ASC"},
-      {u"DepartmentECO", "DepartmentECO",
-       "SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO "
-       "WHERE blnIsInActive=0 AND strDepartmentECOCode<>' '  ORDER BY strDepartmentECOCode ASC"},
-      {u"OPERATOR", "",
-       "SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator Order By "
-       "strOperatorCode"},
-      {u"ORGANIZATION", "",
-       " SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM Organization WHERE "
-       "1=1 AND (strOrganizationCode='01-02' OR strOrganizationCode like '01-02-%')  Order by "
-       "Organization.strOrganizationCode "},
-      {u"FBDUTYCENTER", "FBDutyCenter",
-       "SELECT lngFBDutyCenterID,strFBDutyCenterCode,strFBDutyCenterName FROM FBDutyCenter WHERE "
-       "blnIsInActive = 0 Order By strFBDutyCenterCode"},
-      {u"FBSCHEME", "FBScheme",
-       "SELECT lngFBSchemeID,strFBSchemeCode,strFBSchemeName FROM FBScheme WHERE blnIsInActive = 0 "
-       "Order By strFBSchemeCode"},
-      {u"FBTYPE", "FBType",
-       "SELECT lngFBTypeID,strFBTypeCode,strFBTypeName FROM FBType WHERE blnIsInActive = 0 Order "
-       "By strFBTypeCode"},
-      {u"FBSYSTEM", "FBSystem",
-       "SELECT lngFBSystemID,strFBSystemCode,strFBSystemName FROM FBSystem WHERE blnIsInActive = 0 "
-       "Order By strFBSystemCode"},
-      {u"FBTARGET", "FBTarget",
-       "SELECT lngFBTargetID,strFBTargetCode,strFBTargetName FROM FBTarget WHERE blnIsInActive = 0 "
-       "Order By strFBTargetCode"},
-      {u"FBITEM", "FBItem",
-       "SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 Order "
-       "By strFBItemCode"},
-      {u"FBPERIOD", "",
-       "SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0 Order By "
-       "lngFBPeriodID"},
-      {u"RTSCHEME", "",
-       "SELECT lngRTSchemeID,strRTSchemeCode,strRTSchemeName FROM RTScheme WHERE blnIsInActive = 0 "
-       "Order By strRTSchemeCode"},
-      {u"RTTYPE", "",
-       "SELECT lngRTTypeID,strRTTypeCode,strRTTypeName FROM RTType WHERE blnIsInActive = 0 Order "
-       "By strRTTypeCode"},
-      {u"RTSYSTEM", "",
-       "SELECT lngRTSystemID,strRTSystemCode,strRTSystemName FROM RTSystem WHERE blnIsInActive = 0 "
-       "Order By strRTSystemCode"},
-      {u"RTTARGET", "",
-       "SELECT lngRTTargetID,strRTTargetCode,strRTTargetName FROM RTTarget WHERE blnIsInActive = 0 "
-       "Order By strRTTargetCode"},
-      {u"RTITEM", "",
-       "SELECT lngRTItemID,strRTItemCode,strRTItemName FROM RTItem WHERE blnIsInActive = 0 Order "
-       "By strRTItemCode"},
-      {u"RTDUTYCENTER", "",
-       "SELECT lngRTDutyCenterID,strRTDutyCenterCode,strRTDutyCenterName FROM RTDutyCenter WHERE "
-       "blnIsInActive = 0 Order By strRTDutyCenterCode"},
-      {u"RTPERIOD", "",
-       "SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By "
-       "lngRTPeriodID"},
-      {u"CURRENCYS", "",
-       "SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = "
-       "0 Order By strCurrencyCode"},
-      {u"Employee", "",
-       "SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employee T1 WHERE "
-       "T1.blnIsInActive = 0 ORDER BY strEmployeeCode"},
-  };
+  static const auto kRows = Table(R"(
+department¦Department¦SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC
+CUSTOMERTYPE¦CustomType¦SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC
+Class1¦Class1¦SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+CLASS2¦Class2¦SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+Functional¦Functional¦SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE blnIsInActive=0 AND strFunctionalCode<>' '  ORDER BY strFunctionalCode ASC
+GOVERNMENTECO¦GovernmentECO¦SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO WHERE blnIsInActive=0 AND strGovernmentECOCode<>' '  ORDER BY strGovernmentECOCode ASC
+DepartmentECO¦DepartmentECO¦SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO WHERE blnIsInActive=0 AND strDepartmentECOCode<>' '  ORDER BY strDepartmentECOCode ASC
+OPERATOR¦¦SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator Order By strOperatorCode
+ORGANIZATION¦¦ SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM Organization WHERE 1=1 AND (strOrganizationCode='01-02' OR strOrganizationCode like '01-02-%')  Order by Organization.strOrganizationCode 
+FBDUTYCENTER¦FBDutyCenter¦SELECT lngFBDutyCenterID,strFBDutyCenterCode,strFBDutyCenterName FROM FBDutyCenter WHERE blnIsInActive = 0 Order By strFBDutyCenterCode
+FBSCHEME¦FBScheme¦SELECT lngFBSchemeID,strFBSchemeCode,strFBSchemeName FROM FBScheme WHERE blnIsInActive = 0 Order By strFBSchemeCode
+FBTYPE¦FBType¦SELECT lngFBTypeID,strFBTypeCode,strFBTypeName FROM FBType WHERE blnIsInActive = 0 Order By strFBTypeCode
+FBSYSTEM¦FBSystem¦SELECT lngFBSystemID,strFBSystemCode,strFBSystemName FROM FBSystem WHERE blnIsInActive = 0 Order By strFBSystemCode
+FBTARGET¦FBTarget¦SELECT lngFBTargetID,strFBTargetCode,strFBTargetName FROM FBTarget WHERE blnIsInActive = 0 Order By strFBTargetCode
+FBITEM¦FBItem¦SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 Order By strFBItemCode
+FBPERIOD¦¦SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0 Order By lngFBPeriodID
+RTSCHEME¦¦SELECT lngRTSchemeID,strRTSchemeCode,strRTSchemeName FROM RTScheme WHERE blnIsInActive = 0 Order By strRTSchemeCode
+RTTYPE¦¦SELECT lngRTTypeID,strRTTypeCode,strRTTypeName FROM RTType WHERE blnIsInActive = 0 Order By strRTTypeCode
+RTSYSTEM¦¦SELECT lngRTSystemID,strRTSystemCode,strRTSystemName FROM RTSystem WHERE blnIsInActive = 0 Order By strRTSystemCode
+RTTARGET¦¦SELECT lngRTTargetID,strRTTargetCode,strRTTargetName FROM RTTarget WHERE blnIsInActive = 0 Order By strRTTargetCode
+RTITEM¦¦SELECT lngRTItemID,strRTItemCode,strRTItemName FROM RTItem WHERE blnIsInActive = 0 Order By strRTItemCode
+RTDUTYCENTER¦¦SELECT lngRTDutyCenterID,strRTDutyCenterCode,strRTDutyCenterName FROM RTDutyCenter WHERE blnIsInActive = 0 Order By strRTDutyCenterCode
+RTPERIOD¦¦SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By lngRTPeriodID
+CURRENCYS¦¦SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0 Order By strCurrencyCode
+Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employee T1 WHERE T1.blnIsInActive = 0 ORDER BY strEmployeeCode)");
   EXPECT_EQ(
       CodeListStatementOf(session_, u"FBItem").sql,
       u"SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 And "
@@ -287,9 +209,9 @@ TEST_F(Choosers, CodeListStatements) {
     return sql.find(u"blnAll") != TextView::npos ? &all : &none;
   };
   for (const auto& row : kRows) {
-    SCOPED_TRACE(row.sql);
-    EXPECT_EQ(ToUtf8(CodeListStatementOf(session_, row.keyword).sql), row.sql);
-    const std::string table = row.rights;
+    SCOPED_TRACE(row[2]);
+    EXPECT_EQ(ToUtf8(CodeListStatementOf(session_, FromUtf8(row[0])).sql), row[2]);
+    const std::string table = row[1];
     std::string upper = table;
     for (char& c : upper)
       c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));

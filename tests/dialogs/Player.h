@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dialogs/FormView.h"
 #include "dialogs/frmFilter.h"
@@ -14,7 +15,7 @@ namespace fetchkit::test {
 
 // Acts stand between ";": "node CAPTION", "pick TEXT", "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "delete CAPTION",
-// "clear", "ok", "cancel", "close", "default", "nothing". A form that is still open at the end is
+// "clear", "ok", "cancel", "close". A form that is still open at the end is
 // left open; a dialog's caller must take that for Cancel.
 void Play(frmFilter& form, std::string_view acts);
 
@@ -37,6 +38,9 @@ class Player : public FormView {
   std::function<void(frmMultiChoose&)> onMulti;     // before the acts
   int shown = 0;                                    // forms of all kinds
 };
+
+// The rows of a table: one per line, cells between "¦", blanks kept.
+std::vector<std::vector<std::string>> Table(std::string_view lines);
 
 // The rows of a grid: "cell|cell|..." per row, headers left out, by the named columns.
 std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns);
