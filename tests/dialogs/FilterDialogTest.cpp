@@ -246,7 +246,22 @@ TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
   }
 }
 
-// The same statement answers in each of these; the grid is described once.
+// A view whose windows take the form's own changes for acts of the user.
+class Echo : public FormObserver {
+ public:
+  explicit Echo(frmFilter& form) : form_(form) { form.Attach(this); }
+  ~Echo() override { form_.Attach(nullptr); }
+  void Changed(Control&) override {
+    form_.lxtOther.UserPicked(1);
+    form_.UserPressedEnter();
+  }
+  void FocusWanted(Control&) override {}
+  void Closed(Form&) override {}
+
+ private:
+  frmFilter& form_;
+};
+
 TEST_F(FilterDialog, GridTreeAndLimits) {
   player_.onFilter = [&](frmFilter& form) {
     const MSFlexGrid& grid = form.msgFilter;
@@ -262,6 +277,11 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     EXPECT_EQ(form.tvwFilter.SelectedItem(), 0);
     EXPECT_EQ(EditorsOf(form), "lxtOther") << "the first node's editor";
     EXPECT_FALSE(form.lblTitle.UseMnemonic()) << "a caption with & is shown as it is";
+    Play(form, "node 数量");
+    const Echo echo(form);
+    Play(form, "node 名&称");
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_EQ(grid.Rows(), 1) << "an echo while the editors are rearranged";
   };
   EXPECT_FALSE(Show(""));
 
