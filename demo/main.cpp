@@ -3,11 +3,13 @@
 
 #include <CLI/CLI.hpp>
 #include <exception>
+#include <iostream>
 #include <map>
 
 #include "demo/SampleAccounts.h"
 #include "demo/commands/Commands.h"
 #include "demo/console/Console.h"
+#include "demo/console/Terminal.h"
 
 namespace {
 
@@ -60,6 +62,19 @@ int Run(int argc, char** argv) {
                    "Change a condition, save, and read back, such as \"金额 大于 100\";\n"
                    "\"金额 任意\" removes it. May be given more than once.")
       ->allow_extra_args(false);
+  FilterOptions filter;
+  CLI::App* filters =
+      app.add_subcommand("filter", "The filter dialog: a scripted user, or you, set conditions");
+  filters->add_option("--view", filter.viewId, "The view: 101 to 104")->capture_default_str();
+  filters->add_option("--rows", filter.rows, "Rows to print at most")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
+  bool ask = false;
+  bool script = false;
+  CLI::Option* asked =
+      filters->add_flag("--ask", ask, "Ask for every choice (the default on a terminal)");
+  filters->add_flag("--script", script, "Let the scripted user choose (the default elsewhere)")
+      ->excludes(asked);
 
   CLI11_PARSE(app, argc, argv);
   Console console(stdout, colour);
@@ -69,6 +84,10 @@ int Run(int argc, char** argv) {
   if (settings->parsed()) return RunSettings(console, common);
   if (format->parsed()) return RunFormat(console, common);
   if (lists->parsed()) return RunList(console, common, list);
+  if (filters->parsed()) {
+    if (ask || script) filter.user = ask ? DialogUser::Asked : DialogUser::Scripted;
+    return RunFilter(console, common, filter, std::cin, IsTerminal(stdin) && IsTerminal(stdout));
+  }
   return RunLogin(console, common);
 }
 

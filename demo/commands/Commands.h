@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,21 @@ struct ListOptions {
 // saves them and shows that a second login reads them back. std::invalid_argument for a view or a
 // condition that makes no sense.
 int RunList(Console& console, const CommonOptions& options, const ListOptions& list);
+
+enum class DialogUser { Auto, Asked, Scripted };
+
+struct FilterOptions {
+  std::int32_t viewId = 101;
+  int rows = 10;  // how many to print at most
+  DialogUser user = DialogUser::Auto;
+};
+
+// Opens the filter dialog on a view's saved list and shows what it returns and finds, then the
+// multi-choose dialog. A scripted user answers, or whoever sits at the terminal, whose answers are
+// read from in; Auto asks where asking makes sense (interactive). std::invalid_argument for a view
+// that is none.
+int RunFilter(Console& console, const CommonOptions& options, const FilterOptions& filter,
+              std::istream& in, bool interactive);
 
 // The sample logins by name.
 int RunAccounts(Console& console);

@@ -42,7 +42,7 @@ class frmFilter final : public Form {
   // Whether the text is a number, in the sense of the text helpers.
   static bool IsNum(TextView text);
 
-  // The table below is also the order of the Tab key.
+  // In the order of the Tab key, which walks Clear in front of OK and Cancel.
   Frame Frame3{*this, u"Frame3", u"可选项目(&M)"};
   TreeView tvwFilter{*this, u"tvwFilter"};
   Frame Frame2{*this, u"Frame2", u"已选条件(&H)"};

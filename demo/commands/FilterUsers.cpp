@@ -1,0 +1,295 @@
+#include "demo/commands/FilterUsers.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <istream>
+#include <vector>
+
+#include "base/Utf8.h"
+#include "dialogs/FilterSql.h"
+#include "platform/Platform.h"
+
+namespace fetchkit::demo {
+namespace {
+
+constexpr int kMostListed = 20;
+
+int RowOf(const PickCombo& picker, TextView text) {
+  for (int row = 0; row < picker.ListCount(); ++row)
+    if (picker.RowText(row) == text) return row;
+  return picker.FindTyped(text);
+}
+
+int RowOf(const MSFlexGrid& grid, TextView text) {
+  for (int row = 0; row < grid.Rows(); ++row)
+    if (grid.TextMatrix(row, 2).ends_with(text)) return row;
+  return -1;
+}
+
+// The row of a column's condition.
+int RowOfNode(const MSFlexGrid& grid, const TreeView::Node& node) {
+  const Text index = Join(node.Tag);
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    if (grid.TextMatrix(row, FilterColumns::kFieldIndex) == index) return row;
+  return -1;
+}
+
+// The grid as its users see it.
+void ShowGrid(Console& console, const MSFlexGrid& grid) {
+  if (grid.Rows() == grid.FixedRows()) {
+    console.Note("no conditions");
+    return;
+  }
+  const auto cell = [&](int row, int col) { return ToUtf8(grid.TextMatrix(row, col)); };
+  console.BeginTable({"", cell(0, FilterColumns::kCaption), cell(0, FilterColumns::kText)});
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    console.Row({fmt::format("{}", row), cell(row, FilterColumns::kCaption),
+                 cell(row, FilterColumns::kText)});
+  console.EndTable();
+}
+
+}  // namespace
+
+// ---- the scripted user
+
+void ScriptedUser::ShowModal(frmFilter& form, std::int32_t) {
+  console_.Note("The dialog opens with");
+  ShowGrid(console_, form.msgFilter);
+  console_.Line("presses " + ToUtf8(form.cmdOk[2].Caption()));
+  form.cmdOk[2].UserPressed();
+  if (Open(form, u"凭证日期")) Pick(form, u"本季度");
+  if (Open(form, u"部门")) Pick(form, frmFilterColumn::kChooseItems);
+  if (Open(form, u"金额")) {
+    Pick(form, u"大于");
+    Value(form, u"一千");
+    Value(form, u"1000");
+  }
+  console_.Line("presses " + ToUtf8(form.cmdOk[0].Caption()) + "; the grid holds");
+  ShowGrid(console_, form.msgFilter);
+  form.cmdOk[0].UserPressed();
+}
+
+bool ScriptedUser::Open(frmFilter& form, TextView caption) {
+  const auto& nodes = form.tvwFilter.Nodes();
+  const auto node = std::find_if(nodes.begin(), nodes.end(),
+                                 [&](const TreeView::Node& each) { return each.Text == caption; });
+  if (node == nodes.end()) {
+    console_.Note("there is no column " + ToUtf8(caption));
+    return false;
+  }
+  console_.Line("clicks the column " + ToUtf8(caption));
+  form.tvwFilter.UserClickedNode(static_cast<int>(node - nodes.begin()));
+  return true;
+}
+
+void ScriptedUser::Pick(frmFilter& form, TextView text) {
+  console_.Line(fmt::format("  picks {} among {}", ToUtf8(text), form.lxtOther.ListCount()));
+  form.lxtOther.UserPicked(RowOf(form.lxtOther, text));
+}
+
+void ScriptedUser::Value(frmFilter& form, TextView value) {
+  form.txtFrom.UserTyped(value);
+  form.txtFrom.UserLeft();
+  const bool refused = form.TakeFocusWish() == &form.txtFrom;
+  console_.Line(fmt::format("  types {}{}", ToUtf8(value),
+                            refused ? ": refused, the focus is back in the box" : ""));
+}
+
+void ScriptedUser::ShowModal(frmFilterColumn& form, const frmFilter&) {
+  for (const TextView name : {u"国内销售科", u"国际业务科"}) {
+    const int row = RowOf(form.msgAll, name);
+    if (row < 0) continue;
+    console_.Line("    chooses " + ToUtf8(form.msgAll.TextMatrix(row, 2)));
+    form.msgAll.UserDoubleClickedRow(row);
+  }
+  form.cmdOK.UserPressed();
+}
+
+void ScriptedUser::ShowModal(frmMultiChoose& form, std::int32_t) {
+  console_.Note(fmt::format("{}: {} to choose from, {} chosen", ToUtf8(form.Caption()),
+                            form.lstAll.ListCount(), form.lstSelected.ListCount()));
+  if (form.lstAll.ListCount() > 0) {
+    console_.Line("chooses " + ToUtf8(form.lstAll.List(0)) + " and moves it up");
+    form.lstAll.UserDoubleClicked(0);
+    form.cmdSerial[0].UserPressed();
+  }
+  form.cmdOk.UserPressed();
+}
+
+// ---- the asked user
+
+std::optional<std::string> AskedUser::Line(const std::string& question) {
+  console_.Note(question);
+  std::string line;
+  if (!std::getline(in_, line)) return std::nullopt;
+  return ToUtf8(TrimBlanks(FromUtf8(line)));
+}
+
+std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question) {
+  auto line = Line(question);
+  if (!line) return std::nullopt;
+  Answer answer;
+  const std::size_t digits = line->find_last_not_of("0123456789") + 1;
+  int number = 0;
+  const auto [end, error] =
+      std::from_chars(line->data() + digits, line->data() + line->size(), number);
+  if (error == std::errc() && end == line->data() + line->size() && digits < line->size()) {
+    answer.number = number;
+    line->resize(digits);
+  }
+  answer.word = ToUtf8(TrimBlanks(FromUtf8(*line)));
+  return answer;
+}
+
+void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
+  while (form.IsOpen()) {
+    console_.Heading(ToUtf8(form.Caption()));
+    const auto& nodes = form.tvwFilter.Nodes();
+    console_.BeginTable({"", "column", "condition"});
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      const int row = RowOfNode(form.msgFilter, nodes[i]);
+      console_.Row({fmt::format("{}", i + 1), ToUtf8(nodes[i].Text),
+                    row < 0 ? "" : ToUtf8(form.msgFilter.TextMatrix(row, FilterColumns::kText))});
+    }
+    console_.EndTable();
+    const auto answer = Ask(
+        "A column's number, d and its number to remove the condition; c clear, o OK, q cancel?");
+    const int node = answer && answer->number && *answer->number >= 1 &&
+                             *answer->number <= static_cast<int>(nodes.size())
+                         ? *answer->number - 1
+                         : -1;
+    if (!answer || answer->word == "q") {
+      form.UserPressedEscape();
+    } else if (answer->word == "o") {
+      form.UserPressedEnter();
+    } else if (answer->word == "c") {
+      form.cmdOk[2].UserPressed();
+    } else if (answer->word == "d" && node >= 0) {
+      const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
+      form.msgFilter.UserSelectedRow(row);
+      if (row >= 0) form.msgFilter.UserPressedDelete();
+    } else if (answer->word.empty() && node >= 0) {
+      form.tvwFilter.UserClickedNode(node);
+      Edit(form);
+    } else {
+      console_.Line("Nothing here goes by that name.");
+    }
+    if (Control* focus = form.TakeFocusWish(); form.IsOpen() && focus != nullptr)
+      console_.Line("The value in the box is refused; choose its column again.");
+  }
+}
+
+void AskedUser::Edit(frmFilter& form) {
+  if (form.lxtOther.Visible()) {
+    console_.Line(
+        fmt::format("{}: {}", ToUtf8(form.lblTitle.Caption()), ToUtf8(form.lxtOther.Text())));
+    PickRow(form.lxtOther);
+  } else if (!form.datDate.Visible()) {
+    console_.Line("No editor opens: there are too many conditions, or the column has none.");
+  }
+  if (form.txtTo.Visible()) {
+    TypeInto(form, form.txtFrom, "From");
+    TypeInto(form, form.txtTo, "To");
+  } else if (form.txtFrom.Visible()) {
+    TypeInto(form, form.txtFrom, "Value");
+  }
+  if (form.datFrom.Visible()) {
+    TypeDate(form.datFrom, "From");
+    TypeDate(form.datTo, "To");
+  }
+  if (form.datDate.Visible()) TypeDate(form.datDate, "Date");
+}
+
+void AskedUser::PickRow(PickCombo& picker) {
+  for (int row = 0; row < std::min(picker.ListCount(), kMostListed); ++row)
+    console_.Line(fmt::format("  {:>3}  {}", row + 1, ToUtf8(picker.RowText(row))));
+  if (picker.ListCount() > kMostListed)
+    console_.Note(fmt::format("  and {} more", picker.ListCount() - kMostListed));
+  const auto line = Line("Its number, or how it begins; nothing to leave it?");
+  if (!line || line->empty()) return;
+  int number = 0;
+  const auto [end, error] = std::from_chars(line->data(), line->data() + line->size(), number);
+  const bool isRow = error == std::errc() && end == line->data() + line->size() && number >= 1 &&
+                     number <= std::min(picker.ListCount(), kMostListed);
+  const int row = isRow ? number - 1 : picker.UserTyped(FromUtf8(*line));
+  if (row < 0) {
+    console_.Line("Nothing in the list begins so.");
+    return;
+  }
+  picker.UserPicked(row);
+}
+
+void AskedUser::TypeInto(frmFilter& form, TextBox& box, const std::string& name) {
+  const auto line = Line(fmt::format("{} [{}]?", name, ToUtf8(box.Text())));
+  if (line && !line->empty()) box.UserTyped(FromUtf8(*line));
+  box.UserLeft(&box == &form.txtFrom && form.txtTo.Visible() ? &form.txtTo : nullptr);
+}
+
+void AskedUser::TypeDate(DateSpinner& date, const std::string& name) {
+  const auto line = Line(fmt::format("{} [{}]?", name, ToUtf8(date.Text())));
+  if (!line || line->empty()) return;
+  if (const auto typed = CurrentPlatform().ParseDate(FromUtf8(*line))) {
+    date.UserChanged(*typed);
+  } else {
+    console_.Line("That is no date; it stays as it is.");
+  }
+}
+
+void AskedUser::ShowModal(frmFilterColumn& form, const frmFilter&) {
+  while (form.IsOpen()) {
+    console_.BeginTable({"", ToUtf8(form.Caption())});
+    for (int row = 0; row < std::min(form.msgAll.Rows(), kMostListed); ++row)
+      console_.Row({fmt::format("{}", row + 1), ToUtf8(form.msgAll.TextMatrix(row, 2))});
+    for (int row = 0; row < form.msgSelected.Rows(); ++row)
+      console_.Row(
+          {fmt::format("t {}", row + 1), "chosen: " + ToUtf8(form.msgSelected.TextMatrix(row, 2))});
+    console_.EndTable();
+    if (form.msgAll.Rows() > kMostListed)
+      console_.Note(fmt::format("and {} more", form.msgAll.Rows() - kMostListed));
+    const auto answer =
+        Ask("A number to choose, t and a number to take back; a all, n none, o OK, q cancel?");
+    if (!answer || answer->word == "q") {
+      form.UserPressedEscape();
+    } else if (answer->word == "o") {
+      form.UserPressedEnter();
+    } else if (answer->word == "a") {
+      form.cmdRightAll.UserPressed();
+    } else if (answer->word == "n") {
+      form.cmdLeftAll.UserPressed();
+    } else if (answer->number) {
+      (answer->word == "t" ? form.msgSelected : form.msgAll)
+          .UserDoubleClickedRow(*answer->number - 1);
+    }
+  }
+}
+
+void AskedUser::ShowModal(frmMultiChoose& form, std::int32_t) {
+  while (form.IsOpen()) {
+    console_.BeginTable({"", ToUtf8(form.Caption())});
+    for (int item = 0; item < std::min(form.lstAll.ListCount(), kMostListed); ++item)
+      console_.Row({fmt::format("{}", item + 1), ToUtf8(form.lstAll.List(item))});
+    for (int item = 0; item < form.lstSelected.ListCount(); ++item)
+      console_.Row(
+          {fmt::format("t {}", item + 1), "chosen: " + ToUtf8(form.lstSelected.List(item))});
+    console_.EndTable();
+    const auto answer = Ask(
+        "A number to choose, t and a number to take back, u or d and a number to move up or down; "
+        "o OK, q cancel?");
+    if (!answer || answer->word == "q") {
+      form.UserPressedEscape();
+    } else if (answer->word == "o") {
+      form.UserPressedEnter();
+    } else if (answer->number && answer->word.empty()) {
+      form.lstAll.UserDoubleClicked(*answer->number - 1);
+    } else if (answer->number && answer->word == "t") {
+      form.lstSelected.UserDoubleClicked(*answer->number - 1);
+    } else if (answer->number && (answer->word == "u" || answer->word == "d")) {
+      form.lstSelected.UserSelected(*answer->number - 1);
+      form.cmdSerial[answer->word == "u" ? 0 : 1].UserPressed();
+    }
+  }
+}
+
+}  // namespace fetchkit::demo

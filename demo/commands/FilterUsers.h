@@ -1,0 +1,62 @@
+// Who answers the dialogs in a console: a user with a script, and one who is asked.
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+#include "demo/console/Console.h"
+#include "dialogs/FormView.h"
+#include "dialogs/frmFilter.h"
+#include "dialogs/frmFilterColumn.h"
+#include "dialogs/frmMultiChoose.h"
+
+namespace fetchkit::demo {
+
+// Sets a period by its keyword, two departments through the chooser and an amount, mistyped first,
+// each act told in a line; columns that the list lacks are left out.
+class ScriptedUser : public FormView {
+ public:
+  explicit ScriptedUser(Console& console) : console_(console) {}
+
+  void ShowModal(frmFilter& form, std::int32_t hWndOwner) override;
+  void ShowModal(frmFilterColumn& form, const frmFilter& owner) override;
+  void ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) override;
+
+ private:
+  bool Open(frmFilter& form, TextView caption);
+  void Pick(frmFilter& form, TextView text);
+  void Value(frmFilter& form, TextView value);
+
+  Console& console_;
+};
+
+// Questions and answers, line by line. The end of the input cancels whatever is open.
+class AskedUser : public FormView {
+ public:
+  // in must outlive the object.
+  AskedUser(Console& console, std::istream& in) : console_(console), in_(in) {}
+
+  void ShowModal(frmFilter& form, std::int32_t hWndOwner) override;
+  void ShowModal(frmFilterColumn& form, const frmFilter& owner) override;
+  void ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) override;
+
+ private:
+  struct Answer {
+    std::string word;           // the line without a number at its end, trimmed
+    std::optional<int> number;  // counted from 1
+  };
+
+  std::optional<std::string> Line(const std::string& question);
+  std::optional<Answer> Ask(const std::string& question);
+  void Edit(frmFilter& form);
+  void PickRow(PickCombo& picker);
+  void TypeInto(frmFilter& form, TextBox& box, const std::string& name);
+  void TypeDate(DateSpinner& date, const std::string& name);
+
+  Console& console_;
+  std::istream& in_;
+};
+
+}  // namespace fetchkit::demo

@@ -1,0 +1,19 @@
+// What the subcommands show of a list.
+#pragma once
+
+#include "demo/commands/DemoSession.h"
+#include "demo/console/Console.h"
+#include "listset/ListSet.h"
+
+namespace fetchkit::demo {
+
+// The columns that have a condition, in both its forms.
+void ShowConditions(Console& console, const ListType& list);
+
+// The four texts of which a host makes its query.
+void ShowTexts(Console& console, const ListSet& set);
+
+// The rows of that query, at most so many.
+void ShowRows(Console& console, DemoSession& session, const ListSet& set, int most);
+
+}  // namespace fetchkit::demo

@@ -1,0 +1,149 @@
+// The dialogs over the sample accounts, answered in a console.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "base/Utf8.h"
+#include "demo/commands/DemoSession.h"
+#include "demo/commands/FilterUsers.h"
+#include "dialogs/CodeLists.h"
+#include "dialogs/Forms.h"
+#include "listset/ListSet.h"
+
+namespace fetchkit::demo {
+namespace {
+
+class FilterDialogs : public testing::Test {
+ protected:
+  FilterDialogs() {
+    session_.Switch("main");
+    session_.LogIn();
+  }
+  ~FilterDialogs() override { std::fclose(paper_); }
+
+  ListSet& set() { return *session_.entry().ListSet(); }
+
+  bool Show(FormView& view, std::int32_t viewId = 101) {
+    Forms forms(view);
+    SetFormHost(&forms);
+    set().ViewId(viewId);
+    const bool confirmed = set().ShowFilter(0);
+    SetFormHost(nullptr);
+    return confirmed;
+  }
+
+  std::int64_t Rows() {
+    RecordsetPtr rows;
+    const Text sql = Join(u"Select", set().GetListSelect(), u" From ", set().ListFrom(), u" Where ",
+                          set().ListWhere(), set().ListPureWhere().empty() ? u"" : u" And ",
+                          set().ListPureWhere());
+    if (!session_.connection()->OpenStaticRecordset(sql, rows, 3, 1, 1, 0)) return -1;
+    const std::int64_t count = rows->RecordCount();
+    session_.connection()->CloseRecordset(rows);
+    return count;
+  }
+
+  std::string Paper() {
+    std::string text(static_cast<std::size_t>(std::ftell(paper_)), '\0');
+    std::rewind(paper_);
+    text.resize(std::fread(text.data(), 1, text.size(), paper_));
+    return text;
+  }
+
+  std::FILE* paper_ = std::tmpfile();
+  Console console_{paper_, ColourMode::Never};
+  DemoSession session_{console_, false};
+};
+
+TEST_F(FilterDialogs, ScriptedUserFindsRows) {
+  ScriptedUser user(console_);
+  EXPECT_TRUE(Show(user));
+  EXPECT_EQ(ToUtf8(set().ListPureWhere()),
+            "(Voucher.strDate >= '2004-01-01' And Voucher.strDate <= '2004-03-31') And "
+            "Department.lngDEPARTMENTID In(5,6) And VoucherDetail.dblDebit+VoucherDetail.dblCredit "
+            "> 1000");
+  const std::int64_t rows = Rows();
+  EXPECT_GT(rows, 0);
+  // What the dialog saved reads back as the same conditions and finds the same rows.
+  const ListType saved = set().List();
+  session_.LogInAfresh();
+  set().ViewId(101);
+  const ListType again = set().List();
+  ASSERT_EQ(again.ListField.size(), saved.ListField.size());
+  for (std::size_t i = 0; i < saved.ListField.size(); ++i) {
+    const ListFieldType& field = saved.ListField[i];
+    EXPECT_EQ(again.ListField[i].strFilter, field.strFilter) << i;
+    EXPECT_EQ(again.ListField[i].strExtValue, field.strExtValue) << i;
+    EXPECT_EQ(again.ListField[i].blnIsMuliCond, field.blnIsMuliCond) << i;
+  }
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_NE(
+      Paper().find("1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"),
+      std::string::npos);
+  EXPECT_EQ(session_.connection()->openRecordsets(), 0);
+}
+
+TEST_F(FilterDialogs, AskedUser) {
+  // Columns of view 103: 1 code, 2 name, 4 kind, 5 level, 6 account, 8 detail.
+  // What it shows, the answers (one line each), what ListPureWhere is then; "-" for cancelled.
+  static constexpr const char* kRows[][3] = {
+      {"between, by its beginning", "5/介/1/3/o/",
+       "(Account.intLevel > 1 And Account.intLevel < 3)"},
+      {"a code by typing", "6/1131/o/", "Account.lngACCOUNTID = 7"},
+      {"several by the chooser", "4/选择/2/1/o/o/",
+       "AccountType.strAccountTypeName In('损益','成本')"},
+      {"a refused value, then another", "5/大于/x/o/5/大于/2/o/", "Account.intLevel > 2"},
+      {"removed by its number", "8/2/5/零/d 8/o/",
+       "(Account.intLevel Is Null or Account.intLevel=0)"},
+      {"cleared", "8/2/c/o/", ""},
+      {"cancelled", "8/2/q/", "-"},
+      {"the input ends", "8/2/5/", "-"},
+      {"nonsense", "77/d 9/-//8/zzz/8/99/q/", "-"},
+  };
+  for (const auto& [name, lines, where] : kRows) {
+    SCOPED_TRACE(name);
+    std::string text = lines;
+    std::replace(text.begin(), text.end(), '/', '\n');
+    // First nothing is left of the row before.
+    std::istringstream answers("c\no\n" + text);
+    AskedUser user(console_, answers);
+    EXPECT_TRUE(Show(user, 103));
+    const bool cancelled = where == std::string("-");
+    EXPECT_EQ(Show(user, 103), !cancelled);
+    EXPECT_EQ(ToUtf8(set().ListPureWhere()), cancelled ? "" : where);
+    EXPECT_GE(Rows(), 0) << "the database takes the text";
+  }
+  std::istringstream none;
+  AskedUser user(console_, none);
+  EXPECT_TRUE(Show(user, 104)) << "nothing to filter";
+}
+
+// Each code table and enumeration of the sample views, and the tables that no view shows.
+TEST_F(FilterDialogs, EveryListOpens) {
+  class Walker : public ScriptedUser {
+   public:
+    using ScriptedUser::ScriptedUser;
+    void ShowModal(frmFilter& form, std::int32_t) override {
+      for (std::size_t i = 0; i < form.tvwFilter.Nodes().size(); ++i) {
+        form.tvwFilter.UserClickedNode(static_cast<int>(i));
+        if (!form.lxtOther.Visible()) continue;
+        EXPECT_GT(form.lxtOther.ListCount(), 2) << ToUtf8(form.tvwFilter.Nodes()[i].Text);
+      }
+    }
+  };
+  for (const std::int32_t view : {101, 103}) {
+    Walker user(console_);
+    EXPECT_FALSE(Show(user, view));
+  }
+  session_.Count([&] {
+    for (const TextView keyword : {u"OPERATOR", u"FUNCTIONAL", u"GOVERNMENTECO", u"DEPARTMENTECO",
+                                   u"FBSCHEME", u"FBITEM", u"FBPERIOD", u"RTSCHEME", u"RTPERIOD"})
+      ReadCodeList(MAction::CurrentSession(), keyword);
+  });
+  for (const StatementReport& report : session_.reports())
+    EXPECT_TRUE(report.answered) << ToUtf8(report.sql);
+}
+
+}  // namespace
+}  // namespace fetchkit::demo

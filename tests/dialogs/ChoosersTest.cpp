@@ -1,0 +1,310 @@
+// The two dialogs with a list on either side, the picker, and the statements behind it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "base/Utf8.h"
+#include "dialogs/CodeLists.h"
+#include "dialogs/Player.h"
+#include "rights/OperatorRight.h"
+#include "rights/OrganizationRight.h"
+#include "session/Business.h"
+#include "session/Session.h"
+#include "support/FakeConnection.h"
+
+namespace fetchkit::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Choosers : public testing::Test {
+ protected:
+  Choosers() {
+    session_.Connection = host_;
+    session_.LoginOrganizationCode = u"01-02";
+  }
+
+  // A filter dialog's picker as the chooser gets it, with that many items.
+  void Fill(int items, bool code) {
+    owner_.lxtOther.ColumnSet(code ? u"1,2,3" : u"-1,1");
+    std::vector<Text> cells;
+    const auto add = [&](Text id, Text text, Text name) {
+      if (code) cells.push_back(std::move(id));
+      cells.push_back(std::move(text));
+      if (code) cells.push_back(std::move(name));
+    };
+    add(u"", u"所有", u"");
+    for (int i = 1; i <= items; ++i)
+      add(Join(i), Join(u"c", i), Join(u"n", i));
+    add(u"", u"选择项目", u"");
+    owner_.lxtOther.SetList(std::move(cells));
+  }
+
+  const FreshThread fresh_;
+  std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
+  Session& session_ = MAction::CurrentSession();
+  Player player_;
+  frmFilter owner_{session_, player_};
+};
+
+TEST_F(Choosers, ItemConditions) {
+  static const auto kRows = Table(R"(
+ids count whole¦code¦1,12¦13¦ok¦true¦1,12¦n1 n12
+quotes are not part of a value¦ENUM¦'c3','c2'¦3¦ok¦true¦'c2','c3'¦c2,c3
+none of the picker's ids¦CODE¦77,¦3¦ok¦true¦¦
+order of choosing¦CODE¦¦3¦right c3 n3; right c1 n1; ok¦true¦3,1¦n3 n1
+back and forth¦CODE¦2¦3¦left c2 n2; all right; left c1 n1; ok¦true¦3,2¦n3 n2
+all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
+cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
+close box¦CODE¦2¦3¦close¦false¦¦
+nobody pressed anything¦CODE¦2¦3¦¦false¦¦
+another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)");
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0]);
+    Fill(std::stoi(row[3]), row[1] != "ENUM");
+    frmFilterColumn form(player_, owner_);
+    player_.chooser = row[4];
+    Text names = u"x", ids = u"x";
+    EXPECT_EQ(form.ShowFiltration(FromUtf8(row[1]), owner_.lxtOther, FromUtf8(row[2]), names, ids),
+              row[5] == "true");
+    EXPECT_EQ(ToUtf8(ids), row[6]);
+    EXPECT_EQ(ToUtf8(names), row[7]);
+  }
+}
+
+TEST_F(Choosers, TheLimitIsSilentAndLeavesTheRest) {
+  Fill(300, true);
+  for (const auto& [choosed, more, expected] :
+       {std::tuple(TextView(u""), false, 251), {u"300,299", false, 251}, {u"", true, 252}}) {
+    const RecordingSink sink;
+    frmFilterColumn form(player_, owner_);
+    Text names, ids;
+    player_.chooser = more ? "all right; all right; right c252 n252; ok" : "all right; ok";
+    EXPECT_TRUE(form.ShowFiltration(u"CODE", owner_.lxtOther, choosed, names, ids));
+    EXPECT_EQ(form.msgSelected.Rows(), expected);
+    EXPECT_EQ(form.msgAll.Rows(), 300 - expected);
+    EXPECT_EQ(form.msgSelected.TextMatrix(250, 2), choosed.empty() ? u"c251 n251" : u"c249 n249");
+    EXPECT_EQ(form.msgAll.ColWidth(2), 2195);
+    ASSERT_FALSE(sink.failures.empty());
+    EXPECT_EQ(sink.failures[0].what, u"frmFilterColumn: warning");
+  }
+}
+
+TEST_F(Choosers, MultiChoose) {
+  host_->On(u"codes",
+            Rows({u"STRNAME", u"id", u"strCode"}, {{u"财务部", std::int32_t{1}, u"01"},
+                                                   {u"销售部", std::int32_t{2}, u"02"},
+                                                   {u"部", std::int32_t{3}, u"1"},
+                                                   {NullValue(), std::int32_t{4}, u"09"}}));
+  static const auto kRows = Table(R"(
+names in the order of the columns¦¦all right; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')¦财务部 01,销售部 02,部 1,09
+a part of another item counts¦(部&门='销售部 1')¦ok¦true¦(部&门='部 1')¦部 1
+own order¦财务部 01 销售部 02¦up 销售部 02; right 09; up 09; up 09; down 09; ok¦true¦(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')¦销售部 02,09,财务部 01
+at the ends nothing moves¦财务部 01 销售部 02¦up 财务部 01; down 销售部 02; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02')¦财务部 01,销售部 02
+nothing chosen¦销售部 02¦left 销售部 02; ok¦true¦¦
+all back¦销售部 02¦all left; ok¦true¦¦
+cancel¦销售部 02¦cancel¦false¦¦
+left open¦销售部 02¦all right¦false¦¦)");
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0]);
+    frmMultiChoose form(player_);
+    RecordsetPtr rows;
+    ASSERT_TRUE(host_->OpenStaticRecordset(u"codes", rows, 3, 1, 1, 0));
+    player_.multi = row[2];
+    player_.onMulti = [](frmMultiChoose& shown) {
+      EXPECT_EQ(shown.Caption(), u"选择部&门");
+      EXPECT_EQ(shown.lblAll.Caption(), u"可选部&&门(&S)");
+      EXPECT_EQ(shown.lblSelected.Caption(), u"已选部&&门(&T)");
+      EXPECT_EQ(shown.cmdLeftAll.Enabled(), shown.lstSelected.ListCount() > 0);
+    };
+    const auto result = form.ShowMultiChoose({rows, u"部&门", FromUtf8(row[1]), false, Value(), 0});
+    host_->CloseRecordset(rows);
+    EXPECT_EQ(result.bOk, row[3] == "true");
+    EXPECT_EQ(ToUtf8(result.condition), row[4]);
+    EXPECT_EQ(ToUtf8(result.strShowCond), row[5]);
+  }
+  // Enumerations: index 0 is skipped, whatever the bounds; what is chosen already is not asked.
+  for (const auto& [lower, expected] : {std::pair(0, "b,c"), {1, "a,b,c"}, {-1, "c"}}) {
+    frmMultiChoose form(player_);
+    player_.multi = "all right; ok";
+    player_.onMulti = [](frmMultiChoose& shown) {
+      EXPECT_THAT(shown.lstSelected.Items(), IsEmpty());
+      shown.lstAll.extent = {50, 10, 8, 0};
+      const int last = shown.lstAll.ListCount() - 1;
+      shown.lstAll.UserMovedPointer(10 * last);
+      EXPECT_EQ(shown.lstAll.ToolTipText(), u"") << "one letter is not wider than the list";
+      shown.lstAll.List(last, u"四个汉字");
+      shown.lstAll.UserMovedPointer(10 * last + 9);
+      EXPECT_EQ(shown.lstAll.ToolTipText(), u"四个汉字") << "eight bytes are";
+      shown.lstAll.UserMovedPointer(10 * last + 10);
+      EXPECT_EQ(shown.lstAll.ToolTipText(), u"");
+      shown.lstAll.List(last, u"c");
+    };
+    const ValueArray items{true, lower, {u"a", u"b", u"c"}};
+    EXPECT_EQ(
+        ToUtf8(
+            form.ShowMultiChoose({nullptr, u"k", u"(k='b')", true, Value(items), 0}).strShowCond),
+        expected);
+  }
+  // A list that breaks off offers what was read.
+  Answer broken = Rows({u"strCode"}, {{u"1"}, {u"2"}, {u"3"}});
+  broken.throwAtRow = 2;
+  host_->On(u"broken", broken);
+  RecordsetPtr rows;
+  ASSERT_TRUE(host_->OpenStaticRecordset(u"broken", rows, 3, 1, 1, 0));
+  player_.onMulti = nullptr;
+  player_.multi = "all right; ok";
+  EXPECT_EQ(
+      frmMultiChoose(player_).ShowMultiChoose({rows, u"k", u"", false, Value(), 0}).strShowCond,
+      u"1,2");
+  host_->CloseRecordset(rows);
+}
+
+// Rights are asked for the named table and no other; they answer "all codes".
+TEST_F(Choosers, CodeListStatements) {
+  static const auto kRows = Table(R"(
+department¦Department¦SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC
+CUSTOMERTYPE¦CustomType¦SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC
+Class1¦Class1¦SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+CLASS2¦Class2¦SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+Functional¦Functional¦SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE blnIsInActive=0 AND strFunctionalCode<>' '  ORDER BY strFunctionalCode ASC
+GOVERNMENTECO¦GovernmentECO¦SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO WHERE blnIsInActive=0 AND strGovernmentECOCode<>' '  ORDER BY strGovernmentECOCode ASC
+DepartmentECO¦DepartmentECO¦SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO WHERE blnIsInActive=0 AND strDepartmentECOCode<>' '  ORDER BY strDepartmentECOCode ASC
+OPERATOR¦¦SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator Order By strOperatorCode
+ORGANIZATION¦¦ SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM Organization WHERE 1=1 AND (strOrganizationCode='01-02' OR strOrganizationCode like '01-02-%')  Order by Organization.strOrganizationCode 
+FBDUTYCENTER¦FBDutyCenter¦SELECT lngFBDutyCenterID,strFBDutyCenterCode,strFBDutyCenterName FROM FBDutyCenter WHERE blnIsInActive = 0 Order By strFBDutyCenterCode
+FBSCHEME¦FBScheme¦SELECT lngFBSchemeID,strFBSchemeCode,strFBSchemeName FROM FBScheme WHERE blnIsInActive = 0 Order By strFBSchemeCode
+FBTYPE¦FBType¦SELECT lngFBTypeID,strFBTypeCode,strFBTypeName FROM FBType WHERE blnIsInActive = 0 Order By strFBTypeCode
+FBSYSTEM¦FBSystem¦SELECT lngFBSystemID,strFBSystemCode,strFBSystemName FROM FBSystem WHERE blnIsInActive = 0 Order By strFBSystemCode
+FBTARGET¦FBTarget¦SELECT lngFBTargetID,strFBTargetCode,strFBTargetName FROM FBTarget WHERE blnIsInActive = 0 Order By strFBTargetCode
+FBITEM¦FBItem¦SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 Order By strFBItemCode
+FBPERIOD¦¦SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0 Order By lngFBPeriodID
+RTSCHEME¦¦SELECT lngRTSchemeID,strRTSchemeCode,strRTSchemeName FROM RTScheme WHERE blnIsInActive = 0 Order By strRTSchemeCode
+RTTYPE¦¦SELECT lngRTTypeID,strRTTypeCode,strRTTypeName FROM RTType WHERE blnIsInActive = 0 Order By strRTTypeCode
+RTSYSTEM¦¦SELECT lngRTSystemID,strRTSystemCode,strRTSystemName FROM RTSystem WHERE blnIsInActive = 0 Order By strRTSystemCode
+RTTARGET¦¦SELECT lngRTTargetID,strRTTargetCode,strRTTargetName FROM RTTarget WHERE blnIsInActive = 0 Order By strRTTargetCode
+RTITEM¦¦SELECT lngRTItemID,strRTItemCode,strRTItemName FROM RTItem WHERE blnIsInActive = 0 Order By strRTItemCode
+RTDUTYCENTER¦¦SELECT lngRTDutyCenterID,strRTDutyCenterCode,strRTDutyCenterName FROM RTDutyCenter WHERE blnIsInActive = 0 Order By strRTDutyCenterCode
+RTPERIOD¦¦SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By lngRTPeriodID
+CURRENCYS¦¦SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0 Order By strCurrencyCode
+Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employee T1 WHERE T1.blnIsInActive = 0 ORDER BY strEmployeeCode)");
+  EXPECT_EQ(
+      CodeListStatementOf(session_, u"FBItem").sql,
+      u"SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 And "
+      u"1=0 And 1=0 Order By strFBItemCode")
+      << "before a login nothing may be seen";
+  host_->TakeSent();
+  auto person = std::make_shared<Operator>();
+  person->OperatorId(3);
+  person->OrganizationId(20);
+  MAction::OperatorRight(session_)->SetOperator(person);
+  auto organization = std::make_shared<Organization>();
+  organization->OrganizationID(20);
+  MAction::OrganizationRight(session_)->SetOrganization(organization);
+  host_->fallback = [](TextView sql) {
+    static const Answer all = Rows({u"blnHaveRight"}, {{std::int32_t{1}}});
+    static const Answer none = Rows({u"lngKeyID", u"blnUse"}, {});
+    return sql.find(u"blnAll") != TextView::npos ? &all : &none;
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[2]);
+    EXPECT_EQ(ToUtf8(CodeListStatementOf(session_, FromUtf8(row[0])).sql), row[2]);
+    const std::string table = row[1];
+    std::string upper = table;
+    for (char& c : upper)
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    const auto sent = host_->TakeSent();
+    if (table.empty()) {
+      EXPECT_THAT(sent, IsEmpty());
+    } else {
+      EXPECT_THAT(sent, ElementsAre("SELECT blnAll" + table +
+                                        " As blnHaveRight FROM OperatorAllRight WHERE "
+                                        "lngOperatorID = 3 AND lngOrganizationID = 20",
+                                    "SELECT lngKeyID,blnUse FROM OrgCodeAllot WHERE "
+                                    "lngOrganizationID = 20 AND Upper(strTableName) = '" +
+                                        upper + "'"));
+    }
+  }
+  EXPECT_EQ(CodeListStatementOf(session_, u"Employee").fallback,
+            u" SELECT lngEmployeeID,strEmployeeCode, strEmployeeName FROM Employee");
+
+  MAction::LoginOrganization(session_)->OrganizationID(20);
+  MAction::LoginOrganization(session_)->NextLevelOrganizationId(u"21,22");
+  const Text names =
+      u"SELECT distinct strOperatorName FROM Operator,OrgOperatorAllot Where "
+      u"OrgOperatorAllot.lngOperatorID = Operator.lngOperatorID And "
+      u"OrgOperatorAllot.lngOrganizationID IN (20,21,22) ORDER BY 1";
+  for (const TextView caption : {u"操作员", u"加工出库制单人", u"复核操作员"})
+    EXPECT_EQ(EnumListStatementOf(session_, caption), names);
+  EXPECT_EQ(EnumListStatementOf(session_, u"操作员编码"),
+            u"SELECT distinct strOperatorCode FROM Operator ORDER BY 1");
+  EXPECT_EQ(EnumListStatementOf(session_, u"科目类别"),
+            u"SELECT distinct strAccountTypeName FROM AccountType order by 1");
+  MAction::Business(session_)->AccountType(16);
+  EXPECT_EQ(EnumListStatementOf(session_, u"科目类型"),
+            u"SELECT distinct strAccountTypeName FROM ACCOUNTTYPEVIEW AccountType order by 1");
+}
+
+TEST_F(Choosers, ListsThatDoNotOpen) {
+  const Text period =
+      u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By "
+      u"lngRTPeriodID";
+  const Text table =
+      u"SELECT T1.lngXID,strXCode,strXName FROM X T1 WHERE T1.blnIsInActive = 0 ORDER BY strXCode";
+  const Text fallback = u" SELECT lngXID,strXCode, strXName FROM X";
+  host_->On(period, Rows({u"a", u"b"}, {{std::int32_t{4}, u"三月"}}));
+  EXPECT_THAT(ReadCodeList(session_, u"RTPERIOD"), ElementsAre(u"4", u"", u"三月"));
+  Answer broken =
+      Rows({u"a", u"b", u"c"}, {{std::int32_t{1}, u"01", u"x"}, {std::int32_t{2}, u"02", u"y"}});
+  const std::vector<Text> both = {u"1", u"01", u"x", u"2", u"02", u"y"};
+  host_->On(fallback, broken);
+  for (const Answer& answer : {Refused(), Throws()}) {
+    host_->On(table, answer);
+    EXPECT_EQ(ReadCodeList(session_, u"X"), both);
+  }
+  broken.throwAtRow = 1;
+  host_->On(table, broken);
+  EXPECT_THAT(ReadCodeList(session_, u"X"), ElementsAre(u"1", u"01", u"x"))
+      << "opened: no second try";
+  host_->On(table, Refused());
+  host_->On(fallback, Throws());
+  EXPECT_THAT(ReadCodeList(session_, u"X"), IsEmpty());
+  EXPECT_EQ(host_->openRecordsets, 0);
+}
+
+TEST_F(Choosers, PickerFindsByTyping) {
+  PickCombo picker(owner_, u"lxtOther");
+  picker.ColumnSet(u"1,2,3");
+  picker.SetList({u"", u"所有", u"", u"7", u"b2", u"Zeta", u"8", u"B1", u"张三", u"9", u"a",
+                  u"alpha", u"incomplete"});
+  ASSERT_EQ(picker.ListCount(), 4) << "an incomplete row is none";
+  const struct {
+    const char16_t* typed;
+    int row;
+  } kRows[] = {{u"B", 2},  {u"b2", 1},  {u"A ALP", 3}, {u"zE", 1}, {u"张", 2},
+               {u"所", 0}, {u"b3", -1}, {u"", -1},     {u"7", -1}};
+  for (const auto& row : kRows)
+    EXPECT_EQ(picker.FindTyped(row.typed), row.row) << ToUtf8(row.typed);
+  EXPECT_EQ(picker.Id(2), u"8");
+  EXPECT_EQ(picker.RowText(2), u"B1 张三");
+
+  // A hundred thousand codes: read, shown and searched as often, without a walk per search.
+  Answer many{Answer::Kind::Rows, {u"a", u"b", u"c"}, {}};
+  for (std::int32_t i = 0; i < 100000; ++i)
+    many.rows.push_back({i, Join(u"c", 100000 + i), Join(u"n", i)});
+  host_->On(
+      u"SELECT T1.lngXID,strXCode,strXName FROM X T1 WHERE T1.blnIsInActive = 0 ORDER BY strXCode",
+      many);
+  const auto start = std::chrono::steady_clock::now();
+  picker.SetList(ReadCodeList(session_, u"X"));
+  ASSERT_EQ(picker.ListCount(), 100000);
+  for (int i = 0; i < 100000; i += 10)
+    ASSERT_EQ(picker.FindTyped(Join(u"N", 99999 - i)),
+              picker.FindTyped(Join(u"c", 199999 - i, u" ")));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+}  // namespace
+}  // namespace fetchkit::test

@@ -1,0 +1,449 @@
+// The filter dialog, played on its control models.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+#include <set>
+
+#include "base/Utf8.h"
+#include "dialogs/Forms.h"
+#include "dialogs/Player.h"
+#include "listset/ListSet.h"
+#include "session/Session.h"
+#include "support/FakeConnection.h"
+
+namespace fetchkit::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::UnorderedElementsAreArray;
+
+ListFieldType Column(TextView caption, TextView type, TextView name, TextView table = u"",
+                     TextView key = u"") {
+  ListFieldType field;
+  field.blnIsFilter = true;
+  field.strListFieldDesc = field.strPath = Text(caption);
+  field.strFieldType = Text(type);
+  field.strFieldName = Text(name);
+  field.strTableName = Text(table);
+  field.strKeyField = Text(key);
+  return field;
+}
+
+const Text kPeople = u" SELECT lngPersonID,strPersonCode, strPersonName FROM Person";
+const Text kStates =
+    u"SELECT strEnumNumber FROM EnumTable WHERE LTrim( Rtrim(Enumtable.strViewFieldDesc) )='状态' "
+    u"order by 1";
+
+class FilterDialog : public testing::Test {
+ protected:
+  FilterDialog() {
+    session_.Connection = host_;
+    session_.LoginDate = u"2004-03-17";
+    host_->fallback = [](TextView) {
+      static const Answer none = Refused();  // neither other tables nor accounting periods
+      return &none;
+    };
+    host_->On(
+        u"SELECT T1.lngPersonID,strPersonCode,strPersonName FROM Person T1 WHERE "
+        u"T1.blnIsInActive = 0 ORDER BY strPersonCode",
+        Refused());
+    host_->On(kPeople, Rows({u"id", u"code", u"name"}, {{std::int32_t{1}, u"01", u"张三"},
+                                                        {std::int32_t{12}, u"02", u"李四"},
+                                                        {std::int32_t{2}, u"03", NullValue()}}));
+    host_->On(kStates, Rows({u"v"}, {{u"3"}, {u"4"}, {u"所有"}}));
+    list_.strListWhere = u"1=1";
+    list_.ListField = {Column(u"名&称", u"string", u"Name"),
+                       Column(u"数量", u"LONG", u"Qty"),
+                       Column(u"金额", u"Double", u"Amount"),
+                       Column(u"件|数", u"INTEGER", u"Pieces"),
+                       Column(u"停用", u"BOOLEAN", u"Off"),
+                       Column(u"期间", u"PERIOD", u"Day"),
+                       Column(u"日期", u"DATE", u"Sent"),
+                       Column(u"人员", u"CODE", u"P.strPersonName", u"P", u"Person"),
+                       Column(u"状态", u"ENUM", u"State"),
+                       Column(u"旧", u"MONEY", u"Old")};
+    list_.ListField.push_back(Column(u"隐藏", u"LONG", u"Hidden"));
+    list_.ListField.back().blnIsFilter = false;
+  }
+
+  bool Show(std::string acts, std::string chooserActs = "") {
+    player_.filter = std::move(acts);
+    player_.chooser = std::move(chooserActs);
+    where_ = u"before";
+    return Forms(player_).ShowFilter(list_, where_, 0);
+  }
+
+  const FreshThread fresh_;
+  std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
+  Session& session_ = MAction::CurrentSession();
+  Player player_;
+  ListType list_;
+  Text where_;
+};
+
+// Each row begins with no condition, plays the acts and then OK. grid is
+// "caption|shown|type|machine form" of its only row, empty for none.
+TEST_F(FilterDialog, ActsBecomeRowsAndSql) {
+  static const auto kRows = Table(R"(
+node 名&称; pick 等于; from 张 三; leave from¦名&称|等于 张 三|string|张 三¦Name = '张 三'¦lxtOther txtFrom¦
+node 名&称; pick 不等于; from a; enter from¦名&称|不等于 a|string|a¦Name <> 'a'¦lxtOther txtFrom¦
+node 名&称; pick 打头字符为; from a; leave from¦名&称|打头字符为 a|string|a¦Name Like 'a%'¦lxtOther txtFrom¦
+node 名&称; pick 包含字符; from a¦名&称|包含字符 a|string|a¦Name Like '%a%'¦lxtOther txtFrom¦
+node 名&称; pick 类似于; from a; leave from¦名&称|类似于 a|string|a¦(Name Like 'a%')¦lxtOther txtFrom¦
+node 名&称; pick 介于; from a; leave from to to; to b; leave to¦名&称|介于 a,b|string|a,b¦(Name > 'a' And Name < 'b')¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 名&称; pick 空值¦名&称|空值|string|¦Name Is Null¦lxtOther¦
+node 数量; pick 大于; from 100; leave from¦数量|大于 100|LONG|100¦Qty > 100¦lxtOther txtFrom¦
+node 数量; pick 小于; from -5; leave from¦数量|小于 -5|LONG|-5¦Qty < -5¦lxtOther txtFrom¦
+node 金额; pick 大于等于; from 1.5; leave from¦金额|大于等于 1.5|Double|1.5¦Amount >= 1.5¦lxtOther txtFrom¦
+node 金额; pick 小于等于; from 1e3; leave from¦金额|小于等于 1e3|Double|1e3¦Amount <= 1e3¦lxtOther txtFrom¦
+node 件|数; pick 介于; from 5; to 9; leave to¦件|数|介于 5,9|INTEGER|5,9¦(Pieces > 5 And Pieces < 9)¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 件|数; pick 介于; from 9; to 10; leave to¦件|数|介于 9,10|INTEGER|9,10¦(Pieces > 9 And Pieces < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 件|数; pick 零或空值¦件|数|零或空值|INTEGER|¦(Pieces Is Null or Pieces=0)¦lxtOther¦
+node 停用; pick 是¦停用|是|BOOLEAN|是¦Off = '是'¦lxtOther¦
+node 停用; pick 是; pick 否¦停用|否|BOOLEAN|否¦Off = '否'¦lxtOther¦
+node 期间; pick 本月¦期间|本月|PERIOD|2004-03-01,2004-03-31¦(Day >= '2004-03-01' And Day <= '2004-03-31')¦lxtOther lblFrom datFrom lblTo datTo¦
+node 期间; pick 本月; date to 2004-02-01¦期间|自定义 (2004-03-01,2004-02-01)|PERIOD|2004-03-01,2004-02-01¦(Day >= '2004-03-01' And Day <= '2004-02-01')¦lxtOther lblFrom datFrom lblTo datTo¦
+node 期间; pick 自定义¦期间|自定义 (2004-03-17,2004-03-17)|PERIOD|2004-03-17,2004-03-17¦(Day >= '2004-03-17' And Day <= '2004-03-17')¦lxtOther lblFrom datFrom lblTo datTo¦
+node 日期; date one 2004-02-29¦日期|2004-02-29|DATE|2004-02-29¦Sent = '2004-02-29'¦datDate¦
+node 日期; date one 2004-03-17¦¦¦datDate¦
+node 人员; pick 02 李四¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦
+node 人员; pick 选择项目¦人员|张三 李四|CODE|1,1,12¦P.lngPersonID In(1,12)¦lxtOther¦right 01 张三; right 02 李四; ok
+node 人员; pick 选择项目¦人员|李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦right 02 李四; ok
+node 人员; pick 选择项目¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
+node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
+node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
+node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right
+node 状态; pick 4¦状态|4|ENUM|0,'4'¦State = '4'¦lxtOther¦
+node 状态; pick 选择项目¦状态|4,3,所有|ENUM|1,'4','3','所有'¦State In('4','3','所有')¦lxtOther¦right 4; all right; ok
+node 数量; pick 大于; from 1; leave from; pick 任意¦¦¦lxtOther¦
+node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo¦
+node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
+node 数量; pick 大于; leave from¦¦¦lxtOther txtFrom¦
+node 数量; pick 介于; from 1; leave from¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 数量; pick 大于; from 7; leave from; delete 数量¦¦¦lxtOther¦
+node 数量; pick 大于; from 7; leave from; clear¦¦¦lxtOther¦
+node 旧¦¦¦¦
+node 数量; pick 大于; from 7; pick 小于; leave from¦数量|小于 7|LONG|7¦Qty < 7¦lxtOther txtFrom¦
+node 数量; pick 大于; from 7; node 旧¦数量|大于 7|LONG|7¦Qty > 7¦¦
+node 数量; pick 大于; from 7; leave from; from; leave from¦数量|大于 7|LONG|7¦Qty > 7¦lxtOther txtFrom¦
+node 数量; pick 大于; from x; leave from; from 8¦数量|大于 8|LONG|8¦Qty > 8¦lxtOther txtFrom¦
+node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9,10|LONG|9,10¦(Qty > 9 And Qty < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦)");
+  const ListType before = list_;
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0] + " / " + row[4]);
+    list_ = before;
+    std::string editors;
+    player_.onFilter = [&](frmFilter& form) {
+      editors = EditorsOf(form);
+      form.UserPressedEnter();
+      const auto rows = RowsOf(form.msgFilter, {1, 2, 3, 4});
+      EXPECT_EQ(rows,
+                !row[1].empty() ? std::vector<std::string>{row[1]} : std::vector<std::string>{});
+      EXPECT_FALSE(form.IsOpen());
+    };
+    EXPECT_TRUE(Show(row[0], row[4]));
+    EXPECT_EQ(editors, row[3]);
+    EXPECT_EQ(ToUtf8(where_), row[2]);
+    std::vector<std::string> written;
+    for (const ListFieldType& field : list_.ListField)
+      if (!field.strFilter.empty())
+        written.push_back(ToUtf8(Join(field.strListFieldDesc, u"|", field.strFilter, u"|",
+                                      field.strFieldType, u"|", field.strExtValue)));
+    EXPECT_EQ(written,
+              !row[1].empty() ? std::vector<std::string>{row[1]} : std::vector<std::string>{});
+    const ListFieldType& code = list_.ListField[7];
+    EXPECT_EQ(code.strCodeID, code.strFilter.empty() ? u"" : code.strExtValue.substr(2));
+    EXPECT_EQ(code.blnIsMuliCond, code.strExtValue.starts_with(u"1,"));
+    // What was confirmed is shown again, and confirmed again it is the same.
+    const ListType once = list_;
+    player_.onFilter = nullptr;
+    EXPECT_TRUE(Show("ok"));
+    EXPECT_EQ(list_, once);
+    EXPECT_EQ(ToUtf8(where_), row[2]);
+  }
+  EXPECT_EQ(host_->openRecordsets, 0);
+}
+
+TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
+  static const auto kRows = Table(R"(
+node 数量; pick 大于; from 12a; leave from¦from
+node 数量; pick 大于; from 12a; enter from¦from
+node 数量; pick 大于; from  ; leave from¦from
+node 金额; pick 介于; from 1; to --; leave to¦to
+node 金额; pick 大于; from 1,000; leave from¦from
+node 名&称; pick 等于; from O'Neil; leave from¦from
+node 名&称; pick 介于; from a; to b%; leave to¦to
+node 数量; pick 介于; from 10; to 9; leave to¦to
+node 名&称; pick 介于; from b; to a; leave from¦to)");
+  list_.ListField[1].strFilter = u"等于 1";
+  list_.ListField[1].strExtValue = u"1";
+  const ListType before = list_;
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0]);
+    const RecordingSink sink;
+    player_.onFilter = [&](frmFilter& form) {
+      const TextBox& box = row[1] == "to" ? form.txtTo : form.txtFrom;
+      EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
+      EXPECT_NE(box.Text(), u"");
+      EXPECT_EQ(form.TakeFocusWish(), &box);
+      EXPECT_EQ(form.TakeFocusWish(), nullptr);
+      form.UserPressedEnter();
+      EXPECT_TRUE(form.IsOpen()) << "OK does not close over a refused value";
+      EXPECT_EQ(form.TakeFocusWish(), &box);
+      Play(form, "node 停用");
+      EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the user has gone on";
+      EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
+    };
+    EXPECT_FALSE(Show(row[0]));
+    EXPECT_EQ(list_, before);
+    ASSERT_FALSE(sink.failures.empty());
+    EXPECT_EQ(sink.failures.front().what, u"frmFilter: warning");
+  }
+  for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\")) {
+    player_.onFilter = [&](frmFilter& form) {
+      form.txtFrom.UserTyped(Join(u"a", TextView(&unit, 1)));
+      form.UserPressedEnter();
+      EXPECT_TRUE(form.IsOpen()) << int{unit};
+    };
+    EXPECT_FALSE(Show("node 名&称; pick 等于"));
+  }
+}
+
+TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
+  static const auto kRows = Table(R"(
+0¦介于 a,b¦a,b¦介于¦8¦a¦b
+0¦等于 空值 x¦空值 x¦等于¦4¦空值 x¦
+1¦零或空值¦¦零或空值¦1¦¦
+4¦否¦否¦否¦2¦¦
+5¦上周¦2004-03-07,2004-03-13¦上周¦4¦2004-03-07¦2004-03-13
+5¦自定义 (2003-01-01,2003-02-01)¦2003-01-01,2003-02-01¦自定义¦21¦2003-01-01¦2003-02-01
+5¦年初至本期¦2003-01-01,x¦年初至本期¦-1¦2003-01-01¦2004-03-17
+6¦2004-02-29¦2004-02-29¦¦-1¦2004-02-29¦2004-03-17
+7¦张三 李四¦1,1,12¦张三 李四¦-1¦¦
+7¦01 张三¦0,1¦01 张三¦1¦¦
+8¦4¦0,'4'¦4¦2¦¦)");
+  const ListType before = list_;
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[1]);
+    list_ = before;
+    ListFieldType& field = list_.ListField.at(std::stoul(row[0]));
+    field.strFilter = FromUtf8(row[1]);
+    field.strExtValue = FromUtf8(row[2]);
+    player_.onFilter = [&](frmFilter& form) {
+      EXPECT_EQ(ToUtf8(form.lblTitle.Caption()), ToUtf8(field.strListFieldDesc));
+      if (form.lxtOther.Visible()) {
+        EXPECT_EQ(ToUtf8(form.lxtOther.Text()), row[3]);
+        EXPECT_EQ(form.lxtOther.ListIndex(), std::stoi(row[4]));
+      }
+      const bool dates = row[0] == "5" || row[0] == "6";
+      const DateSpinner& first = row[0] == "6" ? form.datDate : form.datFrom;
+      EXPECT_EQ(ToUtf8(dates ? first.Text() : form.txtFrom.Text()), row[5]);
+      EXPECT_EQ(ToUtf8(dates ? form.datTo.Text() : form.txtTo.Text()), row[6]);
+    };
+    EXPECT_FALSE(Show(ToUtf8(Join(u"node ", field.strListFieldDesc))));
+  }
+}
+
+// A view whose windows take the form's own changes for acts of the user.
+class Echo : public FormObserver {
+ public:
+  explicit Echo(frmFilter& form) : form_(form) { form.Attach(this); }
+  ~Echo() override { form_.Attach(nullptr); }
+  void Changed(Control&) override {
+    form_.lxtOther.UserPicked(1);
+    form_.UserPressedEnter();
+  }
+  void FocusWanted(Control&) override {}
+  void Closed(Form&) override {}
+
+ private:
+  frmFilter& form_;
+};
+
+TEST_F(FilterDialog, GridTreeAndLimits) {
+  player_.onFilter = [&](frmFilter& form) {
+    const MSFlexGrid& grid = form.msgFilter;
+    std::vector<std::string> columns;
+    for (int col = 0; col < grid.Cols(); ++col)
+      columns.push_back(ToUtf8(grid.TextMatrix(0, col)) + " " + std::to_string(grid.ColWidth(col)));
+    EXPECT_THAT(columns, ElementsAre("FieldIndex 0", "过滤项目 1500", "过滤条件 2280", "字段类型 0",
+                                     "附加条件 0"));
+    const auto& nodes = form.tvwFilter.Nodes();
+    ASSERT_EQ(nodes.size(), 10u) << "a column that cannot be filtered has no node";
+    EXPECT_EQ(nodes[2].Key, u"KEY2");
+    EXPECT_EQ(nodes[2].Tag, 2);
+    EXPECT_EQ(form.tvwFilter.SelectedItem(), 0);
+    EXPECT_EQ(EditorsOf(form), "lxtOther") << "the first node's editor";
+    EXPECT_FALSE(form.lblTitle.UseMnemonic()) << "a caption with & is shown as it is";
+    Play(form, "node 数量");
+    const Echo echo(form);
+    Play(form, "node 名&称");
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_EQ(grid.Rows(), 1) << "an echo while the editors are rearranged";
+  };
+  EXPECT_FALSE(Show(""));
+
+  // 25 rows take one more; 26 open nothing, not even for a column that has a row.
+  ListType wide;
+  for (int i = 0; i < 28; ++i) {
+    wide.ListField.push_back(Column(Join(u"c", i), u"LONG", u"n"));
+    if (i < 25) wide.ListField.back().strFilter = wide.ListField.back().strExtValue = u"零或空值";
+  }
+  list_ = wide;
+  player_.onFilter = [](frmFilter& form) {
+    EXPECT_EQ(form.msgFilter.Rows(), 27);
+    EXPECT_EQ(form.lblTitle.Caption(), u"c25");
+    Play(form, "delete c3; node c3");
+    EXPECT_EQ(form.lblTitle.Caption(), u"c3") << "busy no more, and room again";
+  };
+  EXPECT_FALSE(Show("node c25; pick 零或空值; node c26; node c3; pick 零或空值"));
+  list_.ListField[25].strFilter = u"零或空值";
+  player_.onFilter = [](frmFilter& form) { EXPECT_EQ(EditorsOf(form), ""); };
+  EXPECT_FALSE(Show("node c1; clear; delete 过滤项目")) << "the header is no row";
+  player_.onFilter = nullptr;
+  EXPECT_TRUE(Show("clear; ok"));
+  EXPECT_EQ(where_, u"");
+  for (const ListFieldType& field : list_.ListField)
+    EXPECT_EQ(field.strFilter, u"");
+}
+
+TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
+  player_.shown = 0;
+  ListType before = list_;
+  for (const char* way : {"cancel", "close", ""}) {
+    SCOPED_TRACE(way);
+    EXPECT_FALSE(Show(std::string("node 停用; pick 是; node 状态; pick 4; ") + way));
+    EXPECT_EQ(list_, before);
+    EXPECT_EQ(where_, u"before");
+  }
+  player_.onFilter = [](frmFilter& form) {
+    form.UserPressedEnter();
+    throw Error(ErrorKind::Host, u"no window");
+  };
+  EXPECT_FALSE(Show("node 停用; pick 是")) << "a view that fails has confirmed nothing";
+  EXPECT_EQ(list_, before);
+  player_.onFilter = nullptr;
+  player_.shown = 0;
+  for (const bool none : {false, true}) {
+    if (none) list_.ListField.clear();
+    for (ListFieldType& field : list_.ListField)
+      field.blnIsFilter = false;
+    before = list_;
+    EXPECT_TRUE(Show("cancel"));
+    EXPECT_EQ(list_, before);
+    EXPECT_EQ(where_, u"before");
+  }
+  EXPECT_EQ(player_.shown, 0);
+
+  // What no row of the dialog has, but a record may: fields that are not in the grid are cleared,
+  // and a choice without items restricts nothing.
+  list_.ListField = {Column(u"隐藏", u"LONG", u"Hidden"),
+                     Column(u"人员", u"CODE", u"n", u"P", u"FlexibleField07"),
+                     Column(u"编", u"CODE", u"n", u"T", u"Class1"),
+                     Column(u"线", u"CODE", u"n", u"R", u"MMRoute"),
+                     Column(u"币", u"CODE", u"n", u"C", u"CURRENCYS"),
+                     Column(u"空", u"ENUM", u"E")};
+  list_.ListField[0].blnIsFilter = false;
+  for (const auto& [field, value] :
+       {std::pair(0, u"5"), {1, u"0,7"}, {2, u"1,12,15"}, {3, u"2,9"}, {4, u"0,1"}, {5, u"0,"}}) {
+    list_.ListField[static_cast<std::size_t>(field)].strFilter = u"x";
+    list_.ListField[static_cast<std::size_t>(field)].strExtValue = value;
+    list_.ListField[static_cast<std::size_t>(field)].blnIsMuliCond = true;
+  }
+  EXPECT_TRUE(Show("ok"));
+  EXPECT_EQ(ToUtf8(where_),
+            "P.lngFlexibleField07ID = 7 And T.lngClassID In(12,15) And R.lngRouteID = 9 And "
+            "C.lngCURRENCYID = 1");
+  EXPECT_EQ(list_.ListField[0].strFilter, u"");
+  EXPECT_TRUE(list_.ListField[0].blnIsMuliCond) << "written for codes alone";
+  EXPECT_TRUE(list_.ListField[2].blnIsMuliCond);
+  EXPECT_FALSE(list_.ListField[3].blnIsMuliCond);
+}
+
+TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {
+  ListSet set;
+  set.List(list_);
+  Forms forms(player_);
+  SetFormHost(&forms);
+  player_.filter = "node 数量; pick 大于; from 7; ok";
+  EXPECT_TRUE(set.ShowFilter(0));
+  EXPECT_EQ(host_->TakeSent().size(), 1u) << "saved at once, in one block";
+  player_.filter = "clear; cancel";
+  EXPECT_FALSE(set.ShowFilter(0));
+  EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
+  EXPECT_EQ(set.ListWhere(), u"1=1");
+  Text shown;
+  bool ok = false;
+  player_.multi = "all right; ok";
+  ValueArray items{true, 0, {u"skipped", u"a", u"b"}};
+  EXPECT_EQ(set.ShowMultiChoose(nullptr, u"类", u"", shown, true, Value(items), ok, 0),
+            u"(类='a' 或 类='b')");
+  EXPECT_TRUE(ok);
+  EXPECT_EQ(shown, u"a,b");
+}
+
+// Random acts; whatever is played, one row per column, of the column's own type, and nothing of it
+// in the caller's record before OK; OK and a second opening agree.
+TEST_F(FilterDialog, RandomActs) {
+  const auto seed =
+      static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count());
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  const auto below = [&](int count) {
+    return count <= 0 ? 0 : static_cast<int>(random() % static_cast<unsigned>(count));
+  };
+  static constexpr TextView kValues[] = {u"", u"5", u"9", u"10", u"x", u"a'b", u"1,2", u"-1"};
+  player_.onChooser = [&](frmFilterColumn& form) {
+    for (int i = below(5); i > 0; --i) {
+      form.msgAll.UserDoubleClickedRow(below(form.msgAll.Rows()));
+      if (below(3) == 0) form.msgSelected.UserDoubleClickedRow(below(form.msgSelected.Rows()));
+    }
+    if (below(2) == 0) form.UserPressedEnter();
+  };
+  for (int game = 0; game < 150; ++game) {
+    const ListType before = list_;
+    std::vector<std::string> rows;
+    player_.onFilter = [&](frmFilter& form) {
+      const auto value = [&] { return kValues[below(8)]; };
+      const std::function<void()> acts[] = {
+          [&] { form.tvwFilter.UserClickedNode(below(10)); },
+          [&] { form.lxtOther.UserPicked(below(form.lxtOther.ListCount())); },
+          [&] { form.txtFrom.UserTyped(value()); },
+          [&] { form.txtTo.UserTyped(value()); },
+          [&] { form.txtFrom.UserLeft(below(2) == 0 ? nullptr : &form.txtTo); },
+          [&] { form.txtTo.UserLeft(); },
+          [&] { (below(2) == 0 ? form.datFrom : form.datDate).UserChanged({38000.0 + below(99)}); },
+          [&] { form.msgFilter.UserSelectedRow(below(form.msgFilter.Rows())); },
+          [&] { form.msgFilter.UserPressedDelete(); },
+      };
+      for (int act = 0; act < 50; ++act) {
+        acts[below(static_cast<int>(std::size(acts)))]();
+        std::set<Text> fields;
+        for (int row = 1; row < form.msgFilter.Rows(); ++row) {
+          const Text& index = form.msgFilter.TextMatrix(row, 0);
+          EXPECT_TRUE(fields.insert(index).second) << "two rows of one column";
+          const auto& field = before.ListField[static_cast<std::size_t>(std::stoi(ToUtf8(index)))];
+          EXPECT_EQ(form.msgFilter.TextMatrix(row, 3), field.strFieldType);
+          EXPECT_NE(form.msgFilter.TextMatrix(row, 2), u"");
+        }
+        EXPECT_EQ(list_, before);
+      }
+      form.UserPressedEnter();
+      rows = RowsOf(form.msgFilter, {0, 2, 3, 4});
+    };
+    if (!Show("")) {
+      EXPECT_EQ(list_, before);
+      continue;
+    }
+    player_.onFilter = [&](frmFilter& form) {
+      EXPECT_THAT(RowsOf(form.msgFilter, {0, 2, 3, 4}), UnorderedElementsAreArray(rows));
+    };
+    Show("");
+    if (HasFailure()) break;
+  }
+}
+
+}  // namespace
+}  // namespace fetchkit::test

@@ -1,0 +1,181 @@
+#include "dialogs/Player.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "base/Utf8.h"
+#include "platform/Platform.h"
+
+namespace fetchkit::test {
+namespace {
+
+using Acts = std::map<std::string, std::function<void(TextView rest)>>;
+
+void PlayAll(Form& form, std::string_view script, Acts acts) {
+  acts["ok"] = [&](TextView) { form.UserPressedEnter(); };
+  acts["cancel"] = [&](TextView) { form.UserPressedEscape(); };
+  acts["close"] = [&](TextView) { form.UserClosed(); };
+  const Text all = FromUtf8(script);
+  for (const TextView piece : Split(all, u";")) {
+    const TextView act = piece.substr(std::min(piece.find_first_not_of(u' '), piece.size()));
+    const std::size_t end = std::min(act.find(u' '), act.size());
+    const auto known = acts.find(ToUtf8(act.substr(0, end)));
+    if (known != acts.end())
+      known->second(act.substr(std::min(end + 1, act.size())));
+    else
+      EXPECT_TRUE(act.empty()) << "no act: " << ToUtf8(act);
+  }
+}
+
+template <class TextAt>
+int Find(int count, TextView text, TextAt&& textAt) {
+  for (int i = 0; i < count; ++i)
+    if (textAt(i) == text) return i;
+  ADD_FAILURE() << "nothing reads " << ToUtf8(text);
+  return -1;
+}
+
+int Find(const MSFlexGrid& grid, int col, TextView text) {
+  return Find(grid.Rows(), text, [&](int row) { return grid.TextMatrix(row, col); });
+}
+
+int Find(const ListBox& list, TextView text) {
+  return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
+}
+
+}  // namespace
+
+void Play(frmFilter& form, std::string_view script) {
+  const auto node = [&](int i) { return form.tvwFilter.Nodes()[static_cast<std::size_t>(i)].Text; };
+  const auto boxOf = [&](TextView name) -> TextBox& {
+    return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
+  };
+  PlayAll(form, script,
+          {
+              {"node",
+               [&](TextView text) {
+                 form.tvwFilter.UserClickedNode(
+                     Find(static_cast<int>(form.tvwFilter.Nodes().size()), text, node));
+               }},
+              {"pick",
+               [&](TextView text) {
+                 form.lxtOther.UserPicked(Find(form.lxtOther.ListCount(), text, [&](int row) {
+                   return form.lxtOther.RowText(row);
+                 }));
+               }},
+              {"from", [&](TextView text) { form.txtFrom.UserTyped(text); }},
+              {"to", [&](TextView text) { form.txtTo.UserTyped(text); }},
+              {"leave",
+               [&](TextView box) {
+                 boxOf(box).UserLeft(box.find(u' ') == TextView::npos
+                                         ? nullptr
+                                         : &boxOf(box.substr(box.rfind(u' ') + 1)));
+               }},
+              {"enter", [&](TextView box) { boxOf(box).UserPressedEnter(); }},
+              {"date",
+               [&](TextView text) {
+                 const std::size_t blank = text.find(u' ');
+                 const TextView which = text.substr(0, blank);
+                 (which == u"from" ? form.datFrom
+                  : which == u"to" ? form.datTo
+                                   : form.datDate)
+                     .UserChanged(CurrentPlatform().ParseDate(text.substr(blank + 1)).value());
+               }},
+              {"delete",
+               [&](TextView text) {
+                 form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
+                 form.msgFilter.UserPressedDelete();
+               }},
+              {"clear", [&](TextView) { form.cmdOk[2].UserPressed(); }},
+          });
+}
+
+void Play(frmFilterColumn& form, std::string_view script) {
+  PlayAll(
+      form, script,
+      {
+          {"all",
+           [&](TextView side) {
+             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+           }},
+          {"right",
+           [&](TextView text) { form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text)); }},
+          {"left",
+           [&](TextView text) {
+             form.msgSelected.UserDoubleClickedRow(Find(form.msgSelected, 2, text));
+           }},
+      });
+}
+
+void Play(frmMultiChoose& form, std::string_view script) {
+  const auto press = [&](TextView text, CommandButton& button) {
+    form.lstSelected.UserSelected(Find(form.lstSelected, text));
+    button.UserPressed();
+  };
+  PlayAll(
+      form, script,
+      {
+          {"all",
+           [&](TextView side) {
+             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+           }},
+          {"right", [&](TextView text) { form.lstAll.UserDoubleClicked(Find(form.lstAll, text)); }},
+          {"left", [&](TextView text) { press(text, form.cmdLeftOne); }},
+          {"up", [&](TextView text) { press(text, form.cmdSerial[0]); }},
+          {"down", [&](TextView text) { press(text, form.cmdSerial[1]); }},
+      });
+}
+
+void Player::ShowModal(frmFilter& form, std::int32_t) {
+  ++shown;
+  Play(form, filter);
+  if (onFilter) onFilter(form);
+}
+
+void Player::ShowModal(frmFilterColumn& form, const frmFilter&) {
+  ++shown;
+  if (onChooser) onChooser(form);
+  Play(form, chooser);
+}
+
+void Player::ShowModal(frmMultiChoose& form, std::int32_t) {
+  ++shown;
+  if (onMulti) onMulti(form);
+  Play(form, multi);
+}
+
+std::vector<std::vector<std::string>> Table(std::string_view lines) {
+  std::vector<std::vector<std::string>> table;
+  const Text all = FromUtf8(lines);
+  for (const TextView line : Split(all, u"\n")) {
+    if (line.empty()) continue;
+    auto& row = table.emplace_back();
+    for (const TextView cell : Split(line, u"¦"))
+      row.push_back(ToUtf8(cell));
+  }
+  return table;
+}
+
+std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns) {
+  std::vector<std::string> rows;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+    std::string& line = rows.emplace_back();
+    for (const int col : columns)
+      line.append(line.empty() ? "" : "|").append(ToUtf8(grid.TextMatrix(row, col)));
+  }
+  return rows;
+}
+
+std::string EditorsOf(const frmFilter& form) {
+  std::string names;
+  for (const Control* control : form.Controls()) {
+    const std::string name = ToUtf8(control->Name());
+    const bool editor = control->Index() < 0 && name.find("Frame") != 0 && name != "lblTitle" &&
+                        name.find("Filter") == std::string::npos;
+    if (editor && control->Visible()) names.append(names.empty() ? "" : " ").append(name);
+  }
+  return names;
+}
+
+}  // namespace fetchkit::test
