@@ -31,6 +31,7 @@ class MadeRows : public Recordset {
       if (EqualFolded(columns_[i], name)) return i;
     throw std::runtime_error("no such column");
   }
+  std::vector<Text> ColumnNames() override { return columns_; }
   Value At(std::size_t column) override { return cell_(row_, column); }
 
  private:

@@ -68,11 +68,35 @@ std::int32_t AdoRecordset::RecordCount() {
       std::min<ado::Position>(count, std::numeric_limits<std::int32_t>::max()));
 }
 
-std::size_t AdoRecordset::Column(TextView name) {
-  if (const auto known = columns_.find(name); known != columns_.end()) return known->second;
+HostPtr<ado::Fields> AdoRecordset::Fields() const {
   HostPtr<ado::Fields> fields;
   Called(Rows().get_Fields(fields.Out()), rows_.get());
   if (!fields) throw Error(ErrorKind::Host, u"the recordset has no fields");
+  return fields;
+}
+
+std::vector<Text> AdoRecordset::ColumnNames() {
+  const HostPtr<ado::Fields> fields = Fields();
+  long count = 0;
+  Called(fields->get_Count(&count), fields.get());
+  std::vector<Text> names;
+  VARIANT key;
+  VariantInit(&key);
+  key.vt = VT_I4;
+  for (key.lVal = 0; key.lVal < count; ++key.lVal) {
+    HostPtr<ado::Field> field;
+    Called(fields->get_Item(key, field.Out()), fields.get());
+    if (!field) throw Error(ErrorKind::Host, u"the recordset lacks a field");
+    Bstr name;
+    Called(field->get_Name(name.Out()), field.get());
+    names.emplace_back(name.view());
+  }
+  return names;
+}
+
+std::size_t AdoRecordset::Column(TextView name) {
+  if (const auto known = columns_.find(name); known != columns_.end()) return known->second;
+  const HostPtr<ado::Fields> fields = Fields();
   const Bstr text(name);
   VARIANT key;
   VariantInit(&key);

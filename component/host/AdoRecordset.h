@@ -33,10 +33,12 @@ class AdoRecordset : public Recordset {
   void MoveNext() override;
   std::int32_t RecordCount() override;
   std::size_t Column(TextView name) override;
+  std::vector<Text> ColumnNames() override;
   Value At(std::size_t column) override;
 
  private:
   ado::Recordset& Rows() const;
+  HostPtr<ado::Fields> Fields() const;
 
   HostPtr<IDispatch> object_;
   HostPtr<ado::Recordset> rows_;  // the same object under ADO's interface; empty when it has none

@@ -72,6 +72,32 @@ void CaptionWindow::Refresh() {
   SetTextOf(window(), model().Caption());
 }
 
+void ToolTip::SetText(const Text& text) {
+  if (text_ == text) return;
+  text_ = text;
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = control_;
+  tool.uId = reinterpret_cast<UINT_PTR>(control_);
+  tool.lpszText = Editable(text_);
+  if (window_) {
+    SendMessageW(window_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    return;
+  }
+  window_ = Counted<HWND, DestroyTip>(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                                      WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, control_,
+                                                      nullptr, nullptr, nullptr));
+  SendMessageW(window_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ButtonWindow::Refresh() {
+  ControlWindow::Refresh();
+  const Text& tip = button_.ToolTipText();
+  // A caption in words says it already.
+  tip_.SetText(TextOf(window()).find(tip) == Text::npos ? tip : Text());
+}
+
 void ButtonWindow::OnCommand(int code) {
   if (code == BN_CLICKED) button_.UserPressed();
 }
@@ -254,9 +280,8 @@ void RowsWindow::OnLayout() {
   if (widths_.empty()) return;
   RECT client{};
   GetClientRect(window(), &client);
-  // Room for the scroll bar, whether it is there or not, so that nothing jumps.
-  const bool hasBar = (GetWindowLongPtrW(window(), GWL_STYLE) & WS_VSCROLL) != 0;
-  int left = static_cast<int>(client.right) - (hasBar ? 0 : GetSystemMetrics(SM_CXVSCROLL));
+  clientWidth_ = client.right;
+  int left = static_cast<int>(client.right);  // without the scroll bar
   const int last = static_cast<int>(widths_.size()) - 1;
   for (int index = 0; index < last; ++index) {
     ListView_SetColumnWidth(window(), index, widths_[static_cast<std::size_t>(index)]);
@@ -269,6 +294,10 @@ void RowsWindow::RefreshRows(int selected) {
   const int count = RowCount();
   if (ListView_GetItemCount(window()) != count)
     SendMessageW(window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
+  // The scroll bar may have come or gone.
+  RECT client{};
+  GetClientRect(window(), &client);
+  if (client.right != clientWidth_) RowsWindow::OnLayout();
   const int shown = ListView_GetNextItem(window(), -1, LVNI_SELECTED);
   if (shown != selected) {
     ListView_SetItemState(window(), -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
@@ -379,17 +408,7 @@ void GridWindow::PressedDelete() {
 }
 
 ListBoxWindow::ListBoxWindow(FormWindow& form, ListBox& model, HWND window)
-    : RowsWindow(form, model, window),
-      list_(model),
-      tip_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
-                           0, 0, window, nullptr, nullptr, nullptr)) {
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = window;
-  tool.uId = reinterpret_cast<UINT_PTR>(window);
-  tool.lpszText = Editable(tipText_);
-  SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    : RowsWindow(form, model, window), list_(model), tip_(window) {
   SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   SetColumns({1}, {Text()});
 }
@@ -414,14 +433,7 @@ void ListBoxWindow::Refresh() {
   ControlWindow::Refresh();
   RefreshRows(list_.ListIndex());
   OnLayout();
-  if (tipText_ == list_.ToolTipText()) return;
-  tipText_ = list_.ToolTipText();
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool.hwnd = window();
-  tool.uId = reinterpret_cast<UINT_PTR>(window());
-  tool.lpszText = Editable(tipText_);
-  SendMessageW(tip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  tip_.SetText(list_.ToolTipText());
 }
 
 LRESULT CALLBACK ListBoxWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,

@@ -18,7 +18,19 @@ using Images = Counted<HIMAGELIST, DestroyImages>;
 inline void DestroyTip(HWND tip) {
   DestroyWindow(tip);
 }
-using Tip = Counted<HWND, DestroyTip>;
+
+// The small window that explains a control while the pointer rests on it. There is none while the
+// text is empty.
+class ToolTip {
+ public:
+  explicit ToolTip(HWND control) : control_(control) {}
+  void SetText(const Text& text);
+
+ private:
+  HWND control_;
+  Counted<HWND, DestroyTip> window_;
+  Text text_;
+};
 
 // Frames and labels: a caption.
 class CaptionWindow : public ControlWindow {
@@ -27,15 +39,18 @@ class CaptionWindow : public ControlWindow {
   void Refresh() override;
 };
 
-// The caption stands in the dialog template, with its access key; the model's is the text
-// alternative of its picture.
+// The caption stands in the dialog template, with its access key. Where it is but a sign, the
+// model's tool tip says it in words.
 class ButtonWindow : public ControlWindow {
  public:
-  ButtonWindow(CommandButton& model, HWND window) : ControlWindow(model, window), button_(model) {}
+  ButtonWindow(CommandButton& model, HWND window)
+      : ControlWindow(model, window), button_(model), tip_(window) {}
+  void Refresh() override;
   void OnCommand(int code) override;
 
  private:
   CommandButton& button_;
+  ToolTip tip_;
 };
 
 class TextBoxWindow : public ControlWindow {
@@ -105,7 +120,8 @@ class RowsWindow : public ControlWindow {
   int Find(const NMLVFINDITEMW& wanted) const;
 
   std::vector<int> widths_;
-  Text shown_;  // holds a text while the system copies it
+  LONG clientWidth_ = 0;  // that the columns were laid out for
+  Text shown_;            // holds a text while the system copies it
 };
 
 class GridWindow : public RowsWindow {
@@ -144,8 +160,7 @@ class ListBoxWindow : public RowsWindow {
   void PointerMoved(int y);
 
   ListBox& list_;
-  Tip tip_;
-  Text tipText_;
+  ToolTip tip_;
 };
 
 class PickWindow : public ControlWindow {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 
@@ -169,8 +170,22 @@ bool Dialog::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) {
   return false;
 }
 
+// Whether the system has made the dialog for its own resolution or already for the monitor's
+// depends on the program: the font tells.
+UINT Dialog::DpiOfTemplate() const {
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0));
+  LOGFONTW made{};
+  if (!font || GetObjectW(font, sizeof made, &made) == 0) return SystemDpi();
+  const auto distance = [&](UINT dpi) {
+    return std::abs(made.lfHeight - MessageFont(dpi).lfHeight);
+  };
+  const UINT monitor = DpiOf(window_);
+  return distance(monitor) < distance(SystemDpi()) ? monitor : SystemDpi();
+}
+
 void Dialog::Begin() {
-  dpi_ = SystemDpi();
+  ScaleByOneself(window_);
+  dpi_ = DpiOfTemplate();
   RECT client{};
   RECT whole{};
   GetClientRect(window_, &client);

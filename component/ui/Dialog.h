@@ -69,6 +69,7 @@ class Dialog {
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
   INT_PTR Handle(UINT message, WPARAM first, LPARAM second);
   void Begin();
+  UINT DpiOfTemplate() const;
   void PlaceOverOwner();
   void Arrange();
   void Rescale(UINT dpi, const RECT& suggested);

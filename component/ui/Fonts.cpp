@@ -50,6 +50,13 @@ UINT DpiOf(HWND window) {
   return dpi != 0 ? dpi : SystemDpi();
 }
 
+void ScaleByOneself(HWND dialog) {
+  static const auto setBehavior =
+      Newer<BOOL(WINAPI*)(HWND, int, int)>("SetDialogDpiChangeBehavior");
+  constexpr int kDisableAll = 1;
+  if (setBehavior) setBehavior(dialog, kDisableAll, kDisableAll);
+}
+
 LOGFONTW MessageFont(UINT dpi) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;

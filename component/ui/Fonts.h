@@ -20,4 +20,8 @@ LOGFONTW MessageFont(UINT dpi);
 UINT DpiOf(HWND window);
 UINT SystemDpi();
 
+// Leaves a dialog's answer to a change of resolution to the dialog, where the system would give
+// one.
+void ScaleByOneself(HWND dialog);
+
 }  // namespace fetchkit::ui

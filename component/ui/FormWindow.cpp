@@ -15,6 +15,9 @@ constexpr UINT kLater = WM_APP + 2;
 
 void ControlWindow::Refresh() {
   const bool visible = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
+  // The keyboard must not stay with a control that takes no more keys.
+  if (GetFocus() == window_ && !(model_.Visible() && model_.Enabled()))
+    SendMessageW(GetParent(window_), WM_NEXTDLGCTL, 0, FALSE);
   if (visible != model_.Visible()) ShowWindow(window_, model_.Visible() ? SW_SHOWNA : SW_HIDE);
   if ((IsWindowEnabled(window_) != FALSE) != model_.Enabled())
     EnableWindow(window_, model_.Enabled());

@@ -7,8 +7,8 @@
 
 namespace fetchkit::demo {
 
-bool IsTerminal(std::FILE* out) {
-  return isatty(fileno(out)) != 0;
+bool IsTerminal(std::FILE* stream) {
+  return isatty(fileno(stream)) != 0;
 }
 
 int TerminalColumns(std::FILE* out) {

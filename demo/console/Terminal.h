@@ -6,8 +6,8 @@
 
 namespace fetchkit::demo {
 
-// Whether out is a terminal that shows colours; what it needs to show them is switched on.
-bool IsTerminal(std::FILE* out);
+// Whether the stream is a terminal; what an output needs to show colours is switched on.
+bool IsTerminal(std::FILE* stream);
 
 // Columns of the terminal, 100 when it does not tell.
 int TerminalColumns(std::FILE* out);

@@ -26,10 +26,8 @@ class MemoryRecordset : public Recordset {
   void MovePrevious();
   std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
   std::size_t Column(TextView name) override;
+  std::vector<Text> ColumnNames() override { return Open().names_; }
   Value At(std::size_t column) override;
-
-  // In the order of the statement.
-  const std::vector<Text>& ColumnNames() { return Open().names_; }
 
   // The first value of the column that is not Null, whatever row is current; Null for none.
   Value Example(std::size_t column);

@@ -81,10 +81,13 @@ void frmMultiChoose::LoadEnum(const Value& arrEnum) {
 }
 
 void frmMultiChoose::LoadRows(Recordset& rows, TextView choosed) {
+  // For a host that offers its columns by name alone.
+  std::vector<Text> names{u"strCode", u"strName"};
+  Step(u"frmMultiChoose: columns", [&] { names = rows.ColumnNames(); });
   std::vector<std::size_t> columns;
-  for (const TextView name : {u"strcode", u"strname"})
-    Step(u"frmMultiChoose: column", [&] { columns.push_back(rows.Column(name)); });
-  std::sort(columns.begin(), columns.end());
+  for (const Text& name : names)
+    if (EqualFolded(name, u"strCode") || EqualFolded(name, u"strName"))
+      Step(u"frmMultiChoose: column", [&] { columns.push_back(rows.Column(name)); });
   for (; !rows.Eof(); rows.MoveNext()) {
     Text item;
     for (const std::size_t column : columns) {

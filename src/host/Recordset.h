@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "base/Text.h"
 #include "base/Value.h"
@@ -31,6 +32,9 @@ class Recordset {
   // when there is no such column. Stays valid for the recordset's life, so that loops resolve a
   // name once and not per row.
   virtual std::size_t Column(TextView name) = 0;
+
+  // The names of all columns, in the order of the statement.
+  virtual std::vector<Text> ColumnNames() = 0;
 
   // The current row's value in that column. Throws when there is no current row.
   virtual Value At(std::size_t column) = 0;

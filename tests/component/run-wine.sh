@@ -25,7 +25,7 @@ server() { timeout 60 "$server" "$@"; }
 if [[ -z ${FETCHKIT_X_SERVER:-} ]]; then
   export FETCHKIT_X_SERVER=none
   if command -v xvfb-run >/dev/null; then
-    FETCHKIT_X_SERVER=xvfb exec xvfb-run -a "${BASH_SOURCE[0]}" "$@"
+    FETCHKIT_X_SERVER=xvfb exec xvfb-run -a -s "-screen 0 1920x1200x24" "${BASH_SOURCE[0]}" "$@"
   fi
 fi
 trap 'server -k >/dev/null 2>&1' EXIT
@@ -47,11 +47,11 @@ check() {
   say $status "$name" "$output"
 }
 
-# A test binary: its own report counts its tests.
+# A test binary, or those of its tests that a filter names: its own report counts them.
 binary() {
   local report=$build/$1.xml line tests failures status
   rm -f "$report"
-  wine "$1.exe" --gtest_brief=1 "--gtest_output=xml:$1.xml"
+  wine "$1.exe" --gtest_brief=1 "--gtest_output=xml:$1.xml" "--gtest_filter=${2:-*}"
   status=$?
   line=$(grep -m1 '<testsuites ' "$report" 2>/dev/null)
   tests=$(sed -n 's/.*tests="\([0-9]*\)".*/\1/p' <<<"$line")
@@ -85,6 +85,13 @@ prepare() {
     # What Windows always has, and what the script host enters for itself at its first start.
     wine reg add 'HKCU\Software\Classes\CLSID' /f
     wine cscript //nologo "$(windows_path late-bound.js)"
+    # Fonts that every Windows has: one with Chinese characters, and the signs on title bars.
+    local font
+    for font in 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
+      wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
+        /v "$font" /d 'WenQuanYi Micro Hei' /f
+    done
+    cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts"
     server -w
     [[ -f $WINEPREFIX/system.reg ]] && touch "$WINEPREFIX/.ready"
   fi
@@ -143,6 +150,22 @@ same_as_the_demo() {
   [[ -n $wanted ]] && diff <(echo "$wanted") <(wine FetchKitDemo.exe "$word") &&
     diff <(echo "$wanted") <(wine cscript //nologo sample.vbs "$word")
 }
+# The resolution of the screen in dots per inch, for the programs that start after it.
+resolution() {
+  wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
+  server -k
+  server -w
+}
+# Every state of the dialogs, at every scaling, copied to where one looks for them.
+pictures() {
+  local state scaling
+  mkdir -p build/pictures
+  for scaling in "" -150 -200; do
+    for state in text between period date code picker enumeration chooser multi-choose; do
+      cp "$build/pictures/$state$scaling.png" build/pictures || return 1
+    done
+  done
+}
 cycles() { wine fetchkit-load-cycles.exe | grep '^per cycle: '; }
 
 check "a Wine prefix" prepare
@@ -154,6 +177,15 @@ done
 mapfile -t libraries < <(ls -d "$build/FetchKit.dll" "$x86/FetchKit.dll" 2>/dev/null)
 check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
 binary fetchkit-component-tests
+rm -rf "$build/pictures"
+mkdir -p "$build/pictures"
+binary fetchkit-dialog-tests
+for dots in 144 192; do
+  check "a screen of $dots dots per inch" resolution $dots
+  binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*'
+done
+check "a screen of 96 dots per inch" resolution 96
+check "pictures of the dialogs in build/pictures" pictures
 check "a thousand loads and unloads" cycles
 # What an interrupted run may have left.
 wine regsvr32 /s /u FetchKit.dll

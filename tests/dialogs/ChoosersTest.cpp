@@ -254,10 +254,10 @@ TEST_F(Choosers, ListsThatDoNotOpen) {
   const Text table =
       u"SELECT T1.lngXID,strXCode,strXName FROM X T1 WHERE T1.blnIsInActive = 0 ORDER BY strXCode";
   const Text fallback = u" SELECT lngXID,strXCode, strXName FROM X";
-  host_->On(period, Rows({u"a", u"b"}, {{std::int32_t{4}, u"三月"}}));
+  host_->On(period, Rows({u"lngRTPeriodID", u"strRTPeriodName"}, {{std::int32_t{4}, u"三月"}}));
   EXPECT_THAT(ReadCodeList(session_, u"RTPERIOD"), ElementsAre(u"4", u"", u"三月"));
-  Answer broken =
-      Rows({u"a", u"b", u"c"}, {{std::int32_t{1}, u"01", u"x"}, {std::int32_t{2}, u"02", u"y"}});
+  Answer broken = Rows({u"lngXID", u"strXCode", u"strXName"},
+                       {{std::int32_t{1}, u"01", u"x"}, {std::int32_t{2}, u"02", u"y"}});
   const std::vector<Text> both = {u"1", u"01", u"x", u"2", u"02", u"y"};
   host_->On(fallback, broken);
   for (const Answer& answer : {Refused(), Throws()}) {
@@ -291,7 +291,7 @@ TEST_F(Choosers, PickerFindsByTyping) {
   EXPECT_EQ(picker.RowText(2), u"B1 张三");
 
   // A hundred thousand codes: read, shown and searched as often, without a walk per search.
-  Answer many{Answer::Kind::Rows, {u"a", u"b", u"c"}, {}};
+  Answer many{Answer::Kind::Rows, {u"lngXID", u"strXCode", u"strXName"}, {}};
   for (std::int32_t i = 0; i < 100000; ++i)
     many.rows.push_back({i, Join(u"c", 100000 + i), Join(u"n", i)});
   host_->On(

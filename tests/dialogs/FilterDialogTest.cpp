@@ -49,10 +49,11 @@ class FilterDialog : public testing::Test {
         u"SELECT T1.lngPersonID,strPersonCode,strPersonName FROM Person T1 WHERE "
         u"T1.blnIsInActive = 0 ORDER BY strPersonCode",
         Refused());
-    host_->On(kPeople, Rows({u"id", u"code", u"name"}, {{std::int32_t{1}, u"01", u"张三"},
-                                                        {std::int32_t{12}, u"02", u"李四"},
-                                                        {std::int32_t{2}, u"03", NullValue()}}));
-    host_->On(kStates, Rows({u"v"}, {{u"3"}, {u"4"}, {u"所有"}}));
+    host_->On(kPeople, Rows({u"lngPersonID", u"strPersonCode", u"strPersonName"},
+                            {{std::int32_t{1}, u"01", u"张三"},
+                             {std::int32_t{12}, u"02", u"李四"},
+                             {std::int32_t{2}, u"03", NullValue()}}));
+    host_->On(kStates, Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}}));
     list_.strListWhere = u"1=1";
     list_.ListField = {Column(u"名&称", u"string", u"Name"),
                        Column(u"数量", u"LONG", u"Qty"),
@@ -387,10 +388,7 @@ TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {
 // Random acts; whatever is played, one row per column, of the column's own type, and nothing of it
 // in the caller's record before OK; OK and a second opening agree.
 TEST_F(FilterDialog, RandomActs) {
-  const auto seed =
-      static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count());
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  std::mt19937 random(20040317);  // NOLINT(cert-msc51-cpp): the same acts at every run
   const auto below = [&](int count) {
     return count <= 0 ? 0 : static_cast<int>(random() % static_cast<unsigned>(count));
   };

@@ -24,6 +24,7 @@ class FakeRecordset : public Recordset {
       if (EqualFolded(answer_.columns[i], name)) return i;
     throw std::runtime_error("no column " + ToUtf8(name));
   }
+  std::vector<Text> ColumnNames() override { return answer_.columns; }
   Value At(std::size_t column) override {
     if (row_ < 0 || Eof()) throw std::runtime_error("no current row");
     if (row_ == answer_.throwAtRow) throw std::runtime_error("row lost");

@@ -61,7 +61,7 @@ class FieldObject : public LateBound<ado::Field, ado::Field::kId, FieldOfRows, k
   using LateBound::LateBound;
 
   STDMETHODIMP get_Name(BSTR* name) noexcept override {
-    return Answer(name, [&] { return TextView(core().rows->ColumnNames()[core().column]); });
+    return Answer(name, [&] { return core().rows->ColumnNames()[core().column]; });
   }
   STDMETHODIMP get_Type(int* type) noexcept override {
     if (!type) return E_POINTER;

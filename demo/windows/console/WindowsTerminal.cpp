@@ -20,11 +20,11 @@ bool IsConsole(HANDLE handle) {
 
 }  // namespace
 
-bool IsTerminal(std::FILE* out) {
+bool IsTerminal(std::FILE* stream) {
 #ifndef ENABLE_VIRTUAL_TERMINAL_PROCESSING
   constexpr DWORD ENABLE_VIRTUAL_TERMINAL_PROCESSING = 4;
 #endif
-  const HANDLE handle = HandleOf(out);
+  const HANDLE handle = HandleOf(stream);
   DWORD mode = 0;
   return GetConsoleMode(handle, &mode) != 0 &&
          SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;

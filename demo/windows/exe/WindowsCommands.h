@@ -1,8 +1,5 @@
 // The program's subcommands, one file each. They print what the console demo's of the same names
 // print, each through the library's COM interfaces; so the two outputs can be compared.
-//
-// A subcommand that opens the library's dialogs goes here as well: ListSet.ShowFilter with the
-// console's window as owner, then ShowList's texts and rows.
 #pragma once
 
 #include "demo/commands/Commands.h"
@@ -22,5 +19,9 @@ int ShowFormats(Console& console, const CommonOptions& options);
 
 // A view with the operator's saved list: its conditions, texts and rows. list.where is not used.
 int ShowList(Console& console, const CommonOptions& options, const ListOptions& list);
+
+// The same view in the filter dialog, in a window over the console's: what it returns and which
+// rows the query has then; afterwards the multi-choose dialog on the departments.
+int ShowFilter(Console& console, const CommonOptions& options, const ListOptions& list);
 
 }  // namespace fetchkit::demo

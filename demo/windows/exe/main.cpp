@@ -55,10 +55,14 @@ int Run(int argc, char** argv) {
       app.add_subcommand("format", "Amounts, clauses, a long IN list")->alias("clauses");
   ListOptions list;
   CLI::App* lists = app.add_subcommand("list", "A saved list: its conditions, texts and rows");
-  lists->add_option("--view", list.viewId, "The view: 101 to 104")->capture_default_str();
-  lists->add_option("--rows", list.rows, "Rows to print at most")
-      ->check(CLI::NonNegativeNumber)
-      ->capture_default_str();
+  CLI::App* filter =
+      app.add_subcommand("filter", "Set a saved list's conditions in the library's dialogs");
+  for (CLI::App* each : {lists, filter}) {
+    each->add_option("--view", list.viewId, "The view: 101 to 104")->capture_default_str();
+    each->add_option("--rows", list.rows, "Rows to print at most")
+        ->check(CLI::NonNegativeNumber)
+        ->capture_default_str();
+  }
 
   try {
     app.parse(argc, argv);
@@ -76,6 +80,7 @@ int Run(int argc, char** argv) {
   if (rights->parsed()) return ShowRights(console, common);
   if (format->parsed()) return ShowFormats(console, common);
   if (lists->parsed()) return ShowList(console, common, list);
+  if (filter->parsed()) return ShowFilter(console, common, list);
   return ShowLogin(console, common);
 }
 

@@ -5,6 +5,9 @@
 #include <memory>
 #include <vector>
 
+#include "base/Utf8.h"
+#include "component/ui/Controls.h"
+
 // GDI+, which writes the pictures, as far as it is used.
 extern "C" {
 struct GdiplusStartupInput {
@@ -80,7 +83,7 @@ void DialogPlayer::OnIdle(HWND dialog) {
 }
 
 void ClickNode(HWND dialog, TextView text) {
-  const HWND tree = GetDlgItem(dialog, 1002);
+  const HWND tree = GetDlgItem(dialog, ID_TVW_FILTER);
   SetFocus(tree);
   wchar_t shown[256] = {};
   TVITEMW item{};
@@ -92,7 +95,7 @@ void ClickNode(HWND dialog, TextView text) {
     SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
     if (text == reinterpret_cast<const char16_t*>(shown)) break;
   }
-  ASSERT_TRUE(item.hItem) << Text(text).size() << " " << ListCount(dialog, 1004);
+  ASSERT_TRUE(item.hItem) << "no such column: " << ToUtf8(text);
   TreeView_EnsureVisible(tree, item.hItem);
   RECT place{};
   TreeView_GetItemRect(tree, item.hItem, &place, TRUE);
@@ -103,7 +106,7 @@ void ClickNode(HWND dialog, TextView text) {
 }
 
 void Pick(HWND dialog, int row) {
-  const HWND picker = GetDlgItem(dialog, 1007);
+  const HWND picker = GetDlgItem(dialog, ID_LXT_OTHER);
   SetFocus(picker);
   SendMessageW(picker, CB_SHOWDROPDOWN, TRUE, 0);
   SendMessageW(picker, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
@@ -122,6 +125,24 @@ void Press(HWND dialog, int id) {
   const HWND button = GetDlgItem(dialog, id);
   SetFocus(button);
   PostMessageW(button, BM_CLICK, 0, 0);
+}
+
+void SelectRow(HWND dialog, int id, int row) {
+  const HWND list = GetDlgItem(dialog, id);
+  SetFocus(list);
+  ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void DoubleClickRow(HWND dialog, int id, int row) {
+  const HWND list = GetDlgItem(dialog, id);
+  RECT place{};
+  ListView_GetItemRect(list, row, &place, LVIR_LABEL);
+  const LPARAM at = MAKELPARAM(place.left + 3, (place.top + place.bottom) / 2);
+  // As with the tree: the button is up before the list looks at it.
+  for (const UINT down : {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK}) {
+    PostMessageW(list, WM_LBUTTONUP, 0, at);
+    SendMessageW(list, down, MK_LBUTTON, at);
+  }
 }
 
 void Key(HWND, WORD key) {
@@ -164,7 +185,47 @@ int ListCount(HWND dialog, int id) {
   return ListView_GetItemCount(GetDlgItem(dialog, id));
 }
 
+namespace {
+
+// Labels, frames and buttons have room for their captions.
+void ExpectCaptionsWhole(HWND dialog, const std::string& name) {
+  const HDC device = GetDC(dialog);
+  for (HWND control = GetWindow(dialog, GW_CHILD); control;
+       control = GetWindow(control, GW_HWNDNEXT)) {
+    wchar_t type[32] = {};
+    wchar_t caption[256] = {};
+    GetClassNameW(control, type, 32);
+    const int length = GetWindowTextW(control, caption, 256);
+    const bool isLabel = lstrcmpiW(type, L"Static") == 0;
+    const bool shortens = isLabel && (GetWindowLongPtrW(control, GWL_STYLE) & SS_ENDELLIPSIS) != 0;
+    if (!IsWindowVisible(control) || shortens || (!isLabel && lstrcmpiW(type, L"Button") != 0))
+      continue;
+    RECT needed{};
+    RECT place{};
+    const HGDIOBJ before =
+        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    DrawTextW(device, caption, length, &needed, DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(device, before);
+    GetClientRect(control, &place);
+    EXPECT_LE(needed.right, place.right) << name << ": control " << GetDlgCtrlID(control);
+    EXPECT_LE(needed.bottom, place.bottom) << name << ": control " << GetDlgCtrlID(control);
+  }
+  ReleaseDC(dialog, device);
+}
+
+std::wstring PictureFile(HWND dialog, const std::string& name) {
+  const HDC device = GetDC(dialog);
+  const int scaling = MulDiv(GetDeviceCaps(device, LOGPIXELSX), 100, 96);
+  ReleaseDC(dialog, device);
+  std::wstring file = L"pictures\\" + std::wstring(name.begin(), name.end());
+  if (scaling != 100) file += L"-" + std::to_wstring(scaling);
+  return file + L".png";
+}
+
+}  // namespace
+
 void KeepPicture(HWND dialog, const std::string& name) {
+  ExpectCaptionsWhole(dialog, name);
   static const ULONG_PTR started = [] {
     ULONG_PTR token = 0;
     const GdiplusStartupInput input{1, nullptr, FALSE, FALSE};
@@ -189,8 +250,8 @@ void KeepPicture(HWND dialog, const std::string& name) {
   EXPECT_EQ(GdipCreateBitmapFromHBITMAP(bitmap, nullptr, &image), 0);
   constexpr CLSID kPng = {
       0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-  const std::wstring file = L"pictures\\" + std::wstring(name.begin(), name.end()) + L".png";
-  EXPECT_EQ(GdipSaveImageToFile(image, file.c_str(), &kPng, nullptr), 0) << name;
+  EXPECT_EQ(GdipSaveImageToFile(image, PictureFile(dialog, name).c_str(), &kPng, nullptr), 0)
+      << name;
   GdipDisposeImage(image);
   DeleteObject(bitmap);
 }

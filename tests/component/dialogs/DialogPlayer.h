@@ -47,7 +47,9 @@ class DialogPlayer {
 void ClickNode(HWND dialog, TextView text);
 void Pick(HWND dialog, int row);  // in the picker: opens its list, walks to the row, Enter
 void Type(HWND dialog, int id, TextView text);
-void Press(HWND dialog, int id);  // a button
+void Press(HWND dialog, int id);               // a button
+void SelectRow(HWND dialog, int id, int row);  // in a list
+void DoubleClickRow(HWND dialog, int id, int row);
 void Key(HWND dialog, WORD key);  // to the control that has the focus
 void Tab(HWND dialog);            // to the next control, as the dialog's own keyboard does
 void Resize(HWND dialog, int wider, int taller);
@@ -56,7 +58,8 @@ Text TextIn(HWND dialog, int id);
 Text ListCell(HWND dialog, int id, int row, int column);
 int ListCount(HWND dialog, int id);
 
-// Keeps a picture of the dialog as build/pictures/NAME.png.
+// Keeps a picture of the dialog as pictures/NAME.png, with the scaling behind the name where that
+// is not 100 %; every caption on it must have room.
 void KeepPicture(HWND dialog, const std::string& name);
 
 }  // namespace fetchkit::test

@@ -49,11 +49,56 @@ class WindowsTest : public testing::Test {
     return Text(where.view());
   }
 
+  Text ShowMultiChoose(IDispatch* rows, TextView choosed) {
+    Bstr condition;
+    Bstr shown;
+    VARIANT_BOOL ok = VARIANT_FALSE;
+    VARIANT none;
+    VariantInit(&none);
+    EXPECT_EQ(list_->ShowMultiChoose(rows, Bstr(u"部门").get(), Bstr(choosed).get(), shown.Out(),
+                                     VARIANT_FALSE, none, &ok, player_.Handle(), condition.Out()),
+              S_OK);
+    EXPECT_TRUE(player_.IsDone());
+    EXPECT_EQ(ok != VARIANT_FALSE, !condition.view().empty());
+    shown_ = shown.view();
+    return Text(condition.view());
+  }
+
   demo::SampleHost host_;
   ComPtr<IDispatch> connection_;
   ComPtr<IInterface> entry_;
   ComPtr<IListSet> list_;
   DialogPlayer player_;
+  Text shown_;
+};
+
+// The rows of a statement as the host hands them out.
+class Rows {
+ public:
+  explicit Rows(demo::SampleHost& host)
+      : connection_(
+            ComPtr<ISessionConnection>::Attach(demo::ConnectionObjectOf(host.connection()))) {}
+  ~Rows() { Close(); }
+  Rows(const Rows&) = delete;
+  Rows& operator=(const Rows&) = delete;
+
+  void Open(TextView sql) {
+    Close();
+    VARIANT_BOOL opened = VARIANT_FALSE;
+    EXPECT_EQ(
+        connection_->OpenStaticRecordset(Bstr(sql).get(), object_.InOut(), 3, 1, 1, 0, &opened),
+        S_OK);
+    EXPECT_TRUE(opened);
+  }
+  IDispatch* object() const { return object_.get(); }
+
+ private:
+  void Close() {
+    if (object_) connection_->CloseRecordset(object_.InOut());
+  }
+
+  ComPtr<ISessionConnection> connection_;
+  ComPtr<IDispatch> object_;
 };
 
 DialogPlayer::Act Picture(const char* name) {
@@ -87,7 +132,18 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
       .Then([](HWND dialog) { Pick(dialog, 1); })
       .Then(Picture("enumeration"))
       .Then([](HWND dialog) { ClickNode(dialog, u"部门"); })
-      .Then([](HWND dialog) { Pick(dialog, 2); })
+      .Then([](HWND dialog) {
+        const HWND picker = GetDlgItem(dialog, ID_LXT_OTHER);
+        SetFocus(picker);
+        for (const wchar_t letter : std::wstring(L"02"))
+          SendMessageW(picker, WM_CHAR, letter, 0);
+        COMBOBOXINFO parts{};
+        parts.cbSize = sizeof parts;
+        GetComboBoxInfo(picker, &parts);
+        EXPECT_TRUE(IsWindowVisible(parts.hwndList)) << "typing shows where it leads";
+        KeepPicture(parts.hwndList, "picker");
+        SendMessageW(picker, WM_KEYDOWN, VK_RETURN, 0);
+      })
       .Then(Picture("code"))
       .Then([](HWND dialog) {
         // The picker's last entry opens the chooser, over this dialog.
@@ -197,6 +253,71 @@ TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
         PostMessageW(dialog, WM_CLOSE, 0, 0);
       });
   EXPECT_FALSE(ShowFilter());
+}
+
+TEST_F(WindowsTest, DepartmentsAreChosenAndOrdered) {
+  Rows rows(host_);
+  // Code and name stand in the order in which the statement names them.
+  rows.Open(
+      u"SELECT strDepartmentName AS strName,strDepartmentCode AS strCode FROM Department "
+      u"WHERE blnIsInActive = 0 AND strDepartmentCode <> ' ' ORDER BY strDepartmentCode");
+  player_
+      .Then([](HWND dialog) {
+        EXPECT_EQ(ListCell(dialog, ID_SELECTED, 0, 0), u"国内销售科 02-01");
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, ID_CMD_SERIAL_UP)));
+        DoubleClickRow(dialog, ID_ALL, 0);
+      })
+      .Then([](HWND dialog) {
+        SelectRow(dialog, ID_ALL, 2);
+        Press(dialog, ID_CMD_RIGHT_ONE);
+      })
+      .Then([](HWND dialog) {
+        ASSERT_EQ(ListCount(dialog, ID_SELECTED), 3);
+        SelectRow(dialog, ID_SELECTED, 1);
+        Press(dialog, ID_CMD_SERIAL_UP);
+      })
+      .Then([](HWND dialog) {
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, ID_CMD_SERIAL_UP)));
+        EXPECT_EQ(FocusId(dialog), ID_CMD_SERIAL_DOWN) << "the keyboard goes on";
+        SetFocus(GetDlgItem(dialog, ID_SELECTED));
+        KeepPicture(dialog, "multi-choose");
+        Key(dialog, VK_RETURN);
+      });
+  EXPECT_EQ(ShowMultiChoose(rows.object(), u"(部门='国内销售科 02-01')"),
+            u"(部门='管理部 01' 或 部门='国内销售科 02-01' 或 部门='总工办 010')");
+  EXPECT_EQ(shown_, u"管理部 01,国内销售科 02-01,总工办 010");
+
+  rows.Open(u"SELECT strDepartmentName AS strName FROM Department ORDER BY strDepartmentCode");
+  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_RIGHT_ALL); }).Then([](HWND dialog) {
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_EQ(ShowMultiChoose(rows.object(), u""), u"");
+}
+
+TEST_F(WindowsTest, TheOwnerIsCoveredAndComesBackAndMayGo) {
+  SetWindowPos(player_.owner(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  player_.Then([&](HWND dialog) {
+    EXPECT_FALSE(IsWindowEnabled(player_.owner()));
+    RECT over{};
+    RECT place{};
+    GetWindowRect(player_.owner(), &over);
+    GetWindowRect(dialog, &place);
+    EXPECT_NEAR(over.left + over.right, place.left + place.right, 2);
+    EXPECT_NEAR(over.top + over.bottom, place.top + place.bottom, 2);
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+  });
+  EXPECT_FALSE(ShowFilter());
+  EXPECT_EQ(GetActiveWindow(), player_.owner());
+
+  const Text before = Where();
+  player_.Then([&](HWND dialog) { Press(dialog, ID_CMD_CLEAR); }).Then([&](HWND) {
+    PostMessageW(player_.owner(), WM_CLOSE, 0, 0);
+  });
+  VARIANT_BOOL confirmed = VARIANT_TRUE;
+  EXPECT_EQ(list_->ShowFilter(player_.Handle(), &confirmed), S_OK);
+  EXPECT_EQ(confirmed, VARIANT_FALSE);
+  EXPECT_FALSE(IsWindow(player_.owner()));
+  EXPECT_EQ(Where(), before);
 }
 
 }  // namespace
