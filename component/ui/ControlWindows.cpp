@@ -478,6 +478,7 @@ void PickWindow::OnLayout() {
   const int height = Measuring(window()).Height();
   SendMessageW(window(), CB_SETITEMHEIGHT, 0, height + form_.Pixels(2));
   SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height + form_.Pixels(3));
+  MeasureColumns();
 }
 
 // The widths follow the first rows: enough to set the columns apart, whatever the list's length.
@@ -509,18 +510,20 @@ void PickWindow::MeasureColumns() {
 
 void PickWindow::Refresh() {
   ControlWindow::Refresh();
-  const int count = pick_.ListCount();
-  if (loaded_ != count) {
+  if (loaded_ != pick_.ListVersion()) {
+    const int count = pick_.ListCount();
     SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
     SendMessageW(window(), CB_RESETCONTENT, 0, 0);
-    SendMessageW(window(), CB_INITSTORAGE, static_cast<WPARAM>(count), 0);
-    // Items without texts of their own: they are drawn from the model.
-    for (int row = 0; row < count; ++row)
-      SendMessageW(window(), CB_ADDSTRING, 0, row + 1);
+    SendMessageW(window(), CB_INITSTORAGE, static_cast<WPARAM>(count), count * 32);
+    // The texts are for screen readers: the rows are drawn from the model.
+    for (int row = 0; row < count; ++row) {
+      const Text text = pick_.RowText(row);
+      SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
+    }
     SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
-    loaded_ = count;
+    loaded_ = pick_.ListVersion();
+    MeasureColumns();
   }
-  MeasureColumns();
   if (SendMessageW(window(), CB_GETCURSEL, 0, 0) != pick_.ListIndex())
     SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(pick_.ListIndex()), 0);
   InvalidateRect(window(), nullptr, TRUE);

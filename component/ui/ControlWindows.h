@@ -182,7 +182,7 @@ class PickWindow : public ControlWindow {
 
   FormWindow& form_;
   PickCombo& pick_;
-  int loaded_ = -1;                // rows that the system's list has
+  int loaded_ = -1;                // the version of the list that the system has
   std::vector<int> columnWidths_;  // of the shown columns, in pixels
   bool isOpen_ = false;
   bool pickPosted_ = false;

@@ -30,7 +30,7 @@ Words WithFont(const void* resource, std::size_t bytes, const LOGFONTW& font) {
   const WORD* at = begin + 13;            // the fixed part
   at = SkipName(SkipName(SkipName(at)));  // menu, class, title
   Words words(begin, at);
-  const auto points = -MulDiv(font.lfHeight, 72, static_cast<int>(SystemDpi()));
+  const auto points = MulDiv(std::abs(font.lfHeight), 72, static_cast<int>(SystemDpi()));
   words.push_back(static_cast<WORD>(points));
   words.push_back(static_cast<WORD>(font.lfWeight));
   words.push_back(static_cast<WORD>(font.lfItalic | font.lfCharSet << 8));
@@ -43,6 +43,17 @@ Words WithFont(const void* resource, std::size_t bytes, const LOGFONTW& font) {
   if (words.size() % 2 != 0) words.push_back(0);
   words.insert(words.end(), at, end);
   return words;
+}
+
+// With its list, for a control that has one to open: its size is set together with the list's.
+RECT WholeRect(HWND control) {
+  RECT rect{};
+  wchar_t type[16] = {};
+  GetClassNameW(control, type, 16);
+  if (lstrcmpiW(type, L"ComboBox") != 0 ||
+      SendMessageW(control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&rect)) == 0)
+    GetWindowRect(control, &rect);
+  return rect;
 }
 
 RECT Scaled(const RECT& rect, UINT to, UINT from) {
@@ -131,7 +142,7 @@ INT_PTR Dialog::Handle(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
     case WM_INITDIALOG:
       Begin();
-      return FALSE;  // the focus is set
+      return TRUE;  // the focus goes to the first control
     case WM_COMMAND:
       if (LOWORD(first) == IDCANCEL && second == 0)
         OnCancel();
@@ -194,8 +205,7 @@ void Dialog::Begin() {
   firstWindow_ = {whole.right - whole.left, whole.bottom - whole.top};
   for (HWND control = GetWindow(window_, GW_CHILD); control;
        control = GetWindow(control, GW_HWNDNEXT)) {
-    RECT at{};
-    GetWindowRect(control, &at);
+    RECT at = WholeRect(control);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&at), 2);
     const int id = GetDlgCtrlID(control);
     const auto known = std::find_if(follows_.begin(), follows_.end(),

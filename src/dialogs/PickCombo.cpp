@@ -49,6 +49,7 @@ fetchkit::Text PickCombo::RowText(int row) const {
 void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
   cells_ = std::move(cells);
   cells_.resize(cells_.size() / columns_ * columns_);
+  ++version_;
   indexes_.clear();
   text_.clear();
   index_ = -1;

@@ -38,6 +38,9 @@ class PickCombo : public Control {
   // and ListIndex are reset. One report to the view, whatever the number of rows.
   void SetList(std::vector<fetchkit::Text> cells);
 
+  // Another number for every list, for a view that keeps a copy.
+  int ListVersion() const { return version_; }
+
   const fetchkit::Text& Text() const { return text_; }
   int ListIndex() const { return index_; }
 
@@ -66,6 +69,7 @@ class PickCombo : public Control {
   std::vector<int> shown_ = {0};
   std::size_t columns_ = 1;
   std::vector<fetchkit::Text> cells_;
+  int version_ = 0;
   fetchkit::Text text_;
   int index_ = -1;
 

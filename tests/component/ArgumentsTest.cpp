@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <map>
+#include <tuple>
 
 #include "base/Utf8.h"
 #include "component/com/Variants.h"
@@ -382,16 +383,20 @@ TEST_F(Arguments, CollectionsAreAskedByNameForTheirKeys) {
       << "asking added a key";
 }
 
-TEST_F(Arguments, WithoutDialogsNothingIsChosen) {
+TEST_F(Arguments, TheMultiChooseDialogWritesBack) {
   const auto lists = Get(LogIn(), &IInterface::get_ListSet);
-  const Called call =
-      Call(lists.get(), L"ShowMultiChoose",
-           {Value::Object(), u"部门", u"", u"before", false, Value(), true, std::int32_t{0}},
-           By::VariantReference);
-  EXPECT_EQ(call.code, S_OK);
-  EXPECT_EQ(Show(call.result), "text ");
-  EXPECT_EQ(Show(call.arguments.at(3)), "text before");
-  EXPECT_EQ(Show(call.arguments.at(6)), "bool False");
+  for (const auto& [button, shown, ok] :
+       {std::tuple(IDCANCEL, "text before", "bool False"), {IDOK, "text ", "bool True"}}) {
+    const PressesInDialogs press(button);
+    const Called call = Call(
+        lists.get(), L"ShowMultiChoose",
+        {Value::Object(), u"部门", u"", u"before", false, Value(), button != IDOK, std::int32_t{0}},
+        By::VariantReference);
+    EXPECT_EQ(call.code, S_OK);
+    EXPECT_EQ(Show(call.result), "text ");
+    EXPECT_EQ(Show(call.arguments.at(3)), shown);
+    EXPECT_EQ(Show(call.arguments.at(6)), ok);
+  }
 }
 
 // The system's own recordset, with the one row and column that Wine's keeps.

@@ -78,12 +78,6 @@ Value Numbers(std::initializer_list<std::int32_t> numbers) {
   return Value(std::move(array));
 }
 
-// Presses Cancel in message boxes that the thread shows.
-LRESULT CALLBACK PressCancel(int code, WPARAM window, LPARAM) {
-  if (code == HCBT_ACTIVATE) PostMessageW(reinterpret_cast<HWND>(window), WM_COMMAND, IDCANCEL, 0);
-  return 0;
-}
-
 class EveryMember : public ComponentTest {
  protected:
   EveryMember() : entry_(LogIn()) {
@@ -236,9 +230,8 @@ TEST_F(EveryMember, OfTheServicesDoesWhatTheCoreDoes) {
   SetCursorPos(100, 100);
   UTILITY(PtInGridAvailRect, handle, L(0), L(0), L(100), L(100));
   UTILITY(PtInGridCell, handle, Numbers({0, 10, 100}), Numbers({0, 90}), L(-1), L(-1));
-  const HHOOK hook = SetWindowsHookExW(WH_CBT, PressCancel, nullptr, GetCurrentThreadId());
+  const PressesInDialogs cancel(IDCANCEL);
   UTILITY(MessageBox, u"消息", L(MB_OKCANCEL), u"标题", handle);
-  UnhookWindowsHookEx(hook);
   DestroyWindow(window);
   UTILITY(Security, u"口令");
   UTILITY(WriteLog, u"a", u"b", L(1));

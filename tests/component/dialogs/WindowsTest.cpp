@@ -231,6 +231,7 @@ TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
   int rows = 0;
   player_
       .Then([&](HWND dialog) {
+        EXPECT_EQ(FocusId(dialog), ID_TVW_FILTER) << "where the keyboard begins";
         rows = ListCount(dialog, ID_MSG_FILTER);
         ASSERT_GT(rows, 0);
         const HWND grid = GetDlgItem(dialog, ID_MSG_FILTER);
@@ -247,6 +248,10 @@ TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
         GetWindowRect(dialog, &whole);
         GetWindowRect(GetDlgItem(dialog, IDCANCEL), &button);
         EXPECT_LT(whole.right - button.right, 20) << "the buttons stay in their corner";
+        RECT list{};
+        SendDlgItemMessageW(dialog, ID_LXT_OTHER, CB_GETDROPPEDCONTROLRECT, 0,
+                            reinterpret_cast<LPARAM>(&list));
+        EXPECT_GT(list.bottom - list.top, 100) << "the picker's list keeps its height";
         MINMAXINFO limits{};
         SendMessageW(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
         EXPECT_EQ(limits.ptMinTrackSize.x, whole.right - whole.left - 200);

@@ -191,6 +191,23 @@ std::map<std::string, Value> PropertiesOf(const Objects& objects) {
   return read;
 }
 
+int PressesInDialogs::button_ = 0;
+
+PressesInDialogs::PressesInDialogs(int button)
+    : hook_(SetWindowsHookExW(WH_CBT, Press, nullptr, GetCurrentThreadId())) {
+  button_ = button;
+}
+
+PressesInDialogs::~PressesInDialogs() {
+  UnhookWindowsHookEx(hook_);
+}
+
+LRESULT CALLBACK PressesInDialogs::Press(int code, WPARAM window, LPARAM) {
+  if (code == HCBT_ACTIVATE)
+    PostMessageW(reinterpret_cast<HWND>(window), WM_COMMAND, static_cast<WPARAM>(button_), 0);
+  return 0;
+}
+
 ComponentTest::ComponentTest() : host_(GoodHost()), wide_(WideRow()) {
   host_->fallback = [this](TextView) { return &wide_; };
 }

@@ -91,6 +91,20 @@ Objects ObjectsOf(const ComPtr<IInterface>& entry);
 // "IBusiness.CurrencyID", late-bound.
 std::map<std::string, Value> PropertiesOf(const Objects& objects);
 
+// Presses a button in every dialog and message box that the thread shows while it lives.
+class PressesInDialogs {
+ public:
+  explicit PressesInDialogs(int button);
+  ~PressesInDialogs();
+  PressesInDialogs(const PressesInDialogs&) = delete;
+  PressesInDialogs& operator=(const PressesInDialogs&) = delete;
+
+ private:
+  static LRESULT CALLBACK Press(int code, WPARAM window, LPARAM);
+  static int button_;
+  HHOOK hook_;
+};
+
 // A test that logs in. Afterwards the library must be willing to go, with every reference to the
 // host's objects given back.
 class ComponentTest : public testing::Test {
