@@ -12,6 +12,7 @@
 #include "session/Interface.h"
 #include "session/SampleBooks.h"
 #include "support/Component.h"
+#include "support/ListRecord.h"
 
 namespace fetchkit::test {
 namespace {
@@ -172,22 +173,6 @@ TEST_F(Arguments, WhatRaisesGivesItsNumberWithDescriptionAndSource) {
   EXPECT_EQ(source.view(), u"FetchKit");
 }
 
-// The list record early-bound; frees what it got.
-struct Record : ::ListType {
-  Record() : ::ListType{} {}
-  ~Record() {
-    for (const BSTR text : {strViewName, strListName, strListFrom, strListWhere, strListPureWhere,
-                            strCurTable, strPrimaryKey})
-      SysFreeString(text);
-    if (ListField) SafeArrayDestroy(ListField);
-  }
-  ::ListFieldType& Field(long index) const {
-    void* field = nullptr;
-    EXPECT_EQ(SafeArrayPtrOfIndex(ListField, &index, &field), S_OK);
-    return *static_cast<::ListFieldType*>(field);
-  }
-};
-
 void Replace(BSTR& text, TextView with) {
   SysFreeString(std::exchange(text, NewBstr(with)));
 }
@@ -195,7 +180,7 @@ void Replace(BSTR& text, TextView with) {
 TEST_F(Arguments, RecordsAreCopiesAllTheWayDown) {
   const auto lists = Get(LogIn(), &IInterface::get_ListSet);
   EXPECT_EQ(lists->put_ViewId(5), S_OK);
-  Record first;
+  ListRecord first;
   ASSERT_EQ(lists->get_List(&first), S_OK);
   ASSERT_TRUE(first.ListField);
   EXPECT_EQ(SafeArrayGetElemsize(first.ListField), sizeof(::ListFieldType));
@@ -208,13 +193,13 @@ TEST_F(Arguments, RecordsAreCopiesAllTheWayDown) {
   Replace(first.Field(0).strListFieldDesc, Text(u"改\0了", 3));
   Replace(first.strListFrom, u"Voucher");
   first.intFixedCols = 9;
-  Record untouched;
+  ListRecord untouched;
   ASSERT_EQ(lists->get_List(&untouched), S_OK);
   EXPECT_EQ(ViewOf(untouched.Field(0).strListFieldDesc), caption) << "the caller edits ours";
 
   ASSERT_EQ(lists->put_List(&first), S_OK);
   Replace(first.Field(0).strListFieldDesc, u"later");
-  Record second;
+  ListRecord second;
   ASSERT_EQ(lists->get_List(&second), S_OK);
   EXPECT_EQ(ViewOf(second.Field(0).strListFieldDesc), TextView(u"改\0了", 3));
   EXPECT_EQ(second.intFixedCols, 9);
@@ -222,11 +207,11 @@ TEST_F(Arguments, RecordsAreCopiesAllTheWayDown) {
 
   // A record whose array was never dimensioned has no fields; a foreign array is refused and
   // changes nothing.
-  Record foreign;
+  ListRecord foreign;
   foreign.ListField = SafeArrayCreateVector(VT_I4, 0, 3);
   EXPECT_EQ(static_cast<unsigned>(lists->put_List(&foreign)), 0x800A0005u);
   EXPECT_EQ(GetText(lists, &IListSet::get_ListFrom), u"Voucher");
-  Record empty;
+  ListRecord empty;
   EXPECT_EQ(lists->put_List(&empty), S_OK);
   ASSERT_EQ(lists->get_List(&empty), S_OK);
   ASSERT_TRUE(empty.ListField);

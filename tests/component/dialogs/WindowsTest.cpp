@@ -1,12 +1,17 @@
 // The dialogs in their windows, opened through FetchKit.dll by a host with the sample accounts.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
+#include <vector>
 
 #include "DialogPlayer.h"
+#include "base/Utf8.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
+#include "component/support/ListRecord.h"
 #include "component/ui/Controls.h"
 #include "demo/host/SampleHost.h"
 #include "demo/windows/com/ConnectionObject.h"
@@ -177,6 +182,21 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
             u" And (Voucher.strDate >= '2004-01-01' And Voucher.strDate <= '2004-12-31')"
             u" And Operator.strOperatorName = '吴海波'"
             u" And Department.lngDEPARTMENTID In(4,2,5)");
+  ListRecord record;
+  ASSERT_EQ(list_->get_List(&record), S_OK);
+  EXPECT_EQ(ViewOf(record.strListPureWhere), Where());
+  std::vector<std::string> kept;
+  for (long index = 0; index < static_cast<long>(record.ListField->rgsabound[0].cElements);
+       ++index) {
+    const ::ListFieldType& field = record.Field(index);
+    if (SysStringLen(field.strFilter) == 0) continue;
+    kept.push_back(ToUtf8(Join(ViewOf(field.strListFieldDesc), u"|", ViewOf(field.strFilter), u"|",
+                               ViewOf(field.strExtValue), u"|", ViewOf(field.strCodeID))));
+  }
+  EXPECT_THAT(kept, testing::UnorderedElementsAre(
+                        "摘要|等于 差旅费|差旅费|", "金额|介于 100,5000|100,5000|",
+                        "凭证日期|本年|2004-01-01,2004-12-31|", "制单人|吴海波|0,'吴海波'|",
+                        "部门|销售部 财务科 国内销售科|1,4,2,5|4,2,5"));
 }
 
 TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
