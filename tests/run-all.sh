@@ -112,7 +112,11 @@ check "includes point down" includes_point_down
 check "clang finds nothing either" clang_syntax
 check "find_package(FetchKit) after cmake --install" consumer
 if [[ -n $windows ]]; then
-  under_wine=$(tests/component/run-wine.sh "$windows" "$build/demo/fetchkit-demo" | tee /dev/stderr | tail -1)
+  under_wine=
+  while IFS= read -r line; do
+    echo "$line"
+    under_wine=$line
+  done < <(tests/component/run-wine.sh "$windows" "$build/demo/fetchkit-demo")
   if [[ $under_wine =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
     passed=$((passed + BASH_REMATCH[1]))
     failed=$((failed + BASH_REMATCH[2]))
