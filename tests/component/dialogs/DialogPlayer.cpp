@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <vector>
 
 #include "base/Utf8.h"
@@ -26,7 +25,7 @@ namespace fetchkit::test {
 namespace {
 
 constexpr UINT_PTR kWatchdog = 1;
-constexpr UINT kPatience = 20000;  // milliseconds
+constexpr UINT kPatience = 60000;  // milliseconds
 constexpr wchar_t kClass[] = L"FetchKitDialogPlayer";
 
 LRESULT CALLBACK WatchDialog(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
@@ -77,6 +76,7 @@ void DialogPlayer::OnIdle(HWND dialog) {
   if (acts_.empty()) return;
   const Act act = std::move(acts_.front());
   acts_.pop_front();
+  SetTimer(owner_, kWatchdog, kPatience, nullptr);  // begins anew
   act(dialog);
   // The dialog tells that it is idle once only, until it gets a message.
   PostMessageW(dialog, WM_NULL, 0, 0);

@@ -12,7 +12,7 @@ namespace fetchkit::test {
 
 // An owner window. While a dialog that stands over it, or over another such dialog, is idle, the
 // acts are played one after the other, each with the dialog that is idle then. A dialog that is
-// still there some seconds after the last act fails the test and is closed.
+// still there a minute after the last act fails the test and is closed.
 class DialogPlayer {
  public:
   using Act = std::function<void(HWND dialog)>;

@@ -99,7 +99,7 @@ class SampleHostProcess {
 
   // Its visible window of that caption; null when it does not come.
   HWND WaitForWindow(const wchar_t* caption) const {
-    for (int waited = 0; waited < 30000; waited += 20, Sleep(20)) {
+    for (int waited = 0; waited < 60000; waited += 20, Sleep(20)) {
       HWND window = nullptr;
       while ((window = FindWindowExW(nullptr, window, nullptr, caption)) != nullptr) {
         DWORD owner = 0;
