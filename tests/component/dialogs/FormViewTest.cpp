@@ -30,7 +30,7 @@ MultiChooseRequest RequestWith(int items, const DialogPlayer& player) {
 }
 
 TEST(FormViewTest, NothingIsLeftBehindHoweverOftenADialogOpens) {
-  constexpr int kOpenings = 50;
+  constexpr int kOpenings = 20;
   DialogPlayer player;
   ui::Win32FormView view(GetModuleHandleW(nullptr));
   Forms forms(view);
