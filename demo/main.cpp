@@ -4,9 +4,9 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
-#include <map>
 
 #include "demo/SampleAccounts.h"
+#include "demo/commands/CommandLine.h"
 #include "demo/commands/Commands.h"
 #include "demo/console/Console.h"
 #include "demo/console/Terminal.h"
@@ -31,16 +31,7 @@ int Run(int argc, char** argv) {
 
   CommonOptions common;
   ColourMode colour = ColourMode::Auto;
-  app.add_flag("--trace", common.trace, "Show every statement whole, with its answer");
-  app.add_option("--login", common.login, "The sample login to begin with (see: accounts)")
-      ->capture_default_str();
-  app.add_option("--colour,--color", colour, "Colour and columns: auto, always or never")
-      ->transform(
-          CLI::CheckedTransformer(std::map<std::string, ColourMode>{{"auto", ColourMode::Auto},
-                                                                    {"always", ColourMode::Always},
-                                                                    {"never", ColourMode::Never}},
-                                  CLI::ignore_case))
-      ->option_text("WHEN [auto]");
+  AddCommonOptions(app, common, colour);
 
   app.require_subcommand(0, 1);
   CLI::App* accounts = app.add_subcommand("accounts", "List the sample logins");
@@ -53,10 +44,7 @@ int Run(int argc, char** argv) {
   CLI::App* format = app.add_subcommand("format", "Amounts, clauses, a long IN list");
   ListOptions list;
   CLI::App* lists = app.add_subcommand("list", "A saved list: its conditions, texts and rows");
-  lists->add_option("--view", list.viewId, "The view: 101 to 104")->capture_default_str();
-  lists->add_option("--rows", list.rows, "Rows to print at most")
-      ->check(CLI::NonNegativeNumber)
-      ->capture_default_str();
+  AddListOptions(*lists, list.viewId, list.rows);
   lists
       ->add_option("--where", list.where,
                    "Change a condition, save, and read back, such as \"金额 大于 100\";\n"
@@ -65,10 +53,7 @@ int Run(int argc, char** argv) {
   FilterOptions filter;
   CLI::App* filters =
       app.add_subcommand("filter", "The filter dialog: a scripted user, or you, set conditions");
-  filters->add_option("--view", filter.viewId, "The view: 101 to 104")->capture_default_str();
-  filters->add_option("--rows", filter.rows, "Rows to print at most")
-      ->check(CLI::NonNegativeNumber)
-      ->capture_default_str();
+  AddListOptions(*filters, filter.viewId, filter.rows);
   bool ask = false;
   bool script = false;
   CLI::Option* asked =

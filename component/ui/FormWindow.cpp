@@ -3,6 +3,9 @@
 #include <utility>
 
 #include "component/ui/ControlWindows.h"
+#include "component/ui/ListWindows.h"
+#include "component/ui/PickWindow.h"
+#include "component/ui/TreeWindow.h"
 
 namespace fetchkit::ui {
 namespace {

@@ -1,21 +1,19 @@
 #include <fmt/format.h>
 
 #include <stdexcept>
-#include <utility>
+#include <string>
 #include <vector>
 
 #include "activity/Activity.h"
 #include "base/Utf8.h"
 #include "demo/commands/Commands.h"
+#include "demo/commands/DateTable.h"
 #include "demo/commands/DemoSession.h"
 #include "platform/Platform.h"
-#include "utility/DateKeywords.h"
 
 namespace fetchkit::demo {
 namespace {
 
-// The range of a keyword and the statements that it costs the first and the second time, in a
-// session of its own: what another keyword has found would make it cheaper.
 std::vector<std::string> Evaluate(DemoSession& session, TextView keyword, bool financial) {
   session.LogInAfresh();
   Activity activity;
@@ -46,20 +44,9 @@ int RunDates(Console& console, const CommonOptions& options, const std::string& 
   }
   session.LogIn();
 
-  console.Heading(fmt::format("Date ranges on {}", ToUtf8(session.entry().LoginDate())));
-  console.BeginTable(
-      {"keyword", "calendar", "statements", "again", "accounting", "statements", "again"});
-  const auto show = [&](TextView keyword) {
-    std::vector<std::string> row = {ToUtf8(keyword)};
-    for (const bool financial : {false, true})
-      for (std::string& cell : Evaluate(session, keyword, financial))
-        row.push_back(std::move(cell));
-    console.Row(std::move(row));
-  };
-  for (const TextView keyword : kDateKeywords)
-    show(keyword);
-  show(u"自定义:2004-03-31,2004-01-01");
-  console.EndTable();
+  ShowDateTable(
+      console, ToUtf8(session.entry().LoginDate()),
+      [&](TextView keyword, bool financial) { return Evaluate(session, keyword, financial); });
   return 0;
 }
 

@@ -1,18 +1,17 @@
 #include <fmt/format.h>
 
-#include <utility>
+#include <string>
 #include <vector>
 
 #include "base/Date.h"
+#include "demo/commands/DateTable.h"
 #include "demo/windows/exe/Calls.h"
 #include "demo/windows/exe/LibrarySession.h"
 #include "demo/windows/exe/WindowsCommands.h"
-#include "utility/DateKeywords.h"
 
 namespace fetchkit::demo {
 namespace {
 
-// The range of a keyword and the statements that it costs the first and the second time.
 std::vector<std::string> Evaluate(LibrarySession& session, TextView keyword, bool financial) {
   session.LogInAfresh();
   const ComPtr<IActivity> activity = session.Activity();
@@ -39,21 +38,9 @@ int ShowDates(Console& console, const CommonOptions& options) {
   LibrarySession session(console, options.trace);
   session.LogIn(options.login);
 
-  console.Heading(
-      fmt::format("Date ranges on {}", TextOf(session.entry(), &IInterface::get_LoginDate)));
-  console.BeginTable(
-      {"keyword", "calendar", "statements", "again", "accounting", "statements", "again"});
-  const auto show = [&](TextView keyword) {
-    std::vector<std::string> row = {ToUtf8(keyword)};
-    for (const bool financial : {false, true})
-      for (std::string& cell : Evaluate(session, keyword, financial))
-        row.push_back(std::move(cell));
-    console.Row(std::move(row));
-  };
-  for (const TextView keyword : kDateKeywords)
-    show(keyword);
-  show(u"自定义:2004-03-31,2004-01-01");
-  console.EndTable();
+  ShowDateTable(
+      console, TextOf(session.entry(), &IInterface::get_LoginDate),
+      [&](TextView keyword, bool financial) { return Evaluate(session, keyword, financial); });
   return 0;
 }
 

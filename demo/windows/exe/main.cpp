@@ -3,8 +3,8 @@
 
 #include <CLI/CLI.hpp>
 #include <exception>
-#include <map>
 
+#include "demo/commands/CommandLine.h"
 #include "demo/console/Console.h"
 #include "demo/console/Terminal.h"
 #include "demo/windows/exe/WindowsCommands.h"
@@ -34,16 +34,7 @@ int Run(int argc, char** argv) {
 
   CommonOptions common;
   ColourMode colour = ColourMode::Auto;
-  app.add_flag("--trace", common.trace, "Show every statement whole, with its answer");
-  app.add_option("--login", common.login, "The sample login (see: accounts)")
-      ->capture_default_str();
-  app.add_option("--colour,--color", colour, "Colour and columns: auto, always or never")
-      ->transform(
-          CLI::CheckedTransformer(std::map<std::string, ColourMode>{{"auto", ColourMode::Auto},
-                                                                    {"always", ColourMode::Always},
-                                                                    {"never", ColourMode::Never}},
-                                  CLI::ignore_case))
-      ->option_text("WHEN [auto]");
+  AddCommonOptions(app, common, colour);
 
   app.require_subcommand(0, 1);
   CLI::App* accounts = app.add_subcommand("accounts", "List the sample logins");
@@ -57,12 +48,8 @@ int Run(int argc, char** argv) {
   CLI::App* lists = app.add_subcommand("list", "A saved list: its conditions, texts and rows");
   CLI::App* filter =
       app.add_subcommand("filter", "Set a saved list's conditions in the library's dialogs");
-  for (CLI::App* each : {lists, filter}) {
-    each->add_option("--view", list.viewId, "The view: 101 to 104")->capture_default_str();
-    each->add_option("--rows", list.rows, "Rows to print at most")
-        ->check(CLI::NonNegativeNumber)
-        ->capture_default_str();
-  }
+  for (CLI::App* each : {lists, filter})
+    AddListOptions(*each, list.viewId, list.rows);
 
   try {
     app.parse(argc, argv);

@@ -1,0 +1,38 @@
+// The window of a picker.
+#pragma once
+
+#include <vector>
+
+#include "component/Windows.h"
+#include "component/ui/FormWindow.h"
+
+namespace fetchkit::ui {
+
+class PickWindow : public ControlWindow {
+ public:
+  PickWindow(FormWindow& form, PickCombo& model, HWND window);
+  ~PickWindow() override;
+  void Refresh() override;
+  void OnCommand(int code) override;
+  void OnDraw(const DRAWITEMSTRUCT& drawing) override;
+  void OnLayout() override;
+  void OnLater() override;
+
+ private:
+  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                   UINT_PTR id, DWORD_PTR self);
+  void Typed(wchar_t letter);
+  void MeasureColumns();
+  void PickLater();
+
+  FormWindow& form_;
+  PickCombo& pick_;
+  int loaded_ = -1;                // the version of the list that the system has
+  std::vector<int> columnWidths_;  // of the shown columns, in pixels
+  bool isOpen_ = false;
+  bool pickPosted_ = false;
+  Text typed_;
+  DWORD typedAt_ = 0;
+};
+
+}  // namespace fetchkit::ui

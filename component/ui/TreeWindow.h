@@ -1,0 +1,33 @@
+// The window of a tree view.
+#pragma once
+
+#include <vector>
+
+#include "component/Windows.h"
+#include "component/ui/Counted.h"
+#include "component/ui/FormWindow.h"
+
+namespace fetchkit::ui {
+
+inline void DestroyImages(HIMAGELIST images) {
+  ImageList_Destroy(images);
+}
+using Images = Counted<HIMAGELIST, DestroyImages>;
+
+class TreeWindow : public ControlWindow {
+ public:
+  TreeWindow(FormWindow& form, TreeView& model, HWND window);
+  ~TreeWindow() override;
+  void Refresh() override;
+  bool OnNotify(const NMHDR& notice, LRESULT& result) override;
+  void OnLayout() override;
+
+ private:
+  FormWindow& form_;
+  TreeView& tree_;
+  std::vector<HTREEITEM> items_;
+  Images images_;
+  int imageSize_ = 0;
+};
+
+}  // namespace fetchkit::ui
