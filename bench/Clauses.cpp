@@ -6,8 +6,8 @@
 #include <boost/algorithm/string.hpp>
 
 #include "Pairs.h"
-#include "base/Utf8.h"
-#include "utility/SqlClauses.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/SqlClauses.h"
 
 namespace fetchkit::bench {
 namespace {

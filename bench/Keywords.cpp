@@ -6,9 +6,9 @@
 #include <unordered_map>
 
 #include "Pairs.h"
-#include "activity/DateRanges.h"
-#include "base/ThreadState.h"
-#include "session/Session.h"
+#include "fetchkit/activity/DateRanges.h"
+#include "fetchkit/base/ThreadState.h"
+#include "fetchkit/session/model/Session.h"
 
 namespace fetchkit::bench {
 namespace {

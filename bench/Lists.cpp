@@ -5,9 +5,9 @@
 #include <stdexcept>
 
 #include "Pairs.h"
-#include "listset/ListQuery.h"
-#include "listset/ListSet.h"
-#include "session/Session.h"
+#include "fetchkit/listset/ListQuery.h"
+#include "fetchkit/listset/ListSet.h"
+#include "fetchkit/session/model/Session.h"
 
 namespace fetchkit::bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "Pairs.h"
-#include "utility/StringHelpers.h"
+#include "fetchkit/utility/StringHelpers.h"
 
 namespace fetchkit::bench {
 namespace {

@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 install(TARGETS FetchKit EXPORT FetchKitTargets)
 foreach(header IN LISTS FETCHKIT_HEADERS)
   cmake_path(GET header PARENT_PATH folder)
-  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/FetchKit/${folder})
+  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 install(EXPORT FetchKitTargets NAMESPACE FetchKit::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit FILE FetchKitConfig.cmake)

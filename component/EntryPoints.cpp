@@ -1,7 +1,6 @@
 // The DLL's doors: activation, unloading, registration.
 #include <memory>
 
-#include "base/ThreadState.h"
 #include "component/RunTimeThreads.h"
 #include "component/Windows.h"
 #include "component/com/ClassFactory.h"
@@ -12,6 +11,7 @@
 #include "component/objects/TypeDefObject.h"
 #include "component/objects/UtilityObject.h"
 #include "component/platform/WindowsThreadSlot.h"
+#include "fetchkit/base/ThreadState.h"
 
 namespace fetchkit {
 namespace {

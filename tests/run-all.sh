@@ -58,31 +58,33 @@ core_includes() {
   # Everything in angle brackets under src/ is a header of the standard library; the two C library
   # headers stand in the portable platform's own files.
   ! grep -rnE '#include <[a-z_0-9/]+\.(h|hpp)>' src --include='*.h' --include='*.cpp' |
-    grep -vE '^src/(platform/CodePage\.cpp:[0-9]+:#include <iconv\.h>|base/PortableThreadSlot\.cpp:[0-9]+:#include <threads\.h>|base/TextSearch\.cpp:[0-9]+:#include <emmintrin\.h>)'
+    grep -vE '^src/fetchkit/(platform/CodePage\.cpp:[0-9]+:#include <iconv\.h>|base/PortableThreadSlot\.cpp:[0-9]+:#include <threads\.h>|base/TextSearch\.cpp:[0-9]+:#include <emmintrin\.h>)'
 }
 
-# An include points to the same floor or down. Two folders span floors: the start-up and the entry
-# stand on the roof, and ListSet above the dialogs that it opens.
+# An include points to the same floor or down, file by file. The floors are those that ARCHITECTURE.md
+# draws: a number, then the folders that stand on it; the longest folder that fits counts.
 includes_point_down() {
-  git ls-files -co --exclude-standard -- 'src/*.h' 'src/*.cpp' | xargs awk '
-    function floor(path) {
-      if (path ~ /^session\/(Interface|StartUp)\./) return 9
-      if (path ~ /^listset\/ListSet\./) return 8
-      if (path ~ /^dialogs\//) return 7
-      if (path ~ /^listset\//) return 6
-      if (path ~ /^rights\//) return 5
-      if (path ~ /^activity\//) return 4
-      if (path ~ /^session\//) return 3
-      if (path ~ /^(host|platform|utility)\//) return 2
-      if (path ~ /^base\//) return 1
-      return 0
+  awk '
+    FILENAME == "ARCHITECTURE.md" {
+      if ($1 ~ /^[1-9]$/) for (i = 2; $i ~ /\/$/; ++i) floors[$i] = $1
+      next
+    }
+    function floor(path,   folder, found, longest) {
+      sub(/^fetchkit\//, "", path)
+      for (folder in floors)
+        if (index(path, folder) == 1 && length(folder) > longest) {
+          longest = length(folder)
+          found = floors[folder]
+        }
+      return found
     }
     /^#include "/ {
       from = FILENAME; sub(/^src\//, "", from)
       to = $2; gsub(/"/, "", to)
-      if (floor(to) == 0 || floor(to) > floor(from)) { print FILENAME ": " $0; bad = 1 }
+      if (!floor(from) || !floor(to) || floor(to) > floor(from)) { print FILENAME ": " $0; bad = 1 }
     }
-    END { exit bad }'
+    END { exit bad || !length(floors) }' ARCHITECTURE.md \
+    $(git ls-files -co --exclude-standard -- 'src/*.h' 'src/*.cpp')
 }
 
 clang_syntax() {

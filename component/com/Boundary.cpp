@@ -2,9 +2,9 @@
 
 #include <new>
 
-#include "base/Error.h"
 #include "component/com/ComPtr.h"
 #include "component/com/Module.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit {
 namespace {

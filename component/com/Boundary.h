@@ -5,12 +5,12 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/Date.h"
-#include "base/Text.h"
-#include "base/Value.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/Variants.h"
+#include "fetchkit/base/Date.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
 
 namespace fetchkit {
 

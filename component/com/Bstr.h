@@ -4,8 +4,8 @@
 #include <new>
 #include <utility>
 
-#include "base/Text.h"
 #include "component/Windows.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit {
 

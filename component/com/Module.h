@@ -1,8 +1,8 @@
 // The DLL as a whole: where it is, and what keeps it loaded.
 #pragma once
 
-#include "base/Text.h"
 #include "component/Windows.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::Module {
 

@@ -1,8 +1,8 @@
 // The system's any-value and the core's.
 #pragma once
 
-#include "base/Value.h"
 #include "component/Windows.h"
+#include "fetchkit/base/Value.h"
 
 namespace fetchkit {
 

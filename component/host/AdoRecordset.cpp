@@ -5,10 +5,10 @@
 #include <limits>
 #include <utility>
 
-#include "base/Error.h"
 #include "component/com/Bstr.h"
 #include "component/com/Variants.h"
 #include "component/host/HostCalls.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit {
 

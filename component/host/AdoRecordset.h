@@ -7,7 +7,7 @@
 #include "component/Windows.h"
 #include "component/host/Ado.h"
 #include "component/platform/HostPtr.h"
-#include "host/Recordset.h"
+#include "fetchkit/host/Recordset.h"
 
 namespace fetchkit {
 

@@ -2,8 +2,8 @@
 
 #include <cwchar>
 
-#include "base/Error.h"
 #include "component/com/ComPtr.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "base/Error.h"
 #include "component/com/Bstr.h"
 #include "component/com/Variants.h"
 #include "component/host/AdoRecordset.h"
 #include "component/host/HostCalls.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit {
 namespace {

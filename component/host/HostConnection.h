@@ -5,7 +5,7 @@
 
 #include "component/Windows.h"
 #include "component/platform/HostPtr.h"
-#include "host/SessionConnection.h"
+#include "fetchkit/host/SessionConnection.h"
 #include "idl/FetchKitHost.h"
 
 namespace fetchkit {

@@ -3,8 +3,8 @@
 // One line per member: arguments in, the core's member, the result out.
 #pragma once
 
-#include "activity/Activity.h"
 #include "component/com/ComObject.h"
+#include "fetchkit/activity/Activity.h"
 #include "idl/FetchKit.h"
 
 namespace fetchkit {

@@ -3,15 +3,15 @@
 // One line per member: arguments in, the core's member, the result out.
 #pragma once
 
-#include "base/Guard.h"
 #include "component/com/ComObject.h"
 #include "component/host/HostConnection.h"
 #include "component/objects/ActivityObject.h"
 #include "component/objects/ListSetObject.h"
 #include "component/objects/RightsObjects.h"
 #include "component/objects/SessionRecords.h"
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/session/Interface.h"
 #include "idl/FetchKit.h"
-#include "session/Interface.h"
 
 namespace fetchkit {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "component/Windows.h"
-#include "utility/GridAndKeys.h"
+#include "fetchkit/utility/GridAndKeys.h"
 
 namespace fetchkit {
 

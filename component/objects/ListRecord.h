@@ -1,9 +1,9 @@
 // The list record on both sides of the edge. Every copy is deep.
 #pragma once
 
-#include "host/Recordset.h"
+#include "fetchkit/host/Recordset.h"
+#include "fetchkit/listset/model/TypeDef.h"
 #include "idl/FetchKit.h"
-#include "listset/model/TypeDef.h"
 
 namespace fetchkit {
 

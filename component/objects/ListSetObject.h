@@ -8,9 +8,9 @@
 #include "component/host/AdoRecordset.h"
 #include "component/objects/ListRecord.h"
 #include "component/ui/Win32FormView.h"
-#include "dialogs/Forms.h"
+#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/listset/ListSet.h"
 #include "idl/FetchKit.h"
-#include "listset/ListSet.h"
 
 namespace fetchkit {
 

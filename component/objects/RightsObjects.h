@@ -4,9 +4,9 @@
 #pragma once
 
 #include "component/com/ComObject.h"
+#include "fetchkit/rights/OperatorRight.h"
+#include "fetchkit/rights/OrganizationRight.h"
 #include "idl/FetchKit.h"
-#include "rights/OperatorRight.h"
-#include "rights/OrganizationRight.h"
 
 namespace fetchkit {
 

@@ -4,11 +4,11 @@
 #pragma once
 
 #include "component/com/ComObject.h"
+#include "fetchkit/session/model/Business.h"
+#include "fetchkit/session/model/CustomerSs.h"
+#include "fetchkit/session/model/Operator.h"
+#include "fetchkit/session/model/Organization.h"
 #include "idl/FetchKit.h"
-#include "session/Business.h"
-#include "session/CustomerSs.h"
-#include "session/Operator.h"
-#include "session/Organization.h"
 
 namespace fetchkit {
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "component/com/ComObject.h"
+#include "fetchkit/listset/model/TypeDef.h"
 #include "idl/FetchKit.h"
-#include "listset/model/TypeDef.h"
 
 namespace fetchkit {
 

@@ -5,8 +5,8 @@
 
 #include "component/com/ComObject.h"
 #include "component/objects/KeyedItemsOf.h"
+#include "fetchkit/utility/Utility.h"
 #include "idl/FetchKit.h"
-#include "utility/Utility.h"
 
 namespace fetchkit {
 

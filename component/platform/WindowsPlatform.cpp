@@ -5,8 +5,8 @@
 #include "component/Windows.h"
 #include "component/host/HostCalls.h"
 #include "component/platform/HostPtr.h"
+#include "fetchkit/platform/CommonDates.h"
 #include "idl/FetchKitHost.h"
-#include "platform/CommonDates.h"
 
 namespace fetchkit {
 namespace {

@@ -2,7 +2,7 @@
 // boxes, and the log component of the host's environment.
 #pragma once
 
-#include "platform/Platform.h"
+#include "fetchkit/platform/Platform.h"
 
 namespace fetchkit {
 

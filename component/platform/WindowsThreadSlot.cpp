@@ -3,8 +3,8 @@
 #include <new>
 #include <set>
 
-#include "base/ThreadState.h"
 #include "component/Windows.h"
+#include "fetchkit/base/ThreadState.h"
 
 namespace fetchkit {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <cwchar>
 
-#include "base/Guard.h"
+#include "fetchkit/base/Guard.h"
 
 namespace fetchkit::ui {
 namespace {

@@ -6,11 +6,11 @@
 #include <set>
 #include <span>
 
-#include "base/Guard.h"
 #include "component/ui/Dialog.h"
-#include "dialogs/ControlModels.h"
-#include "dialogs/Form.h"
-#include "dialogs/PickCombo.h"
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/dialogs/ControlModels.h"
+#include "fetchkit/dialogs/Form.h"
+#include "fetchkit/dialogs/PickCombo.h"
 
 namespace fetchkit::ui {
 

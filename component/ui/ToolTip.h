@@ -1,9 +1,9 @@
 // The small window that explains a control.
 #pragma once
 
-#include "base/Text.h"
 #include "component/Windows.h"
 #include "component/ui/Counted.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::ui {
 

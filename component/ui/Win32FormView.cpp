@@ -2,9 +2,9 @@
 
 #include "component/ui/Controls.h"
 #include "component/ui/FormWindow.h"
-#include "dialogs/frmFilter.h"
-#include "dialogs/frmFilterColumn.h"
-#include "dialogs/frmMultiChoose.h"
+#include "fetchkit/dialogs/frmFilter.h"
+#include "fetchkit/dialogs/frmFilterColumn.h"
+#include "fetchkit/dialogs/frmMultiChoose.h"
 
 namespace fetchkit::ui {
 namespace {

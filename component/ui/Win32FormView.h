@@ -4,7 +4,7 @@
 #include <map>
 
 #include "component/Windows.h"
-#include "dialogs/FormView.h"
+#include "fetchkit/dialogs/FormView.h"
 
 namespace fetchkit::ui {
 

@@ -1,8 +1,8 @@
 // Texts of windows and how wide they are.
 #pragma once
 
-#include "base/Text.h"
 #include "component/Windows.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::ui {
 

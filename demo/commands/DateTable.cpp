@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "base/Utf8.h"
-#include "utility/DateKeywords.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit::demo {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Text.h"
 #include "demo/console/Console.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::demo {
 

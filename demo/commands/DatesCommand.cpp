@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "activity/Activity.h"
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DateTable.h"
 #include "demo/commands/DemoSession.h"
-#include "platform/Platform.h"
+#include "fetchkit/activity/Activity.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/platform/Platform.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "base/Utf8.h"
 #include "demo/console/StatementList.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "base/ThreadState.h"
 #include "demo/console/Console.h"
 #include "demo/host/SampleHost.h"
-#include "session/Interface.h"
+#include "fetchkit/base/ThreadState.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 

@@ -2,13 +2,13 @@
 
 #include <stdexcept>
 
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
 #include "demo/commands/FilterUsers.h"
 #include "demo/commands/ListOutput.h"
-#include "dialogs/Forms.h"
-#include "listset/ListSet.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
 namespace {

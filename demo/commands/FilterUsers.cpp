@@ -7,9 +7,9 @@
 #include <istream>
 #include <vector>
 
-#include "base/Utf8.h"
-#include "dialogs/FilterSql.h"
-#include "platform/Platform.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/dialogs/FilterSql.h"
+#include "fetchkit/platform/Platform.h"
 
 namespace fetchkit::demo {
 namespace {

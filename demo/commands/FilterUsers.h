@@ -7,10 +7,10 @@
 #include <string>
 
 #include "demo/console/Console.h"
-#include "dialogs/FormView.h"
-#include "dialogs/frmFilter.h"
-#include "dialogs/frmFilterColumn.h"
-#include "dialogs/frmMultiChoose.h"
+#include "fetchkit/dialogs/FormView.h"
+#include "fetchkit/dialogs/frmFilter.h"
+#include "fetchkit/dialogs/frmFilterColumn.h"
+#include "fetchkit/dialogs/frmMultiChoose.h"
 
 namespace fetchkit::demo {
 

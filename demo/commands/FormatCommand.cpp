@@ -1,10 +1,10 @@
 #include <fmt/format.h>
 
-#include "activity/Activity.h"
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
-#include "utility/Utility.h"
+#include "fetchkit/activity/Activity.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/Utility.h"
 
 namespace fetchkit::demo {
 namespace {

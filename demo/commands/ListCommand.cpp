@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "activity/DateRanges.h"
-#include "base/Numbers.h"
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
 #include "demo/commands/ListOutput.h"
-#include "listset/ListSet.h"
-#include "listset/model/ConditionText.h"
-#include "platform/DateText.h"
-#include "session/Interface.h"
+#include "fetchkit/activity/DateRanges.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/listset/ListSet.h"
+#include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/platform/DateText.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {

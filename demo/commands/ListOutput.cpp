@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Utf8.h"
-#include "host/OpenedRecordset.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/host/OpenedRecordset.h"
 
 namespace fetchkit::demo {
 

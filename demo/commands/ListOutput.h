@@ -3,7 +3,7 @@
 
 #include "demo/commands/DemoSession.h"
 #include "demo/console/Console.h"
-#include "listset/ListSet.h"
+#include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
 

@@ -1,10 +1,10 @@
 #include <fmt/format.h>
 
-#include "base/Date.h"
 #include "demo/SampleAccounts.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Date.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {

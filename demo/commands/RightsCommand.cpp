@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
-#include "activity/Activity.h"
-#include "base/Utf8.h"
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
+#include "fetchkit/activity/Activity.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "base/Utf8.h"
 #include "demo/console/Terminal.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Text.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::demo {
 

@@ -15,7 +15,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/Text.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::demo {
 

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "base/Text.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::demo {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Error.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit::demo {
 namespace {

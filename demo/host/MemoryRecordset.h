@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/Text.h"
-#include "base/Value.h"
 #include "demo/sqlite/Database.h"
-#include "host/Recordset.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/host/Recordset.h"
 
 namespace fetchkit::demo {
 

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "base/Error.h"
-#include "base/Utf8.h"
 #include "demo/dialect/Dialect.h"
 #include "demo/host/MemoryRecordset.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 namespace {

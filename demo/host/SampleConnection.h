@@ -6,10 +6,10 @@
 #include <map>
 #include <memory>
 
-#include "base/Text.h"
-#include "base/Value.h"
 #include "demo/sqlite/Database.h"
-#include "host/SessionConnection.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/host/SessionConnection.h"
 
 namespace fetchkit::demo {
 

@@ -1,7 +1,7 @@
 #include "demo/host/SampleHost.h"
 
-#include "base/Utf8.h"
 #include "demo/SampleAccounts.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <limits>
 
-#include "base/Error.h"
-#include "base/Utf8.h"
 #include "demo/sqlite/Functions.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 namespace {

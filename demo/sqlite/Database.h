@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/Text.h"
-#include "base/Value.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
 
 namespace fetchkit::demo {
 

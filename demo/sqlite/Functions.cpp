@@ -5,10 +5,10 @@
 #include <exception>
 #include <new>
 
-#include "base/Error.h"
-#include "base/Numbers.h"
-#include "base/Text.h"
-#include "base/TextSearch.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/TextSearch.h"
 
 namespace fetchkit::demo {
 namespace {

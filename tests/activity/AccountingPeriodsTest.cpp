@@ -1,7 +1,7 @@
-#include "activity/AccountingPeriods.h"
+#include "fetchkit/activity/AccountingPeriods.h"
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::test {
 namespace {

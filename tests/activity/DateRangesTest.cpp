@@ -1,4 +1,4 @@
-#include "activity/DateRanges.h"
+#include "fetchkit/activity/DateRanges.h"
 
 #include <algorithm>
 #include <limits>
@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
-#include "utility/DateKeywords.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit::test {
 namespace {

@@ -1,7 +1,7 @@
-#include "activity/Formatting.h"
+#include "fetchkit/activity/Formatting.h"
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::test {
 namespace {

@@ -1,10 +1,10 @@
-#include "activity/Identifiers.h"
+#include "fetchkit/activity/Identifiers.h"
 
 #include <functional>
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
-#include "session/Business.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/model/Business.h"
 
 namespace fetchkit::test {
 namespace {

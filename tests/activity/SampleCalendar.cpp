@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::test {
 namespace {

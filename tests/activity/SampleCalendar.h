@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "activity/Activity.h"
-#include "base/Date.h"
-#include "platform/PortablePlatform.h"
+#include "fetchkit/activity/Activity.h"
+#include "fetchkit/base/Date.h"
+#include "fetchkit/platform/PortablePlatform.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {

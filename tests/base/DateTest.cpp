@@ -1,11 +1,11 @@
-#include "base/Date.h"
+#include "fetchkit/base/Date.h"
 
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
-#include "base/Utf8.h"
-#include "platform/DateText.h"
-#include "platform/PortablePlatform.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/platform/DateText.h"
+#include "fetchkit/platform/PortablePlatform.h"
 
 namespace fetchkit {
 namespace {

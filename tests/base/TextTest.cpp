@@ -1,12 +1,12 @@
-#include "base/Text.h"
+#include "fetchkit/base/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <random>
 
-#include "base/TextSearch.h"
-#include "base/Utf8.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit {
 namespace {

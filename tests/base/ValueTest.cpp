@@ -1,11 +1,11 @@
-#include "base/Value.h"
+#include "fetchkit/base/Value.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "base/Numbers.h"
-#include "base/Utf8.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit {
 namespace {

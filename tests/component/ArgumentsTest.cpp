@@ -6,10 +6,10 @@
 #include <map>
 #include <tuple>
 
-#include "base/Utf8.h"
 #include "component/com/Variants.h"
 #include "component/host/Ado.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
 #include "session/SampleBooks.h"
 #include "support/Component.h"
 #include "support/ListRecord.h"

@@ -7,8 +7,8 @@
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
+#include "fetchkit/utility/Utility.h"
 #include "idl/FetchKit.h"
-#include "utility/Utility.h"
 
 namespace fetchkit {
 namespace {

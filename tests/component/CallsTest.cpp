@@ -8,12 +8,12 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/Utf8.h"
 #include "component/com/Variants.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
+#include "fetchkit/utility/Utility.h"
 #include "session/SampleBooks.h"
 #include "support/Component.h"
-#include "utility/Utility.h"
 
 namespace fetchkit::test {
 namespace {

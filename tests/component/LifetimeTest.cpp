@@ -3,10 +3,10 @@
 
 #include <thread>
 
+#include "fetchkit/utility/Utility.h"
 #include "support/Component.h"
 #include "support/Footprint.h"
 #include "support/ImportCounter.h"
-#include "utility/Utility.h"
 
 namespace fetchkit::test {
 namespace {

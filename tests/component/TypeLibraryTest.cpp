@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 #include "support/Component.h"
 
 namespace fetchkit::test {

@@ -1,6 +1,6 @@
-#include <base/Date.h>
-#include <base/Utf8.h>
-#include <session/Interface.h>
+#include <fetchkit/base/Date.h>
+#include <fetchkit/base/Utf8.h>
+#include <fetchkit/session/Interface.h>
 
 #include <cstdio>
 

@@ -1,8 +1,8 @@
 // What the library's dialect means, shown by the rows that come out of the embedded database.
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
 #include "demo/SmallAccount.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo::test {
 namespace {

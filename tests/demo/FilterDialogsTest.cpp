@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <sstream>
 
-#include "base/Utf8.h"
 #include "demo/commands/DemoSession.h"
 #include "demo/commands/FilterUsers.h"
-#include "dialogs/CodeLists.h"
-#include "dialogs/Forms.h"
-#include "listset/ListSet.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/dialogs/CodeLists.h"
+#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -1,9 +1,9 @@
 // The library's two statements with outer joins that carry most, on small tables.
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
 #include "demo/SmallAccount.h"
-#include "listset/ViewLoading.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/listset/ViewLoading.h"
 
 namespace fetchkit::demo::test {
 namespace {

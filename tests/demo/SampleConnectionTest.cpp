@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "base/Error.h"
 #include "demo/SmallAccount.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit::demo::test {
 namespace {

@@ -1,9 +1,9 @@
 // Start-up through the real statements, on the sample accounts.
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
 #include "demo/commands/DemoSession.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <set>
 
-#include "base/Utf8.h"
 #include "demo/commands/DemoSession.h"
-#include "listset/ListSet.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
 namespace {

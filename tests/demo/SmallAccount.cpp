@@ -1,6 +1,6 @@
 #include "demo/SmallAccount.h"
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo::test {
 

@@ -4,13 +4,13 @@
 
 #include <chrono>
 
-#include "base/Utf8.h"
-#include "dialogs/CodeLists.h"
 #include "dialogs/Player.h"
-#include "rights/OperatorRight.h"
-#include "rights/OrganizationRight.h"
-#include "session/Business.h"
-#include "session/Session.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/dialogs/CodeLists.h"
+#include "fetchkit/rights/OperatorRight.h"
+#include "fetchkit/rights/OrganizationRight.h"
+#include "fetchkit/session/model/Business.h"
+#include "fetchkit/session/model/Session.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {

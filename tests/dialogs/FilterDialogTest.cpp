@@ -6,11 +6,11 @@
 #include <random>
 #include <set>
 
-#include "base/Utf8.h"
-#include "dialogs/Forms.h"
 #include "dialogs/Player.h"
-#include "listset/ListSet.h"
-#include "session/Session.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/listset/ListSet.h"
+#include "fetchkit/session/model/Session.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {

@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "base/Utf8.h"
-#include "platform/Platform.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/platform/Platform.h"
 
 namespace fetchkit::test {
 namespace {

@@ -1,10 +1,10 @@
-#include "host/OpenedRecordset.h"
+#include "fetchkit/host/OpenedRecordset.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "base/Guard.h"
+#include "fetchkit/base/Guard.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {

@@ -1,11 +1,11 @@
-#include "listset/model/ConditionText.h"
+#include "fetchkit/listset/model/ConditionText.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-#include "base/Utf8.h"
-#include "listset/model/CodeConditions.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/listset/model/CodeConditions.h"
 
 namespace fetchkit::test {
 namespace {

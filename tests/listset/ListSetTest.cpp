@@ -1,11 +1,11 @@
-#include "listset/ListSet.h"
+#include "fetchkit/listset/ListSet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
-#include "listset/ListQuery.h"
-#include "session/Session.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/listset/ListQuery.h"
+#include "fetchkit/session/model/Session.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {

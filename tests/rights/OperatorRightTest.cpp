@@ -1,8 +1,8 @@
-#include "rights/OperatorRight.h"
+#include "fetchkit/rights/OperatorRight.h"
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
-#include "session/Business.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/model/Business.h"
 
 namespace fetchkit::test {
 namespace {

@@ -1,8 +1,8 @@
-#include "rights/OrganizationRight.h"
+#include "fetchkit/rights/OrganizationRight.h"
 
 #include "activity/SampleCalendar.h"
-#include "base/Utf8.h"
-#include "session/Business.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/model/Business.h"
 
 namespace fetchkit::test {
 namespace {

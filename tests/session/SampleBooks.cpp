@@ -1,7 +1,7 @@
 #include "session/SampleBooks.h"
 
-#include "base/Utf8.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::test {
 

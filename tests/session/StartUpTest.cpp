@@ -4,8 +4,8 @@
 #include <map>
 #include <thread>
 
-#include "base/Utf8.h"
-#include "session/Interface.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/session/Interface.h"
 #include "session/SampleBooks.h"
 
 namespace fetchkit::test {

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::test {
 namespace {

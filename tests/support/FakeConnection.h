@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "base/ThreadState.h"
-#include "host/SessionConnection.h"
+#include "fetchkit/base/ThreadState.h"
+#include "fetchkit/host/SessionConnection.h"
 
 namespace fetchkit::test {
 

@@ -1,8 +1,8 @@
-#include "utility/CellNames.h"
+#include "fetchkit/utility/CellNames.h"
 
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::MUtility {
 namespace {

@@ -1,8 +1,8 @@
-#include "utility/CodeTables.h"
+#include "fetchkit/utility/CodeTables.h"
 
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit {
 namespace {

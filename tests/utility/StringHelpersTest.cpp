@@ -1,9 +1,9 @@
-#include "utility/StringHelpers.h"
+#include "fetchkit/utility/StringHelpers.h"
 
 #include <gtest/gtest.h>
 
-#include "base/Utf8.h"
-#include "utility/DateKeywords.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit::MUtility {
 namespace {

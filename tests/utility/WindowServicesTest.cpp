@@ -1,4 +1,4 @@
-#include "utility/WindowServices.h"
+#include "fetchkit/utility/WindowServices.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,11 +10,11 @@
 #include <stdexcept>
 #include <thread>
 
-#include "base/Guard.h"
-#include "base/Utf8.h"
-#include "platform/PortablePlatform.h"
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/platform/PortablePlatform.h"
+#include "fetchkit/utility/GridAndKeys.h"
 #include "support/FakeConnection.h"
-#include "utility/GridAndKeys.h"
 
 namespace fetchkit::MUtility {
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 #include <variant>
 
-#include "base/Error.h"
 #include "demo/windows/com/LateBound.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "base/Error.h"
 #include "component/com/ComObject.h"
 #include "demo/windows/com/AdoRows.h"
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit::demo {
 namespace {

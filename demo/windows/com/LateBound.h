@@ -4,8 +4,8 @@
 #include <array>
 #include <cstddef>
 
-#include "base/Text.h"
 #include "component/com/ComObject.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::demo {
 

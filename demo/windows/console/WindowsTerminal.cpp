@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "base/Utf8.h"
 #include "component/Windows.h"
 #include "demo/console/Terminal.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "base/Utf8.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
 #include "component/com/Variants.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 

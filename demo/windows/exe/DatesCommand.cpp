@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "base/Date.h"
 #include "demo/commands/DateTable.h"
 #include "demo/windows/exe/Calls.h"
 #include "demo/windows/exe/LibrarySession.h"
 #include "demo/windows/exe/WindowsCommands.h"
+#include "fetchkit/base/Date.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-#include "base/Utf8.h"
 #include "demo/windows/com/ConnectionObject.h"
 #include "demo/windows/exe/Calls.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::demo {
 

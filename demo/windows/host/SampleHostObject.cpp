@@ -5,14 +5,14 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/Error.h"
-#include "base/Utf8.h"
 #include "demo/SampleAccounts.h"
 #include "demo/console/StatementList.h"
 #include "demo/console/Terminal.h"
 #include "demo/windows/com/AdoRows.h"
 #include "demo/windows/com/ConnectionObject.h"
-#include "utility/DateKeywords.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit::demo {
 namespace {

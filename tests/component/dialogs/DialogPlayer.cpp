@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "base/Utf8.h"
 #include "component/ui/Controls.h"
+#include "fetchkit/base/Utf8.h"
 
 // GDI+, which writes the pictures, as far as it is used.
 extern "C" {

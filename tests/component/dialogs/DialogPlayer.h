@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
-#include "base/Text.h"
 #include "component/Windows.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::test {
 

@@ -7,9 +7,9 @@
 #include "component/ui/Counted.h"
 #include "component/ui/Win32FormView.h"
 #include "demo/host/SampleHost.h"
-#include "dialogs/Forms.h"
-#include "listset/ListSet.h"
-#include "session/Interface.h"
+#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/listset/ListSet.h"
+#include "fetchkit/session/Interface.h"
 
 namespace fetchkit::test {
 namespace {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "DialogPlayer.h"
-#include "base/Utf8.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
@@ -15,6 +14,7 @@
 #include "component/ui/Controls.h"
 #include "demo/host/SampleHost.h"
 #include "demo/windows/com/ConnectionObject.h"
+#include "fetchkit/base/Utf8.h"
 #include "idl/FetchKit.h"
 
 namespace fetchkit::test {

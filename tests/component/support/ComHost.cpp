@@ -4,10 +4,10 @@
 #include <exception>
 #include <utility>
 
-#include "base/Utf8.h"
 #include "component/com/Bstr.h"
 #include "component/com/Variants.h"
 #include "component/host/Ado.h"
+#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::test {
 namespace {

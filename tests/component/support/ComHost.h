@@ -9,7 +9,7 @@
 
 #include "component/Windows.h"
 #include "component/com/ComPtr.h"
-#include "host/SessionConnection.h"
+#include "fetchkit/host/SessionConnection.h"
 #include "idl/FetchKitHost.h"
 
 namespace fetchkit::test {

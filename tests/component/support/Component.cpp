@@ -2,9 +2,9 @@
 
 #include <deque>
 
-#include "base/TextSearch.h"
-#include "base/Utf8.h"
 #include "component/com/Variants.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/base/Utf8.h"
 #include "session/SampleBooks.h"
 
 namespace fetchkit::test {

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "base/Value.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
+#include "fetchkit/base/Value.h"
 #include "idl/FetchKit.h"
 #include "support/ComHost.h"
 #include "support/FakeConnection.h"

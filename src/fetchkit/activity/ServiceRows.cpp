@@ -1,0 +1,18 @@
+#include "fetchkit/activity/ServiceRows.h"
+
+#include "fetchkit/base/Error.h"
+
+namespace fetchkit::MActivity {
+
+ServiceRows::ServiceRows(const Session& session, TextView sql)
+    : OpenedRecordset(MAction::ConnectionOf(session), sql, Cursor::Static) {
+  if (!*this) throw Error(ErrorKind::Host, u"The database refused the statement.");
+}
+
+std::optional<Value> ReadFirst(const Session& session, TextView sql, TextView column) {
+  ServiceRows row(session, sql);
+  if (!row.HasRow()) return std::nullopt;
+  return row[column];
+}
+
+}  // namespace fetchkit::MActivity

@@ -1,0 +1,34 @@
+#include "fetchkit/base/ThreadState.h"
+
+#include <utility>
+
+namespace fetchkit {
+
+ThreadState& CurrentThread() {
+  if (void* state = GetThreadSlot()) return *static_cast<ThreadState*>(state);
+  auto fresh = std::make_unique<ThreadState>();
+  SetThreadSlot(fresh.get());
+  return *fresh.release();
+}
+
+void ReleaseThread() {
+  EndThreadState(GetThreadSlot());
+}
+
+void EndThreadState(void* state) {
+  // The slot is emptied first: a host object that calls the library while it is let go meets a
+  // fresh state instead of one that is half gone.
+  SetThreadSlot(nullptr);
+  delete static_cast<ThreadState*>(state);
+}
+
+DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink) {
+  return std::exchange(CurrentThread().diagnostics, sink);
+}
+
+void TellDiagnostics(TextView what, TextView description, TextView statement) {
+  if (DiagnosticsSink* sink = CurrentThread().diagnostics)
+    sink->OnFailure({Text(what), Text(description), Text(statement)});
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,65 @@
+// What hangs on the calling thread: its session, its last error, its diagnostics sink.
+//
+// All of it is reached through one slot that holds a plain pointer. The slot is not a thread_local
+// with a destructor, because such an object keeps a Windows DLL from being unloaded; who ends a
+// thread's state is arranged by the platform: base/PortableThreadSlot.cpp on POSIX systems, the
+// component's entry point on Windows.
+#pragma once
+
+#include <memory>
+
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Text.h"
+
+namespace fetchkit {
+
+// A failure that a trap met, or a statement that the database refused.
+struct Failure {
+  Text what;         // the step or member that failed, such as "Interface.Initialize: LoginDate"
+  Text description;  // what went wrong, for a person
+  Text statement;    // the SQL text that was being read or run; empty when there was none
+};
+
+// Told of failures that are silent by design. Called on the thread on which they happen, in the
+// midst of the work: it must not throw and must not call back into the library.
+class DiagnosticsSink {
+ public:
+  virtual ~DiagnosticsSink() = default;
+  virtual void OnFailure(const Failure& failure) = 0;
+};
+
+// Base of what a thread's state owns without knowing it.
+class ThreadOwned {
+ public:
+  virtual ~ThreadOwned() = default;
+};
+
+struct ThreadState {
+  Text lastError;                          // description of the last error; empty when none yet
+  Text failingStatement;                   // noted while an error passes its statement's owner
+  DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
+  std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
+  std::unique_ptr<ThreadOwned> services;   // utility/WindowServices.cpp knows its type
+};
+
+// The calling thread's state, created on first use.
+ThreadState& CurrentThread();
+
+// Ends the calling thread's state now: session objects and the host's connection are let go.
+// Later calls start afresh. Needs not be called before a thread ends.
+void ReleaseThread();
+
+// Installs the calling thread's sink (null: none) and returns the one before it. The sink must
+// outlive its installation.
+DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink);
+
+// Tells the sink of a failure; does not touch the last error.
+void TellDiagnostics(TextView what, TextView description, TextView statement);
+
+// The slot itself. Get answers null before the first Set on a thread. A state that is in the slot
+// when its thread ends is given to EndThreadState.
+void* GetThreadSlot();
+void SetThreadSlot(void* state);
+void EndThreadState(void* state);
+
+}  // namespace fetchkit

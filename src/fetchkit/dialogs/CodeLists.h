@@ -1,0 +1,32 @@
+// The statements behind the pickers of CODE and ENUM columns.
+#pragma once
+
+#include <vector>
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/listset/model/TypeDef.h"
+#include "fetchkit/session/model/Session.h"
+
+namespace fetchkit {
+
+struct CodeListStatement {
+  Text sql;       // selects id, code and name, or id and name
+  Text fallback;  // tried when sql does not open; empty for none
+};
+
+// The statement that lists the code table of a keyword (in any letter case). Tables with rights of
+// their own are held to the codes that the login operator may query and the login organization may
+// use. A keyword without a row of its own names its table itself.
+CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField);
+
+// The statement that lists the values of an enumeration column, by its caption.
+Text EnumListStatementOf(Session& session, TextView caption);
+
+// The rows of that statement, three cells each: id, code (empty where the table has none), name.
+// Empty when it does not open; what was read before an error stands.
+std::vector<Text> ReadCodeList(Session& session, TextView strKeyField);
+
+// The values, one cell each; the same on failure.
+std::vector<Text> ReadEnumList(Session& session, TextView caption);
+
+}  // namespace fetchkit

@@ -1,0 +1,239 @@
+// Portable models of the controls on the forms.
+//
+// Rows, columns and items are counted from 0; -1 is "none". The On... members belong to the form
+// that owns the control; a view calls the User... members only. An act on a control that is hidden
+// or disabled, or that names a row or item that is not there, is ignored.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "fetchkit/base/Date.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/dialogs/Form.h"
+
+namespace fetchkit {
+
+class Frame : public Control {
+ public:
+  using Control::Control;
+};
+
+class Label : public Control {
+ public:
+  using Control::Control;
+
+  // Whether an "&" in the caption marks an access key; otherwise it is shown.
+  bool UseMnemonic() const { return useMnemonic_; }
+  void UseMnemonic(bool use) { Set(useMnemonic_, use); }
+
+ private:
+  bool useMnemonic_ = true;
+};
+
+class CommandButton : public Control {
+ public:
+  using Control::Control;
+
+  bool Default() const { return default_; }  // pressed by Enter
+  bool Cancel() const { return cancel_; }    // pressed by Esc
+  void MakeDefault() { default_ = true; }
+  void MakeCancel() { cancel_ = true; }
+
+  // A picture button is drawn by its role; its caption is the text alternative.
+  bool HasPicture() const { return picture_; }
+  void MakePicture() { picture_ = true; }
+
+  void UserPressed();
+
+  std::function<void()> OnClick;
+
+ private:
+  bool default_ = false;
+  bool cancel_ = false;
+  bool picture_ = false;
+};
+
+class TextBox : public Control {
+ public:
+  using Control::Control;
+
+  const fetchkit::Text& Text() const { return text_; }
+  void Text(fetchkit::Text text) { Set(text_, std::move(text)); }
+
+  // The whole text of the box after a key or a paste. Not reported as a change of the model.
+  void UserTyped(TextView text);
+
+  // The focus leaves the box. next: where it goes, null when that is no control of the form. Not
+  // to be called when the view itself takes the focus away (a hidden box, a form that closes).
+  void UserLeft(const Control* next = nullptr);
+
+  // Enter in the box, for hosts that give that key to the box: it takes the value as leaving does.
+  // A view whose Enter is the default button's calls Form::UserPressedEnter alone, which also
+  // takes the value first.
+  void UserPressedEnter();
+
+  std::function<void()> OnChange;
+  std::function<void(const Control* next)> OnLeave;
+  std::function<void()> OnEnter;
+
+ private:
+  fetchkit::Text text_;
+};
+
+// A date, shown as "yyyy-MM-dd".
+class DateSpinner : public Control {
+ public:
+  using Control::Control;
+
+  Date Value() const { return value_; }
+  void Value(Date value) { Set(value_, value); }
+  fetchkit::Text Text() const { return FormatDate(value_); }
+
+  // A date other than the one shown; the same one is no change.
+  void UserChanged(Date value);
+
+  std::function<void()> OnChange;
+
+ private:
+  Date value_;
+};
+
+class TreeView : public Control {
+ public:
+  using Control::Control;
+
+  struct Node {
+    fetchkit::Text Key;
+    fetchkit::Text Text;   // no access key: an "&" is shown
+    fetchkit::Text Image;  // name in the image list: "closed"
+    int Tag = 0;
+  };
+
+  const std::vector<Node>& Nodes() const { return nodes_; }
+  void Clear();
+  void Add(Node node);
+
+  int SelectedItem() const { return selected_; }
+  void SelectedItem(int index) { Set(selected_, index); }
+
+  // A node is selected, by mouse or key, the selected one again included.
+  void UserClickedNode(int index);
+
+  std::function<void(const Node&)> OnNodeClick;
+
+ private:
+  std::vector<Node> nodes_;
+  int selected_ = -1;
+};
+
+// A flex grid: rows of cells, the first FixedRows of them headers.
+class MSFlexGrid : public Control {
+ public:
+  using Control::Control;
+
+  int Rows() const { return static_cast<int>(cells_.size()); }
+  int Cols() const { return static_cast<int>(columns_.size()); }
+  int FixedRows() const { return fixedRows_; }
+
+  // Column captions separated by "|", each with "<" in front of it for left alignment: sets the
+  // columns and makes one header row; the other rows are gone.
+  const Text& FormatString() const { return formatString_; }
+  void FormatString(Text format);
+
+  // Empties the grid to that many columns, without a header.
+  void SetUp(int cols);
+
+  // In twips (1440 to the inch); 0 hides the column.
+  int ColWidth(int col) const { return columns_.at(At(col)).width; }
+  void ColWidth(int col, int twips);
+  bool LeftAligned(int col) const { return columns_.at(At(col)).left; }
+  void LeftAligned(int col, bool left);
+
+  // std::out_of_range for a cell that is not there.
+  const Text& TextMatrix(int row, int col) const { return cells_.at(At(row)).at(At(col)); }
+  void TextMatrix(int row, int col, Text text);
+
+  // Adds a row at the end; its cells are the parts between tabs, as far as there are columns.
+  void AddItem(TextView tabbed);
+  void AddRow(std::vector<Text> row);
+  void RemoveItem(int row);
+
+  // Moves count rows from first on to the end of another grid of the same columns, in order.
+  void MoveRowsTo(MSFlexGrid& other, int first, int count);
+
+  // Takes away all rows but the headers.
+  void ClearRows();
+
+  // The current row; -1 when there is none beside the headers.
+  int Row() const { return row_; }
+  void Row(int row) { Set(row_, row); }
+
+  void UserSelectedRow(int row);
+  void UserDoubleClickedRow(int row);  // selects it first
+  void UserPressedDelete();            // with a current row
+
+  std::function<void()> OnRowChange;
+  std::function<void()> OnDoubleClick;
+  std::function<void()> OnDelete;
+
+ private:
+  static std::size_t At(int at) { return static_cast<std::size_t>(at); }
+  bool IsDataRow(int row) const { return row >= fixedRows_ && row < Rows(); }
+  void KeepRowInside();
+
+  struct Column {
+    int width = 960;
+    bool left = false;
+  };
+  Text formatString_;
+  std::vector<Column> columns_;
+  std::vector<std::vector<Text>> cells_;
+  int fixedRows_ = 0;
+  int row_ = -1;
+};
+
+class ListBox : public Control {
+ public:
+  using Control::Control;
+
+  int ListCount() const { return static_cast<int>(items_.size()); }
+  const Text& List(int item) const { return items_.at(static_cast<std::size_t>(item)); }
+  void List(int item, Text text);
+  const std::vector<Text>& Items() const { return items_; }
+  void Clear();
+  void AddItem(Text text);
+  void RemoveItem(int item);
+
+  // Moves all items to the end of another list, in order.
+  void MoveAllTo(ListBox& other);
+
+  int ListIndex() const { return index_; }
+  void ListIndex(int item) { Set(index_, item); }
+
+  // What the view knows of the list's picture, in its own units; set whenever it changes.
+  struct Extent {
+    int width = 0;        // inside the list
+    int itemHeight = 0;   // of one item
+    int letterWidth = 0;  // of "A" in the list's font
+    int topIndex = 0;     // the first item in sight
+  };
+  Extent extent;
+
+  void UserSelected(int item);
+  void UserDoubleClicked(int item);  // selects it first
+  void UserMovedPointer(int y);      // from the upper edge of the list
+
+  std::function<void()> OnSelect;
+  std::function<void()> OnDoubleClick;
+  std::function<void(int item)> OnPointer;  // the item under the pointer, -1 for none
+
+ private:
+  void KeepIndexInside();
+
+  std::vector<Text> items_;
+  int index_ = -1;
+};
+
+}  // namespace fetchkit

@@ -1,0 +1,104 @@
+#include "fetchkit/dialogs/PickCombo.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "fetchkit/base/Numbers.h"
+
+namespace fetchkit {
+
+void PickCombo::ColumnSet(fetchkit::Text columnSet) {
+  columnSet_ = std::move(columnSet);
+  shown_.clear();
+  bool first = true;
+  for (const TextView number : Split(columnSet_, u",")) {
+    const int column = static_cast<int>(LeadingNumber(number)) - 1;
+    if (std::exchange(first, false)) {
+      idColumn_ = column < 0 ? -1 : column;
+    } else {
+      shown_.push_back(column);
+    }
+  }
+  if (shown_.empty()) shown_.push_back(0);
+  const int last = std::max(idColumn_, *std::max_element(shown_.begin(), shown_.end()));
+  columns_ = static_cast<std::size_t>(last) + 1;
+  SetList({});
+}
+
+const fetchkit::Text& PickCombo::Cell(int row, int col) const {
+  static const fetchkit::Text kEmpty;
+  if (row < 0 || row >= ListCount() || col < 0 || col >= Cols()) return kEmpty;
+  return cells_[static_cast<std::size_t>(row) * columns_ + static_cast<std::size_t>(col)];
+}
+
+const fetchkit::Text& PickCombo::Id(int row) const {
+  return Cell(row, idColumn_ >= 0 ? idColumn_ : shown_.front());
+}
+
+fetchkit::Text PickCombo::RowText(int row) const {
+  fetchkit::Text text;
+  for (const int column : shown_) {
+    const fetchkit::Text& cell = Cell(row, column);
+    if (cell.empty()) continue;
+    if (!text.empty()) text.push_back(u' ');
+    text.append(cell);
+  }
+  return text;
+}
+
+void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
+  cells_ = std::move(cells);
+  cells_.resize(cells_.size() / columns_ * columns_);
+  ++version_;
+  indexes_.clear();
+  text_.clear();
+  index_ = -1;
+  Changed();
+}
+
+void PickCombo::Show(fetchkit::Text text, int row) {
+  const int index = row < ListCount() ? row : -1;
+  if (text == text_ && index == index_) return;
+  text_ = std::move(text);
+  index_ = index;
+  Changed();
+}
+
+const std::vector<std::vector<PickCombo::Entry>>& PickCombo::Indexes() const {
+  if (!indexes_.empty()) return indexes_;
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    auto& index = indexes_.emplace_back();
+    index.reserve(static_cast<std::size_t>(ListCount()));
+    for (int row = 0; row < ListCount(); ++row)
+      index.push_back({UpperAscii(i == 0 ? RowText(row) : Cell(row, shown_[i])), row});
+    std::sort(index.begin(), index.end(), [](const Entry& a, const Entry& b) {
+      return a.key != b.key ? a.key < b.key : a.row < b.row;
+    });
+  }
+  return indexes_;
+}
+
+int PickCombo::FindTyped(TextView typed) const {
+  if (typed.empty()) return -1;
+  const fetchkit::Text key = UpperAscii(typed);
+  for (const auto& index : Indexes()) {
+    const auto found =
+        std::lower_bound(index.begin(), index.end(), key,
+                         [](const Entry& entry, const auto& sought) { return entry.key < sought; });
+    if (found != index.end() && found->key.starts_with(key)) return found->row;
+  }
+  return -1;
+}
+
+void PickCombo::UserPicked(int row) {
+  if (!TakesActs() || row < 0 || row >= ListCount()) return;
+  text_ = RowText(row);
+  index_ = row;
+  if (OnPick) OnPick(row);
+}
+
+int PickCombo::UserTyped(TextView typed) const {
+  return TakesActs() ? FindTyped(typed) : -1;
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,86 @@
+// The list-text picker: a drop-down list of rows of one or more columns.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/dialogs/Form.h"
+
+namespace fetchkit {
+
+// Rows are counted from 0, -1 is "none". The text shown need not be in the list.
+class PickCombo : public Control {
+ public:
+  using Control::Control;
+
+  // Which column (from 1) is a row's id, -1 for none, and behind it which ones are shown, such as
+  // "1,2,3" or "-1,1". Clears the list.
+  const fetchkit::Text& ColumnSet() const { return columnSet_; }
+  void ColumnSet(fetchkit::Text columnSet);
+
+  int ListCount() const { return static_cast<int>(cells_.size() / columns_); }
+  int Cols() const { return static_cast<int>(columns_); }
+
+  // Empty for a cell that is not there.
+  const fetchkit::Text& Cell(int row, int col) const;
+
+  // The row's id, or its first shown column where there are no ids.
+  const fetchkit::Text& Id(int row) const;
+
+  // The shown columns, joined by one blank; empty ones are left out.
+  fetchkit::Text RowText(int row) const;
+
+  // The shown columns as indexes for Cell, for a view that draws them side by side.
+  const std::vector<int>& ShownColumns() const { return shown_; }
+
+  // Replaces the whole list by rows that are given one behind the other, Cols() cells each; Text
+  // and ListIndex are reset. One report to the view, whatever the number of rows.
+  void SetList(std::vector<fetchkit::Text> cells);
+
+  // Another number for every list, for a view that keeps a copy.
+  int ListVersion() const { return version_; }
+
+  const fetchkit::Text& Text() const { return text_; }
+  int ListIndex() const { return index_; }
+
+  // What is shown, and the row that it stands for: both by program.
+  void Show(fetchkit::Text text, int row = -1);
+  void ShowRow(int row) { Show(RowText(row), row); }
+
+  // The row to go to for what was typed: the one whose text as shown begins with it, else one whose
+  // second or later column does, without regard to letter case; of several the first in the order
+  // of these texts. -1 for none and for nothing typed. Logarithmic, but the first search in a list
+  // sorts it.
+  int FindTyped(TextView typed) const;
+
+  // A row is chosen from the list, by mouse or key; also when it is the one that was shown.
+  void UserPicked(int row);
+
+  // Letters typed to find a row: answers FindTyped's row, for the view to highlight in its list.
+  // Nothing is chosen yet: Enter in the list is UserPicked of the highlighted row.
+  int UserTyped(TextView typed) const;
+
+  std::function<void(int row)> OnPick;
+
+ private:
+  fetchkit::Text columnSet_ = u"-1,1";
+  int idColumn_ = -1;
+  std::vector<int> shown_ = {0};
+  std::size_t columns_ = 1;
+  std::vector<fetchkit::Text> cells_;
+  int version_ = 0;
+  fetchkit::Text text_;
+  int index_ = -1;
+
+  // What a search looks at: texts in upper case with their rows, sorted. The first index holds the
+  // rows as shown, which begin with their first column, the others the further columns.
+  struct Entry {
+    fetchkit::Text key;
+    int row;
+  };
+  const std::vector<std::vector<Entry>>& Indexes() const;
+  mutable std::vector<std::vector<Entry>> indexes_;
+};
+
+}  // namespace fetchkit

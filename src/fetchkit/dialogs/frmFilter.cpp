@@ -1,0 +1,502 @@
+#include "fetchkit/dialogs/frmFilter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <utility>
+
+#include "fetchkit/activity/DateRanges.h"
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/dialogs/CodeLists.h"
+#include "fetchkit/dialogs/FilterSql.h"
+#include "fetchkit/dialogs/frmFilterColumn.h"
+#include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/platform/Platform.h"
+#include "fetchkit/utility/DateKeywords.h"
+#include "fetchkit/utility/StringHelpers.h"
+#include "fetchkit/utility/WindowServices.h"
+
+namespace fetchkit {
+namespace {
+
+// With the header: at this size no editor opens any more.
+constexpr int kFullGrid = 27;
+
+constexpr TextView kFullWarning =
+    u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
+constexpr TextView kNumberWarning = u"请输入一个数字！";
+constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
+constexpr TextView kOrderWarning = u"终止值不应大于起始值，请正确输入！";
+constexpr TextView kWarningTitle = u"警告";
+
+constexpr TextView kStringWords[] = {words::kAny,          words::kNull,      words::kGreater,
+                                     words::kLess,         words::kEqual,     words::kNotEqual,
+                                     words::kGreaterEqual, words::kLessEqual, words::kBetween,
+                                     words::kBeginsWith,   words::kContains,  words::kSimilar};
+constexpr TextView kNumberWords[] = {words::kAny,          words::kZeroOrNull, words::kGreater,
+                                     words::kLess,         words::kEqual,      words::kNotEqual,
+                                     words::kGreaterEqual, words::kLessEqual,  words::kBetween};
+constexpr TextView kBooleanWords[] = {words::kAny, words::kYes, words::kNo};
+constexpr TextView kPeriodWords[] = {words::kAll,   u"今天",     u"本周",       u"本周至今日",
+                                     u"上周",       u"本期",     u"本期至今日", u"上期",
+                                     u"本月",       u"本月上旬", u"本月中旬",   u"本月下旬",
+                                     u"本月至今日", u"上月",     u"本季度",     u"本季至今日",
+                                     u"上季度",     u"本年",     u"本年至今日", u"去年初至去年今日",
+                                     u"去年",       kCustomRange};
+
+template <std::size_t n>
+std::vector<Text> ListOf(const TextView (&list)[n]) {
+  return {std::begin(list), std::end(list)};
+}
+
+bool IsScalar(FieldType type) {
+  return type == FieldType::String || IsNumberType(type);
+}
+
+bool IsChoice(FieldType type) {
+  return type == FieldType::Code || type == FieldType::Enum;
+}
+
+bool NeedsValue(TextView word) {
+  return word != words::kAny && word != words::kNull && word != words::kZeroOrNull;
+}
+
+TextView WordOf(TextView text) {
+  return text.substr(0, text.find(u' '));
+}
+
+TextView ItemsOf(TextView value) {
+  return value.substr(std::min<std::size_t>(2, value.size()));
+}
+
+Text PairOf(TextView from, TextView to) {
+  return Join(from, u",", to);
+}
+
+int RowOfText(const PickCombo& picker, TextView text) {
+  for (int row = 0; row < picker.ListCount(); ++row)
+    if (picker.RowText(row) == text) return row;
+  return -1;
+}
+
+int RowOfId(const PickCombo& picker, TextView id) {
+  // Neither "所有" nor "选择项目", which stand at the ends.
+  for (int row = 1; row + 1 < picker.ListCount(); ++row)
+    if (picker.Id(row) == id) return row;
+  return -1;
+}
+
+// The value that is out of place is silently refused: the text stands where the message function
+// takes the style's number, which is a failing statement before any box. The users know the dialog
+// that way; the diagnostics sink hears of it.
+void WarnInVain(std::int32_t hWnd, TextView warning) {
+  Step(u"frmFilter: warning",
+       [&] { MUtility::MessageBox(Join(hWnd), ToLong(Value(warning)), kWarningTitle, hWnd); });
+}
+
+// Sets a flag for the length of a scope; cleared on every way out.
+class Busy {
+ public:
+  explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Busy() { flag_ = false; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+frmFilter::frmFilter(Session& session, FormView& view)
+    : Form(u"frmFilter", u"筛选"), session_(session), view_(view) {
+  lblTitle.UseMnemonic(false);
+  for (CommandButton& button : cmdOk) {
+    button.MakePicture();
+    button.ToolTipText(button.Caption());
+  }
+  cmdOk[0].MakeDefault();
+  cmdOk[1].MakeCancel();
+  SetTabOrder({&Frame3, &tvwFilter, &Frame2, &msgFilter, &Frame1, &lblTitle, &lxtOther, &lblFrom,
+               &txtFrom, &datFrom, &lblTo, &txtTo, &datTo, &datDate, &cmdOk[2], &cmdOk[0],
+               &cmdOk[1]});
+
+  // A view whose windows echo what the node handler does to the editors is not heard.
+  const auto unlessBusy = [this](auto handler) {
+    return [this, handler](auto&&... arguments) {
+      if (!busy_) Step(u"frmFilter: act", [&] { handler(arguments...); });
+    };
+  };
+  tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenEditor(node); });
+  msgFilter.OnDelete = unlessBusy([this] { DeleteRow(); });
+  lxtOther.OnPick = unlessBusy([this](int row) { Picked(row); });
+  for (TextBox* box : {&txtFrom, &txtTo}) {
+    box->OnChange = unlessBusy([this] { pending_ = true; });
+    box->OnLeave = unlessBusy([this, box](const Control* next) { BoxLeft(*box, next); });
+    box->OnEnter = unlessBusy([this, box] { BoxLeft(*box, nullptr); });
+  }
+  datFrom.OnChange = datTo.OnChange = unlessBusy([this] { CommitPeriod(Text(kCustomRange)); });
+  datDate.OnChange = unlessBusy([this] { WriteRow(datDate.Text(), datDate.Text()); });
+  cmdOk[0].OnClick = unlessBusy([this] { Ok(); });
+  cmdOk[1].OnClick = unlessBusy([this] { Cancel(); });
+  cmdOk[2].OnClick = unlessBusy([this] { Clear(); });
+}
+
+bool frmFilter::ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner) {
+  confirmed_ = false;
+  result_.clear();
+  list_ = list;
+  owner_ = hWndOwner;
+  if (!Init()) return true;
+  Open();
+  if (!Step(u"frmFilter.ShowFilter", [&] { view_.ShowModal(*this, hWndOwner); }))
+    confirmed_ = false;
+  Close();
+  if (!confirmed_) return false;
+  where = std::move(result_);
+  list = std::move(list_);
+  return true;
+}
+
+bool frmFilter::Init() {
+  msgFilter.FormatString(u"FieldIndex|<过滤项目|<过滤条件|<字段类型|<附加条件");
+  static constexpr int kWidths[] = {0, 1500, 2280, 0, 0};
+  for (int col = 0; col < msgFilter.Cols(); ++col)
+    msgFilter.ColWidth(col, kWidths[col]);
+  tvwFilter.Clear();
+  CloseEditor();
+  for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
+    const ListFieldType& field = list_.ListField[i];
+    if (!field.blnIsFilter) continue;
+    tvwFilter.Add({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i)});
+    if (!field.strFilter.empty())
+      msgFilter.AddRow({Join(i), field.strListFieldDesc, field.strFilter, field.strFieldType,
+                        field.strExtValue});
+  }
+  if (tvwFilter.Nodes().empty()) {
+    confirmed_ = true;
+    return false;
+  }
+  tvwFilter.SelectedItem(0);
+  OpenEditor(tvwFilter.Nodes().front());
+  return true;
+}
+
+bool frmFilter::IsNum(TextView text) {
+  return IsNumericText(text);
+}
+
+void frmFilter::UserClosed() {
+  Cancel();
+}
+
+// ---- the editors
+
+void frmFilter::OpenEditor(const TreeView::Node& node) {
+  DropFocusWish();
+  // What stands in a box when the user goes on is left behind with it; a value that is refused is
+  // given up.
+  CommitValue();
+  DropFocusWish();
+  const Busy busy(busy_);
+  if (msgFilter.Rows() >= kFullGrid) {
+    WarnInVain(owner_, kFullWarning);
+    return;
+  }
+  Step(u"frmFilter: node", [&] {
+    const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(node.Tag));
+    const auto type = FieldTypeOf(field.strFieldType);
+    lblTitle.Caption(node.Text);
+    if (!type) {
+      CloseEditor();
+      return;
+    }
+    field_ = node.Tag;
+    type_ = *type;
+    LoadList(field);
+    ShowCondition();
+  });
+}
+
+void frmFilter::CloseEditor() {
+  field_ = -1;
+  word_.clear();
+  pending_ = false;
+  ArrangeEditors();
+}
+
+void frmFilter::LoadList(const ListFieldType& field) {
+  lxtOther.ColumnSet(type_ == FieldType::Code ? u"1,2,3" : u"-1,1");
+  switch (type_) {
+    case FieldType::String:
+      return lxtOther.SetList(ListOf(kStringWords));
+    case FieldType::Long:
+    case FieldType::Double:
+    case FieldType::Integer:
+      return lxtOther.SetList(ListOf(kNumberWords));
+    case FieldType::Boolean:
+      return lxtOther.SetList(ListOf(kBooleanWords));
+    case FieldType::Period:
+      return lxtOther.SetList(ListOf(kPeriodWords));
+    case FieldType::Date:
+      return;
+    case FieldType::Code:
+    case FieldType::Enum:
+      break;
+  }
+  const bool code = type_ == FieldType::Code;
+  std::vector<Text> items = code ? ReadCodeList(session_, field.strKeyField)
+                                 : ReadEnumList(session_, field.strListFieldDesc);
+  std::vector<Text> cells;
+  cells.reserve(items.size() + 6);
+  const auto addEnd = [&](TextView text) {
+    if (code) cells.emplace_back();
+    cells.emplace_back(text);
+    if (code) cells.emplace_back();
+  };
+  addEnd(frmFilterColumn::kAllItems);
+  std::move(items.begin(), items.end(), std::back_inserter(cells));
+  addEnd(frmFilterColumn::kChooseItems);
+  lxtOther.SetList(std::move(cells));
+}
+
+// Sets the editors to the field's row in the grid, or to no condition.
+void frmFilter::ShowCondition() {
+  const int row = RowOfField(field_);
+  const TextView text = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kText);
+  const TextView value = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kValue);
+  pending_ = false;
+  EmptyEditors();
+  if (IsChoice(type_)) {
+    word_.clear();
+    if (row < 0) {
+      lxtOther.ShowRow(0);
+    } else {
+      const bool one = value.substr(0, 1) != u"1";
+      const Text id = ReplaceText(ItemsOf(value), u"'", u"");
+      lxtOther.Show(Text(text), one ? RowOfId(lxtOther, id) : -1);
+    }
+  } else {
+    word_ =
+        row < 0 ? Text(type_ == FieldType::Period ? words::kAll : words::kAny) : Text(WordOf(text));
+    lxtOther.Show(word_, RowOfText(lxtOther, word_));
+  }
+  const auto dateOf = [&](TextView part) {
+    const auto date = CurrentPlatform().ParseDate(part);
+    return date ? *date : ReferenceDate();
+  };
+  if (row >= 0 && IsScalar(type_)) {
+    const bool between = word_ == words::kBetween;
+    txtFrom.Text(Text(between ? FirstValueOf(value) : value));
+    if (between) txtTo.Text(Text(SecondValueOf(value)));
+  }
+  if (row >= 0 && type_ == FieldType::Period) {
+    datFrom.Value(dateOf(FirstValueOf(value)));
+    datTo.Value(dateOf(SecondValueOf(value)));
+  }
+  if (row >= 0 && type_ == FieldType::Date) datDate.Value(dateOf(value));
+  ArrangeEditors();
+}
+
+void frmFilter::ArrangeEditors() {
+  const bool open = field_ >= 0;
+  const bool value = open && IsScalar(type_) && NeedsValue(word_);
+  const bool between = value && word_ == words::kBetween;
+  const bool period = open && type_ == FieldType::Period;
+  lblTitle.Visible(open);
+  lxtOther.Visible(open && type_ != FieldType::Date);
+  lblFrom.Visible(between || period);
+  lblTo.Visible(between || period);
+  txtFrom.Visible(value);
+  txtTo.Visible(between);
+  datFrom.Visible(period);
+  datTo.Visible(period);
+  datDate.Visible(open && type_ == FieldType::Date);
+}
+
+void frmFilter::EmptyEditors() {
+  txtFrom.Text(Text());
+  txtTo.Text(Text());
+  // A date picker always shows a date.
+  for (DateSpinner* dates : {&datFrom, &datTo, &datDate})
+    dates->Value(ReferenceDate());
+}
+
+Date frmFilter::ReferenceDate() {
+  if (const auto login = CurrentPlatform().ParseDate(session_.LoginDate)) return *login;
+  return {std::floor(CurrentPlatform().Now().serial)};
+}
+
+// ---- acts of the user
+
+void frmFilter::Picked(int row) {
+  if (field_ < 0) return;
+  DropFocusWish();
+  const int last = lxtOther.ListCount() - 1;
+  if (IsChoice(type_)) {
+    if (row == last) return ChooseItems();
+    if (row == 0) return RemoveRow();
+    Text id = lxtOther.Id(row);
+    if (type_ == FieldType::Enum) id = Join(u"'", id, u"'");
+    // A row without text would count as no condition.
+    return WriteRow(lxtOther.Text().empty() ? id : lxtOther.Text(), Join(u"0,", id));
+  }
+  const Text word = lxtOther.Text();
+  if (type_ == FieldType::Period) {
+    if (word == words::kAll) {
+      word_ = word;
+      return RemoveRow();
+    }
+    return CommitPeriod(word);
+  }
+  word_ = word;
+  pending_ = false;
+  if (word == words::kAny) {
+    RemoveRow();
+  } else if (type_ == FieldType::Boolean) {
+    WriteRow(word, word);
+  } else if (!NeedsValue(word)) {
+    WriteRow(word, Text());
+  } else {
+    pending_ = true;
+  }
+  if (word == words::kBetween || !NeedsValue(word)) {
+    txtFrom.Text(Text());
+    txtTo.Text(Text());
+  }
+  ArrangeEditors();
+}
+
+void frmFilter::ChooseItems() {
+  const int row = RowOfField(field_);
+  const Text choosed =
+      row < 0 ? Text() : Text(ItemsOf(msgFilter.TextMatrix(row, FilterColumns::kValue)));
+  Step(u"frmFilter: chooser", [&] {
+    Text names;
+    Text ids;
+    frmFilterColumn chooser(view_, *this);
+    const TextView type = type_ == FieldType::Code ? u"CODE" : u"ENUM";
+    if (!chooser.ShowFiltration(type, lxtOther, choosed, names, ids)) return;
+    const int chosen = chooser.msgSelected.Rows();
+    if (chosen == 0) return RemoveRow();
+    WriteRow(TrimBlanks(names).empty() ? ids : names, Join(chosen > 1 ? u"1," : u"0,", ids));
+  });
+  ShowCondition();
+}
+
+// The keyword's range, or the dates of the pickers as they stand; a keyword without a range is
+// refused. The dates are neither checked nor exchanged.
+void frmFilter::CommitPeriod(const Text& word) {
+  if (word != kCustomRange) {
+    Date from;
+    Date to;
+    if (!MActivity::GetDateRange(session_, word, from, to)) return ShowCondition();
+    datFrom.Value(from);
+    datTo.Value(to);
+  }
+  word_ = word;
+  lxtOther.Show(word, RowOfText(lxtOther, word));
+  const Text from = datFrom.Text();
+  const Text to = datTo.Text();
+  WriteRow(word == kCustomRange ? CustomPeriodText(from, to) : word, PairOf(from, to));
+}
+
+// Between the two bounds of one value the focus moves freely; they are judged as they stand, but
+// only leaving both of them calls the user back.
+void frmFilter::BoxLeft(TextBox& box, const Control* next) {
+  const TextBox& other = &box == &txtFrom ? txtTo : txtFrom;
+  CommitValue();
+  if (next == &other) DropFocusWish();
+}
+
+void frmFilter::DeleteRow() {
+  const int row = msgFilter.Row();
+  const bool edited = row == RowOfField(field_);
+  msgFilter.RemoveItem(row);
+  if (edited) ShowCondition();
+}
+
+void frmFilter::Ok() {
+  if (CommitValue() == Commit::Refused) return;
+  Step(u"frmFilter: OK", [&] { result_ = ConditionsToSql(msgFilter, list_); });
+  confirmed_ = true;
+  Close();
+}
+
+void frmFilter::Cancel() {
+  confirmed_ = false;
+  result_.clear();
+  Close();
+}
+
+void frmFilter::Clear() {
+  DropFocusWish();
+  msgFilter.ClearRows();
+  pending_ = false;
+  word_ = words::kAny;
+  EmptyEditors();
+  lxtOther.Show(Text(words::kAll));
+  ArrangeEditors();
+}
+
+// ---- rows
+
+frmFilter::Commit frmFilter::CommitValue() {
+  if (field_ < 0 || !pending_ || !IsScalar(type_) || !NeedsValue(word_)) return Commit::Nothing;
+  const bool between = word_ == words::kBetween;
+  const Text& from = txtFrom.Text();
+  const Text& to = txtTo.Text();
+  if (from.empty() || (between && to.empty())) return Commit::Nothing;
+  const auto refuse = [&](TextBox& box, TextView warning) {
+    WarnInVain(owner_, warning);
+    box.SetFocus();
+    return Commit::Refused;
+  };
+  const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
+  if (IsNumberType(type_))
+    for (TextBox* box : boxes)
+      if (!IsNum(box->Text())) return refuse(*box, kNumberWarning);
+  for (TextBox* box : boxes)
+    if (MUtility::ContainErrorChar(box->Text(), MUtility::kErrorChars, u""))
+      return refuse(*box, kCharacterWarning);
+  const bool reversed = IsNumberType(type_)
+                            ? between && NumericTextToDouble(from) > NumericTextToDouble(to)
+                            : between && from > to;
+  if (reversed) return refuse(txtTo, kOrderWarning);
+  const Text value = between ? PairOf(from, to) : from;
+  WriteRow(ConditionRowText(word_, value), value);
+  pending_ = false;
+  return Commit::Written;
+}
+
+void frmFilter::WriteRow(const Text& text, const Text& value) {
+  if (field_ < 0) return;
+  const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(field_));
+  int row = RowOfField(field_);
+  if (row < 0) {
+    row = msgFilter.Rows();
+    msgFilter.AddRow({Join(field_), field.strListFieldDesc, text, field.strFieldType, value});
+  } else {
+    msgFilter.TextMatrix(row, FilterColumns::kText, text);
+    msgFilter.TextMatrix(row, FilterColumns::kType, field.strFieldType);
+    msgFilter.TextMatrix(row, FilterColumns::kValue, value);
+  }
+  msgFilter.Row(row);
+}
+
+void frmFilter::RemoveRow() {
+  const int row = RowOfField(field_);
+  if (row >= 0) msgFilter.RemoveItem(row);
+}
+
+int frmFilter::RowOfField(int field) const {
+  const Text index = Join(field);
+  for (int row = msgFilter.FixedRows(); row < msgFilter.Rows(); ++row)
+    if (msgFilter.TextMatrix(row, FilterColumns::kFieldIndex) == index) return row;
+  return -1;
+}
+
+}  // namespace fetchkit

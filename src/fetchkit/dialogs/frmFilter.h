@@ -1,0 +1,107 @@
+// The dialog in which the user sets conditions on the columns of a list.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "fetchkit/base/Date.h"
+#include "fetchkit/base/Text.h"
+#include "fetchkit/dialogs/ControlModels.h"
+#include "fetchkit/dialogs/Form.h"
+#include "fetchkit/dialogs/FormView.h"
+#include "fetchkit/dialogs/PickCombo.h"
+#include "fetchkit/listset/model/ConditionWords.h"
+#include "fetchkit/listset/model/TypeDef.h"
+#include "fetchkit/session/model/Session.h"
+
+namespace fetchkit {
+
+// One node per filterable column, one grid row per condition, and editors for the column whose node
+// was clicked. A word that needs no value takes effect when it is picked, a value when its box is
+// left or Enter is pressed, a date when it is changed by hand; "任意" and "所有" take the condition
+// away, as Delete on the grid's row does. A value that is refused stays in its box, which wants the
+// focus; the grid stays as it was, and no message appears. Errors in a handler end the failing step
+// alone; the diagnostics sink hears of them.
+//
+// Acts that the controls take: tvwFilter node clicked; msgFilter row selected, Delete; lxtOther
+// picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo, datDate changed; cmdOk
+// pressed; form Enter (OK), Escape and closed (Cancel).
+class frmFilter final : public Form {
+ public:
+  // Both must outlive the form.
+  frmFilter(Session& session, FormView& view);
+
+  // Opens the dialog on a copy of list. True: OK, or there is nothing to filter. Only OK writes to
+  // list (the conditions of its fields) and where (the condition text).
+  bool ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner);
+
+  // Fills tree and grid from the record and opens the first node's editor. False when no column is
+  // filterable: then there is nothing to show, and the form counts as confirmed.
+  bool Init();
+
+  // Whether the text is a number, in the sense of the text helpers.
+  static bool IsNum(TextView text);
+
+  // In the order of the Tab key, which walks Clear in front of OK and Cancel.
+  Frame Frame3{*this, u"Frame3", u"可选项目(&M)"};
+  TreeView tvwFilter{*this, u"tvwFilter"};
+  Frame Frame2{*this, u"Frame2", u"已选条件(&H)"};
+  MSFlexGrid msgFilter{*this, u"msgFilter"};
+  Frame Frame1{*this, u"Frame1", u"条件设置"};
+  Label lblTitle{*this, u"lblTitle"};  // shows an "&" as it is
+  PickCombo lxtOther{*this, u"lxtOther"};
+  Label lblFrom{*this, u"lblFrom", u"从"};
+  TextBox txtFrom{*this, u"txtFrom"};
+  DateSpinner datFrom{*this, u"datFrom"};
+  Label lblTo{*this, u"lblTo", u"到"};
+  TextBox txtTo{*this, u"txtTo"};
+  DateSpinner datTo{*this, u"datTo"};
+  DateSpinner datDate{*this, u"datDate"};
+  // Picture buttons: OK, Cancel, Clear.
+  std::array<CommandButton, 3> cmdOk{CommandButton{*this, u"cmdOk", u"确定", 0},
+                                     CommandButton{*this, u"cmdOk", u"取消", 1},
+                                     CommandButton{*this, u"cmdOk", u"清除", 2}};
+
+  void UserPressedEnter() override { cmdOk[0].UserPressed(); }
+  void UserPressedEscape() override { cmdOk[1].UserPressed(); }
+  void UserClosed() override;
+
+ private:
+  enum class Commit { Nothing, Written, Refused };
+
+  void OpenEditor(const TreeView::Node& node);
+  void CloseEditor();
+  void LoadList(const ListFieldType& field);
+  void ShowCondition();
+  void ArrangeEditors();
+  void EmptyEditors();
+  Date ReferenceDate();
+
+  void Picked(int row);
+  void ChooseItems();
+  void BoxLeft(TextBox& box, const Control* next);
+  void DeleteRow();
+  void Ok();
+  void Cancel();
+  void Clear();
+
+  Commit CommitValue();
+  void CommitPeriod(const Text& word);
+  void WriteRow(const Text& text, const Text& value);
+  void RemoveRow();
+  int RowOfField(int field) const;
+
+  Session& session_;
+  FormView& view_;
+  std::int32_t owner_ = 0;
+  ListType list_;
+  Text result_;
+  bool confirmed_ = false;
+  bool busy_ = false;
+  int field_ = -1;  // being edited; -1 while no editor is open
+  FieldType type_ = FieldType::String;
+  Text word_;             // the operator or keyword in force, as picked
+  bool pending_ = false;  // a typed value or a picked operator is not in the grid yet
+};
+
+}  // namespace fetchkit

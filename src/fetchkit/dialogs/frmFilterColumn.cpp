@@ -1,0 +1,136 @@
+#include "fetchkit/dialogs/frmFilterColumn.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/listset/model/ConditionWords.h"
+#include "fetchkit/utility/WindowServices.h"
+
+namespace fetchkit {
+namespace {
+
+constexpr int kMostChosen = 250;  // one more is still taken
+constexpr TextView kManyWarning = u"已选条件项目个数已经很多,不能再增加了!";
+constexpr int kTextWidth = 2195;
+
+struct ItemColumns {
+  static constexpr int kId = 0;
+  static constexpr int kName = 1;
+  static constexpr int kShown = 2;
+};
+
+void SetUpGrid(MSFlexGrid& grid) {
+  grid.SetUp(3);
+  grid.ColWidth(ItemColumns::kId, 0);
+  grid.ColWidth(ItemColumns::kName, 0);
+  grid.ColWidth(ItemColumns::kShown, kTextWidth);
+  grid.LeftAligned(ItemColumns::kShown, true);
+}
+
+// A picker's items stand between its two own entries.
+bool IsItem(const PickCombo& picker, int row) {
+  if (row == 0) return picker.RowText(row) != frmFilterColumn::kAllItems;
+  return row + 1 != picker.ListCount() || picker.RowText(row) != frmFilterColumn::kChooseItems;
+}
+
+}  // namespace
+
+frmFilterColumn::frmFilterColumn(FormView& view, const frmFilter& owner)
+    : Form(u"frmFilterColumn", u"选择项目"), view_(view), owner_(owner) {
+  cmdOK.MakeDefault();
+  cmdCancel.MakeCancel();
+  cmdRightOne.ToolTipText(u"选择");
+  cmdRightAll.ToolTipText(u"全部选择");
+  cmdLeftOne.ToolTipText(u"移除");
+  cmdLeftAll.ToolTipText(u"全部移除");
+  SetTabOrder({&lblAll, &msgAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
+               &msgSelected, &cmdOK, &cmdCancel});
+  cmdRightOne.OnClick = msgAll.OnDoubleClick = [this] { MoveRow(msgAll, msgSelected); };
+  cmdLeftOne.OnClick = msgSelected.OnDoubleClick = [this] { MoveRow(msgSelected, msgAll); };
+  cmdRightAll.OnClick = [this] { MoveAllRight(); };
+  cmdLeftAll.OnClick = [this] {
+    msgSelected.MoveRowsTo(msgAll, 0, msgSelected.Rows());
+    EnableButtons();
+  };
+  cmdOK.OnClick = [this] { Ok(); };
+  cmdCancel.OnClick = [this] { Close(); };
+}
+
+bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicker,
+                                     TextView strChoosed, Text& strNames, Text& strIDs) {
+  confirmed_ = false;
+  ids_.clear();
+  names_.clear();
+  SetUpGrid(msgAll);
+  SetUpGrid(msgSelected);
+  const auto type = FieldTypeOf(strType);
+  isCode_ = type == FieldType::Code;
+  if (isCode_ || type == FieldType::Enum) {
+    const Text bare = ReplaceText(strChoosed, u"'", u"");
+    const auto pieces = Split(bare, u",");
+    const std::unordered_set<TextView> choosed(pieces.begin(), pieces.end());
+    for (int row = 0; row < objPicker.ListCount(); ++row) {
+      if (!IsItem(objPicker, row)) continue;
+      const Text& id = objPicker.Id(row);
+      MSFlexGrid& grid = choosed.count(id) != 0 ? msgSelected : msgAll;
+      grid.AddItem(Join(id, u"\t", objPicker.Cell(row, objPicker.ShownColumns().back()), u"\t",
+                        objPicker.RowText(row)));
+    }
+  }
+  EnableButtons();
+  Open();
+  if (!Step(u"frmFilterColumn.ShowFiltration", [&] { view_.ShowModal(*this, owner_); })) {
+    confirmed_ = false;
+    ids_.clear();
+    names_.clear();
+  }
+  Close();
+  strNames = std::move(names_);
+  strIDs = std::move(ids_);
+  return confirmed_;
+}
+
+void frmFilterColumn::MoveRow(MSFlexGrid& from, MSFlexGrid& to) {
+  from.MoveRowsTo(to, from.Row(), 1);
+  EnableButtons();
+}
+
+void frmFilterColumn::MoveAllRight() {
+  const int room = std::max(0, kMostChosen + 1 - msgSelected.Rows());
+  const bool all = msgAll.Rows() <= room;
+  msgAll.MoveRowsTo(msgSelected, 0, std::min(room, msgAll.Rows()));
+  EnableButtons();
+  // The text stands where the message function takes the style's number, which fails before any box
+  // and ends the button's work: the limit is silent.
+  if (!all)
+    Step(u"frmFilterColumn: warning",
+         [&] { MUtility::MessageBox(u"0", ToLong(Value(kManyWarning)), Caption(), 0); });
+}
+
+void frmFilterColumn::EnableButtons() {
+  cmdRightOne.Enabled(msgAll.Row() >= 0);
+  cmdRightAll.Enabled(msgAll.Rows() > 0);
+  cmdLeftOne.Enabled(msgSelected.Row() >= 0);
+  cmdLeftAll.Enabled(msgSelected.Rows() > 0);
+}
+
+void frmFilterColumn::Ok() {
+  const TextView quote = isCode_ ? u"" : u"'";
+  const TextView between = isCode_ ? u" " : u",";
+  for (int row = 0; row < msgSelected.Rows(); ++row) {
+    if (row > 0) {
+      ids_.push_back(u',');
+      names_.append(between);
+    }
+    ids_.append(quote).append(msgSelected.TextMatrix(row, ItemColumns::kId)).append(quote);
+    names_.append(msgSelected.TextMatrix(row, ItemColumns::kName));
+  }
+  confirmed_ = true;
+  Close();
+}
+
+}  // namespace fetchkit

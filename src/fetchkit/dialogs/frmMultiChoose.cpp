@@ -1,0 +1,158 @@
+#include "fetchkit/dialogs/frmMultiChoose.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/utility/StringHelpers.h"
+
+namespace fetchkit {
+namespace {
+
+// For a caption that has an access key of its own.
+Text WithoutAccessKey(TextView name) {
+  return ReplaceText(name, u"&", u"&&");
+}
+
+}  // namespace
+
+frmMultiChoose::frmMultiChoose(FormView& view) : Form(u"frmMultiChoose", u"选择"), view_(view) {
+  cmdOk.MakeDefault();
+  cmdCancel.MakeCancel();
+  cmdRightOne.ToolTipText(u"选择");
+  cmdRightAll.ToolTipText(u"全部选择");
+  cmdLeftOne.ToolTipText(u"移除");
+  cmdLeftAll.ToolTipText(u"全部移除");
+  cmdSerial[0].ToolTipText(u"上移");
+  cmdSerial[1].ToolTipText(u"下移");
+  SetTabOrder({&lblAll, &lstAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
+               &lstSelected, &cmdSerial[0], &cmdSerial[1], &cmdOk, &cmdCancel});
+  cmdRightOne.OnClick = lstAll.OnDoubleClick = [this] { MoveItem(lstAll, lstSelected); };
+  cmdLeftOne.OnClick = lstSelected.OnDoubleClick = [this] { MoveItem(lstSelected, lstAll); };
+  cmdRightAll.OnClick = [this] {
+    lstAll.MoveAllTo(lstSelected);
+    RefreshButtons();
+  };
+  cmdLeftAll.OnClick = [this] {
+    lstSelected.MoveAllTo(lstAll);
+    RefreshButtons();
+  };
+  cmdSerial[0].OnClick = [this] { Exchange(-1); };
+  cmdSerial[1].OnClick = [this] { Exchange(1); };
+  lstAll.OnSelect = lstSelected.OnSelect = [this] { RefreshButtons(); };
+  lstAll.OnPointer = [this](int item) { PointAt(item); };
+  cmdOk.OnClick = [this] { Ok(); };
+  cmdCancel.OnClick = [this] { Close(); };
+}
+
+MultiChooseResult frmMultiChoose::ShowMultiChoose(const MultiChooseRequest& request) {
+  confirmed_ = false;
+  condition_.clear();
+  show_.clear();
+  lstAll.Clear();
+  lstSelected.Clear();
+  codeName_ = request.strCodeName;
+  SetCaption(Join(u"选择", codeName_));
+  lblAll.Caption(Join(u"可选", WithoutAccessKey(codeName_), u"(&S)"));
+  lblSelected.Caption(Join(u"已选", WithoutAccessKey(codeName_), u"(&T)"));
+  Step(u"frmMultiChoose.ShowMultiChoose: items", [&] {
+    if (request.IsEnum) {
+      LoadEnum(request.arrEnum);
+    } else if (request.oCodeRs != nullptr) {
+      LoadRows(*request.oCodeRs, request.strChoosedCond);
+    }
+  });
+  RefreshButtons();
+  Open();
+  if (!Step(u"frmMultiChoose.ShowMultiChoose", [&] { view_.ShowModal(*this, request.hWndOwner); }))
+    confirmed_ = false;
+  Close();
+  if (!confirmed_) return {};
+  return {true, std::move(condition_), std::move(show_)};
+}
+
+void frmMultiChoose::LoadEnum(const Value& arrEnum) {
+  if (!arrEnum.Is<Value::Array>()) return;
+  const ValueArray& array = *std::get<Value::Array>(arrEnum.data());
+  // The text at index 0 is no item.
+  for (std::int32_t i = std::max(1, array.lowerBound); i <= array.UpperBound(); ++i)
+    lstAll.AddItem(ToTextOrEmpty(array.items.at(static_cast<std::size_t>(i - array.lowerBound))));
+}
+
+void frmMultiChoose::LoadRows(Recordset& rows, TextView choosed) {
+  // For a host that offers its columns by name alone.
+  std::vector<Text> names{u"strCode", u"strName"};
+  Step(u"frmMultiChoose: columns", [&] { names = rows.ColumnNames(); });
+  std::vector<std::size_t> columns;
+  for (const Text& name : names)
+    if (EqualFolded(name, u"strCode") || EqualFolded(name, u"strName"))
+      Step(u"frmMultiChoose: column", [&] { columns.push_back(rows.Column(name)); });
+  for (; !rows.Eof(); rows.MoveNext()) {
+    Text item;
+    for (const std::size_t column : columns) {
+      const Text value = ToTextOrEmpty(rows.At(column));
+      if (!item.empty()) item.push_back(u' ');
+      item.append(value);
+    }
+    const bool chosen = !choosed.empty() && FindText(choosed, item) != TextView::npos;
+    (chosen ? lstSelected : lstAll).AddItem(std::move(item));
+  }
+}
+
+void frmMultiChoose::MoveItem(ListBox& from, ListBox& to) {
+  const int item = from.ListIndex();
+  if (item < 0) return;
+  to.AddItem(from.List(item));
+  to.ListIndex(to.ListCount() - 1);
+  from.RemoveItem(item);
+  RefreshButtons();
+}
+
+void frmMultiChoose::Exchange(int step) {
+  const int item = lstSelected.ListIndex();
+  const int other = item + step;
+  if (item < 0 || other < 0 || other >= lstSelected.ListCount()) return;
+  Text text = lstSelected.List(item);
+  lstSelected.List(item, lstSelected.List(other));
+  lstSelected.List(other, std::move(text));
+  lstSelected.ListIndex(other);
+  RefreshButtons();
+}
+
+void frmMultiChoose::PointAt(int item) {
+  Text tip;
+  if (item >= 0 &&
+      MUtility::StrLen(lstAll.List(item)) * lstAll.extent.letterWidth > lstAll.extent.width)
+    tip = lstAll.List(item);
+  lstAll.ToolTipText(std::move(tip));
+}
+
+void frmMultiChoose::RefreshButtons() {
+  const int current = lstSelected.ListIndex();
+  cmdRightOne.Enabled(lstAll.ListIndex() >= 0);
+  cmdRightAll.Enabled(lstAll.ListCount() > 0);
+  cmdLeftOne.Enabled(current >= 0);
+  cmdLeftAll.Enabled(lstSelected.ListCount() > 0);
+  cmdSerial[0].Enabled(current > 0);
+  cmdSerial[1].Enabled(current >= 0 && current + 1 < lstSelected.ListCount());
+}
+
+void frmMultiChoose::Ok() {
+  for (const Text& each : lstSelected.Items()) {
+    const TextView item = TrimBlanks(each);
+    condition_.append(condition_.empty() ? u"(" : u" 或 ")
+        .append(codeName_)
+        .append(u"='")
+        .append(item)
+        .append(u"'");
+    // By position, not by what is there: an item may be empty.
+    if (&each != &lstSelected.Items().front()) show_.push_back(u',');
+    show_.append(item);
+  }
+  if (!condition_.empty()) condition_.push_back(u')');
+  confirmed_ = true;
+  Close();
+}
+
+}  // namespace fetchkit

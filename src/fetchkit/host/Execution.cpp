@@ -1,0 +1,19 @@
+#include "fetchkit/host/Execution.h"
+
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/ThreadState.h"
+#include "fetchkit/host/OpenedRecordset.h"
+
+namespace fetchkit {
+
+bool Execute(const SessionConnectionPtr& connection, TextView sql) {
+  if (!connection)
+    throw Error(ErrorKind::ObjectMissing, u"No connection: Interface.Initialize comes first.");
+  const StatementTrace trace(sql);
+  Value out;
+  const bool done = connection->ExecuteSql(trace.sql(), 1, out);
+  if (!done) TellDiagnostics(u"ExecuteSql", u"The database refused the statement.", trace.sql());
+  return done;
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,14 @@
+// Running a statement that returns no rows.
+#pragma once
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/host/SessionConnection.h"
+
+namespace fetchkit {
+
+// Runs the statement or block through the connection; True: it went through. A refusal is told to
+// the diagnostics sink. Throws what the host throws, and Error (ObjectMissing) without a
+// connection.
+bool Execute(const SessionConnectionPtr& connection, TextView sql);
+
+}  // namespace fetchkit

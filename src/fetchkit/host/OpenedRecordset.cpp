@@ -1,0 +1,52 @@
+#include "fetchkit/host/OpenedRecordset.h"
+
+#include <exception>
+#include <utility>
+
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/ThreadState.h"
+
+namespace fetchkit {
+
+StatementTrace::StatementTrace(TextView sql) : sql_(sql), uncaught_(std::uncaught_exceptions()) {}
+
+StatementTrace::~StatementTrace() {
+  if (std::uncaught_exceptions() <= uncaught_) return;
+  // The innermost statement is the one that failed; its owner is unwound first.
+  Text& failing = CurrentThread().failingStatement;
+  if (failing.empty()) failing = std::move(sql_);
+}
+
+OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor)
+    : trace_(sql), connection_(std::move(connection)) {
+  if (!connection_)
+    throw Error(ErrorKind::ObjectMissing, u"No connection: Interface.Initialize comes first.");
+  opened_ = cursor == Cursor::Static
+                ? connection_->OpenStaticRecordset(trace_.sql(), recordset_, 3, 1, 1, 0)
+                : connection_->OpenRecordset(trace_.sql(), recordset_, 0, 0);
+  if (!opened_) {
+    TellDiagnostics(u"OpenRecordset", u"The database refused the statement.", trace_.sql());
+  } else if (!recordset_) {
+    opened_ = false;
+    throw Error(ErrorKind::Host, u"The connection opened a statement but gave no recordset.");
+  }
+}
+
+OpenedRecordset::~OpenedRecordset() {
+  Step(u"CloseRecordset", [&] { Close(); });
+}
+
+bool OpenedRecordset::HasRow() {
+  if (!opened_) return false;
+  bool isEmpty = true;
+  connection_->RecordsetIsEmpty(recordset_, isEmpty);
+  return !isEmpty;
+}
+
+void OpenedRecordset::Close() {
+  // Marked first: a close that throws is not tried again.
+  if (std::exchange(opened_, false)) connection_->CloseRecordset(recordset_);
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,66 @@
+// A statement that was opened, and its rows, held so that it is given back exactly once.
+#pragma once
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/host/SessionConnection.h"
+
+namespace fetchkit {
+
+// Remembers a statement while it is worked on: an error that passes by is told to the diagnostics
+// together with it.
+class StatementTrace {
+ public:
+  explicit StatementTrace(TextView sql);
+  ~StatementTrace();
+  StatementTrace(const StatementTrace&) = delete;
+  StatementTrace& operator=(const StatementTrace&) = delete;
+
+  const Text& sql() const { return sql_; }
+
+ private:
+  Text sql_;
+  int uncaught_;
+};
+
+enum class Cursor {
+  Plain,   // OpenRecordset with 0, 0: the session's loaders and the rights queries
+  Static,  // OpenStaticRecordset with 3, 1, 1, 0: the services, the lists and the dialogs
+};
+
+class OpenedRecordset {
+ public:
+  // Opens the statement. An open that answers False is told to the diagnostics sink and leaves the
+  // object closed; an open that throws throws on. A null connection is Error (ObjectMissing).
+  OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor);
+
+  // Gives the recordset back unless Close has done so. An error of the host is noted, not thrown.
+  ~OpenedRecordset();
+
+  OpenedRecordset(const OpenedRecordset&) = delete;
+  OpenedRecordset& operator=(const OpenedRecordset&) = delete;
+
+  // Whether the open answered True and the recordset is not given back yet.
+  explicit operator bool() const { return opened_; }
+
+  // Whether it was opened and the connection says that it holds a row.
+  bool HasRow();
+
+  // The rows; to be used only while the object converts to true.
+  Recordset* operator->() const { return recordset_.get(); }
+
+  // The current row's value in the named column: for statements of which one row is read. Loops
+  // resolve their columns once, through operator->.
+  Value operator[](TextView column) { return recordset_->At(recordset_->Column(column)); }
+
+  // Gives the recordset back now; nothing when it was never opened. Throws what the host throws.
+  void Close();
+
+ private:
+  StatementTrace trace_;
+  SessionConnectionPtr connection_;
+  RecordsetPtr recordset_;
+  bool opened_ = false;
+};
+
+}  // namespace fetchkit

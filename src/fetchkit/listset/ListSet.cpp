@@ -1,0 +1,108 @@
+#include "fetchkit/listset/ListSet.h"
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/listset/ListQuery.h"
+#include "fetchkit/listset/Saving.h"
+#include "fetchkit/listset/ViewLoading.h"
+#include "fetchkit/listset/model/ConditionWords.h"
+#include "fetchkit/session/model/Session.h"
+#include "fetchkit/utility/WindowServices.h"
+
+namespace fetchkit {
+namespace {
+
+// Takes the top-most state from an owner window while a dialog is open, so that the dialog is not
+// hidden behind it. Handle 0 stands for the foreground window, which is then the one that gets its
+// state back.
+class OwnerBelowDialog {
+ public:
+  explicit OwnerBelowDialog(std::int32_t owner)
+      : owner_(owner), topMost_(MUtility::IsTopMostWindow(owner_)) {
+    if (topMost_) Place(false);
+  }
+  ~OwnerBelowDialog() {
+    if (topMost_) Step(u"ListSet: top-most owner", [&] { Place(true); });
+  }
+  OwnerBelowDialog(const OwnerBelowDialog&) = delete;
+  OwnerBelowDialog& operator=(const OwnerBelowDialog&) = delete;
+
+ private:
+  void Place(bool onTop) {
+    MUtility::SetWindowTopPos(owner_, onTop, WindowPositionConstants::wpDefault, 0, 0, 0, 0);
+  }
+
+  std::int32_t owner_;
+  bool topMost_;
+};
+
+}  // namespace
+
+Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
+                              TextView strChoosedCond, Text& strShowCond, bool IsEnum,
+                              const Value& arrEnum, bool& bOk, std::int32_t hWndOwner) {
+  bOk = false;
+  return Guarded(u"ListSet.ShowMultiChoose", Text(), [&]() -> Text {
+    FormHost* forms = MAction::CurrentSession().Forms;
+    if (forms == nullptr) return {};
+    const OwnerBelowDialog owner(hWndOwner);
+    MultiChooseResult result = forms->ShowMultiChoose(
+        {oCodeRs, Text(strCodeName), Text(strChoosedCond), IsEnum, arrEnum, hWndOwner});
+    bOk = result.bOk;
+    if (!bOk) return {};
+    strShowCond = std::move(result.strShowCond);
+    return std::move(result.condition);
+  });
+}
+
+bool ListSet::ShowFilter(std::int32_t hWndOwner) {
+  return Guarded(u"ListSet.ShowFilter", false, [&] {
+    Session& session = MAction::CurrentSession();
+    if (session.Forms == nullptr) return false;
+    ListType edited = list_;
+    Text where = list_.strListPureWhere;
+    {
+      const OwnerBelowDialog owner(hWndOwner);
+      if (!session.Forms->ShowFilter(edited, where, hWndOwner)) return false;
+    }
+    list_ = std::move(edited);
+    list_.strListPureWhere = std::move(where);
+    MListSet::SaveConditions(session, list_);
+    return true;
+  });
+}
+
+void ListSet::ViewId(std::int32_t lngViewId) {
+  Step(u"ListSet.ViewId", [&] { MListSet::LoadView(MAction::CurrentSession(), lngViewId, list_); });
+  viewId_ = lngViewId;
+}
+
+Text ListSet::GetListSelect() const {
+  return MListSet::GetListSelect(list_);
+}
+
+void ListSet::RefreshListField() {
+  Step(u"ListSet.RefreshListField",
+       [&] { MListSet::RefreshListField(MAction::CurrentSession(), list_); });
+}
+
+Text ListSet::FindAllKeyID(TextView strCodeTableName, TextView strMulCode) const {
+  return MListSet::FindAllKeyID(MAction::CurrentSession(), strCodeTableName, strMulCode);
+}
+
+Text ListSet::ModifyTableName(TextView strSelected, TextView strString, TextView Replace) const {
+  return MListSet::ModifyTableName(strSelected, strString, Replace);
+}
+
+void ListSet::SaveList() {
+  Step(u"ListSet.SaveList", [&] { MListSet::SaveList(MAction::CurrentSession(), list_); });
+}
+
+Text ListSet::CondStrToNum(TextView strOperate) const {
+  return Text(fetchkit::CondStrToNum(strOperate));
+}
+
+FormHost* SetFormHost(FormHost* forms) {
+  return std::exchange(MAction::CurrentSession().Forms, forms);
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,165 @@
+#include "fetchkit/session/StartUp.h"
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/platform/DateText.h"
+#include "fetchkit/rights/OperatorRight.h"
+#include "fetchkit/rights/OrganizationRight.h"
+#include "fetchkit/session/model/Business.h"
+#include "fetchkit/session/model/CustomerSs.h"
+#include "fetchkit/session/model/HostLogin.h"
+#include "fetchkit/session/model/Operator.h"
+#include "fetchkit/session/model/Organization.h"
+
+namespace fetchkit::MAction {
+namespace {
+
+template <class Read>
+auto FromAccountLogin(const Session& session, Read&& read) {
+  const auto login = ContextOf(session)->AccountLogin();
+  return read(Present(login, u"AccountLogin"));
+}
+
+template <class Read>
+auto FromLogin(const Session& session, Read&& read) {
+  const auto login = ContextOf(session)->LoginContext();
+  return read(Present(login, u"LoginContext"));
+}
+
+// One assignment of start-up: a step of its own, which leaves the field alone when it fails.
+template <class Field, class Read>
+void Assign(TextView what, Field& field, Read&& read) {
+  Step(what, [&] { field = read(); });
+}
+
+Text OrganizationKey(TextView account, std::int32_t organization) {
+  return Join(account, u"$", organization);
+}
+
+Text OperatorKey(TextView account, std::int32_t organization, std::int32_t loginOperator) {
+  return Join(account, u"$", organization, u"$", loginOperator);
+}
+
+Text CustomerKey(TextView account, std::int32_t organization, std::int32_t loginOperator,
+                 double customer) {
+  return Join(OperatorKey(account, organization, loginOperator), u"$", NumberText(customer));
+}
+
+// Who logs in, as the host has it now; zeros and empty texts for what cannot be read.
+struct Identity {
+  std::int32_t accountType = 0;
+  Text accountServer;
+  Text accountUserId;
+  Text accountKey;
+  std::int32_t organizationId = 0;
+  std::int32_t operatorId = 0;
+  double customerId = 0;  // compared as read; rounded only when it is stored
+};
+
+Identity ReadIdentity(const Session& session) {
+  Identity identity;
+  Assign(u"Initialize: account type", identity.accountType,
+         [&] { return ReadAccountType(session); });
+  Assign(u"Initialize: account server", identity.accountServer, [&] {
+    return FromAccountLogin(session, [](auto& login) { return ToText(login.ServerName()); });
+  });
+  Assign(u"Initialize: account user", identity.accountUserId, [&] {
+    return FromAccountLogin(session, [](auto& login) { return ToText(login.UserId()); });
+  });
+  identity.accountKey =
+      Join(identity.accountType, u"$", identity.accountServer, u"$", identity.accountUserId);
+  Assign(u"Initialize: organization id", identity.organizationId, [&] {
+    return FromLogin(session, [](auto& login) { return ToLong(login.OrganizationId()); });
+  });
+  Assign(u"Initialize: operator id", identity.operatorId, [&] {
+    return FromLogin(session, [](auto& login) { return ToLong(login.OperatorId()); });
+  });
+  Assign(u"Initialize: service customer id", identity.customerId, [&] {
+    return FromLogin(
+        session, [](auto& login) { return LeadingNumber(ToText(login.Item(u"#SSCustomerID"))); });
+  });
+  return identity;
+}
+
+// All four against the old values, before any of them is overwritten.
+void FindChanges(Session& session, const Identity& now) {
+  session.AccountChanged = now.accountKey != session.AccountKey;
+  session.OrganizationChanged = OrganizationKey(now.accountKey, now.organizationId) !=
+                                OrganizationKey(session.AccountKey, session.LoginOrganizationId);
+  session.OperatorChanged =
+      OperatorKey(now.accountKey, now.organizationId, now.operatorId) !=
+      OperatorKey(session.AccountKey, session.LoginOrganizationId, session.LoginOperatorId);
+  session.CustomerChanged =
+      CustomerKey(now.accountKey, now.organizationId, now.operatorId, now.customerId) !=
+      CustomerKey(session.AccountKey, session.LoginOrganizationId, session.LoginOperatorId,
+                  session.SSCustomerId);
+}
+
+void StoreLogin(Session& session, const Identity& now) {
+  session.AccountKey = now.accountKey;
+  Assign(u"Initialize: LoginDate", session.LoginDate, [&] {
+    return FromLogin(session, [](auto& login) { return ToDateText(login.LoginDate()); });
+  });
+  // Read once more rather than taken from now: a read that failed must leave the old id.
+  Assign(u"Initialize: LoginOrganizationId", session.LoginOrganizationId, [&] {
+    return FromLogin(session, [](auto& login) { return ToLong(login.OrganizationId()); });
+  });
+  Assign(u"Initialize: LoginOperatorId", session.LoginOperatorId, [&] {
+    return FromLogin(session, [](auto& login) { return ToLong(login.OperatorId()); });
+  });
+  Assign(u"Initialize: LoginOperatorPwd", session.LoginOperatorPwd,
+         [&] { return FromLogin(session, [](auto& login) { return ToText(login.Password()); }); });
+  Assign(u"Initialize: SSCustomerId", session.SSCustomerId, [&] { return ToLong(now.customerId); });
+}
+
+void TakeCopies(Session& session, const fetchkit::Business& business,
+                const Organization& organization) {
+  session.AccountStartDate = business.StartDate();
+  // Not an empty date's year: an account without a start date keeps the year that stood there.
+  Assign(u"Initialize: AccountStartYear", session.AccountStartYear,
+         [&] { return static_cast<std::int16_t>(YearOf(ToDate(session.AccountStartDate))); });
+  session.OrganizationEndDate = organization.EndDate();
+  session.OrganizationThisYear = organization.ThisYear();
+  session.OrganizationThisPeriod = organization.ThisPeriod();
+  session.OrganizationThisHalfYear = organization.ThisHalfYear();
+  session.OrganizationThisQuarter = organization.ThisQuarter();
+  session.NaturalCurrencyId = business.CurrencyID();
+  session.OrganizationIsDetail = organization.IsDetail();
+  session.LoginOrganizationCode = organization.OrganizationCode();
+  session.LoginOrganizationName = organization.OrganizationName();
+  session.OrganizationLevel = organization.Level();
+}
+
+}  // namespace
+
+void Initialize(Session& session, const SessionConnectionPtr& connection) {
+  Step(u"Initialize: connection", [&] {
+    Present(connection, u"connection object");
+    session.Connection = connection;
+  });
+  const Identity now = ReadIdentity(session);
+  FindChanges(session, now);
+  StoreLogin(session, now);
+
+  // The keys hold the new ids, so a new login gets fresh objects and an earlier one finds its own.
+  const auto business = Business(session);
+  const auto organization = LoginOrganization(session);
+  const auto loginOperator = LoginOperator(session);
+  const auto organizationRight = OrganizationRight(session);
+  const auto operatorRight = OperatorRight(session);
+  const auto customer = SSCustomer(session);
+
+  LoadBusiness(session, *business, now.accountType, now.accountServer, now.accountUserId);
+  LoadOrganization(session, *organization);
+  organization->GroupDBType(business->GroupDBType());
+  LoadOperator(session, *loginOperator);
+  loginOperator->OrganizationId(session.LoginOrganizationId);
+  loginOperator->OperatorId(session.LoginOperatorId);
+  organizationRight->SetOrganization(organization);
+  operatorRight->SetOperator(loginOperator);
+  Step(u"Initialize: service customer's account type",
+       [&] { LoadCustomer(session, *customer, ReadAccountType(session)); });
+  TakeCopies(session, *business, *organization);
+}
+
+}  // namespace fetchkit::MAction

@@ -1,0 +1,16 @@
+#include "fetchkit/session/model/HostLogin.h"
+
+namespace fetchkit::MAction {
+
+std::shared_ptr<HostContext> ContextOf(const Session& session) {
+  auto context = ConnectionOf(session)->HostContext();
+  Present(context, u"HostContext");
+  return context;
+}
+
+std::int32_t ReadAccountType(const Session& session) {
+  const auto info = ContextOf(session)->AccountTypeInfo();
+  return ToLong(Present(info, u"AccountTypeInfo").AccountType());
+}
+
+}  // namespace fetchkit::MAction

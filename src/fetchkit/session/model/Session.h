@@ -1,0 +1,94 @@
+// The session: everything that the calling thread's login means.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <typeindex>
+#include <unordered_map>
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/ThreadState.h"
+#include "fetchkit/host/SessionConnection.h"
+
+namespace fetchkit {
+
+class Activity;
+class FormHost;
+class ListSet;
+
+// One per thread; two threads share nothing. Empty texts and zeros until Interface.Initialize.
+// Entry points fetch it once (MAction::CurrentSession) and pass it down.
+struct Session : ThreadOwned {
+  // What differs from the Initialize before, as found by the last one.
+  bool AccountChanged = false;
+  bool OrganizationChanged = false;
+  bool OperatorChanged = false;
+  bool CustomerChanged = false;
+
+  SessionConnectionPtr Connection;
+  std::shared_ptr<Activity> ActivityObject;  // created on first use, survive every login
+  std::shared_ptr<ListSet> ListSetObject;
+  FormHost* Forms = nullptr;  // who opens the dialogs; not owned, null for nobody
+
+  Text LoginDate;  // "yyyy-MM-dd"
+  std::int32_t LoginOrganizationId = 0;
+  Text LoginOrganizationCode;
+  Text LoginOrganizationName;
+  std::int32_t LoginOperatorId = 0;
+  Text LoginOperatorPwd;
+  std::int32_t SSCustomerId = 0;
+
+  // Copies taken at the end of every Initialize, so that services need not ask the records.
+  std::int16_t AccountStartYear = 0;
+  Text AccountStartDate;     // "yyyy-MM-dd"
+  Text OrganizationEndDate;  // as stored, mostly "yyyy-MM-dd"
+  std::int16_t OrganizationThisYear = 0;
+  std::uint8_t OrganizationThisPeriod = 0;
+  std::uint8_t OrganizationThisHalfYear = 0;
+  std::uint8_t OrganizationThisQuarter = 0;
+  std::int32_t NaturalCurrencyId = 0;
+  bool OrganizationIsDetail = false;
+  std::int16_t OrganizationLevel = 0;
+
+  // Account type, server name and database user id joined by "$"; part of every cache key.
+  Text AccountKey;
+
+  // The session objects by class and key. They are never removed, so an earlier login finds its
+  // own again. The class is in the key, because a database user's name may itself hold a "$" and
+  // make the keys of two classes meet.
+  struct ObjectKey {
+    std::type_index type;
+    Text key;
+    bool operator==(const ObjectKey&) const = default;
+  };
+  struct ObjectKeyHash {
+    std::size_t operator()(const ObjectKey& of) const {
+      return std::hash<Text>()(of.key) ^ of.type.hash_code();
+    }
+  };
+  std::unordered_map<ObjectKey, std::shared_ptr<void>, ObjectKeyHash> ObjectCache;
+
+  // The look-up caches of the services, created on first use; activity/ActivityCaches.h knows their
+  // type.
+  std::unique_ptr<ThreadOwned> ActivityCaches;
+};
+
+namespace MAction {
+
+// The calling thread's session, created on first use.
+Session& CurrentSession();
+
+// The host's connection. Error (ObjectMissing) before the first Initialize.
+const SessionConnectionPtr& ConnectionOf(const Session& session);
+
+// The object of that class cached under the key; a new, empty one is added when there is none.
+template <class Object>
+std::shared_ptr<Object> Cached(Session& session, Text key) {
+  auto& entry = session.ObjectCache[{typeid(Object), std::move(key)}];
+  if (!entry) entry = std::make_shared<Object>();
+  return std::static_pointer_cast<Object>(entry);
+}
+
+}  // namespace MAction
+}  // namespace fetchkit

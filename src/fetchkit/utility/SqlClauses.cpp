@@ -1,0 +1,196 @@
+#include "fetchkit/utility/SqlClauses.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/platform/DateText.h"
+#include "fetchkit/platform/Platform.h"
+#include "fetchkit/utility/StringHelpers.h"
+
+namespace fetchkit::MUtility {
+namespace {
+
+// Appends count items of list, the first one at from, with joint between them in the place of
+// separator; all that are left when there are fewer. An empty separator never occurs. Answers where
+// the next item begins.
+std::size_t AppendItems(Text& sql, TextView list, std::size_t from, std::size_t count,
+                        TextView separator, TextView joint) {
+  const bool sameJoint = joint == separator;
+  const std::size_t first = from;
+  std::size_t end = from;
+  for (std::size_t item = 0; item < count && end < list.size(); ++item) {
+    end = separator.empty() ? list.size() : std::min(FindText(list, separator, from), list.size());
+    if (!sameJoint) sql.append(item > 0 ? joint : TextView()).append(list.substr(from, end - from));
+    from = end + separator.size();
+  }
+  // Items that stay as they stand are copied in one piece.
+  if (sameJoint) sql.append(list.substr(first, end - first));
+  return from;
+}
+
+// The number of the placeholder whose "{" stands at open, when it is one of the first count: its
+// digits are exactly those that the number is written with.
+std::optional<std::size_t> PlaceholderAt(TextView text, std::size_t open, std::size_t count) {
+  std::size_t at = open + 1;
+  std::size_t number = 0;
+  for (; at < text.size() && text[at] >= u'0' && text[at] <= u'9'; ++at) {
+    if (at > open + 1 && number == 0) return std::nullopt;
+    number = number * 10 + (text[at] - u'0');
+    if (number >= count) return std::nullopt;
+  }
+  if (at == open + 1 || at == text.size() || text[at] != u'}') return std::nullopt;
+  return number;
+}
+
+std::size_t PlaceholderSize(std::size_t number) {
+  std::size_t size = 3;
+  for (; number >= 10; number /= 10)
+    ++size;
+  return size;
+}
+
+// Calls copy(text) for what stays and put(number) for what is replaced, from left to right.
+template <class Copy, class Put>
+void WalkPlaceholders(TextView format, std::size_t count, Copy copy, Put put) {
+  std::size_t copied = 0;
+  for (std::size_t open = FindText(format, u"{"); open != TextView::npos;
+       open = FindText(format, u"{", open + 1)) {
+    const auto number = PlaceholderAt(format, open, count);
+    if (!number) continue;
+    copy(format.substr(copied, open - copied));
+    put(*number);
+    copied = open + PlaceholderSize(*number);
+  }
+  copy(format.substr(copied));
+}
+
+// Whether a "{" has nothing but digits between it and the unit, or, with orEnd, the end.
+bool OpenBraceLeadsTo(char16_t unit, bool orEnd, TextView text) {
+  for (std::size_t open = FindText(text, u"{"); open != TextView::npos;
+       open = FindText(text, u"{", open + 1)) {
+    const std::size_t next = text.find_first_not_of(u"0123456789", open + 1);
+    if (next == TextView::npos ? orEnd : text[next] == unit) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Text DecomposeInClause(TextView strCondName, TextView strIdList, bool blnIsCharInClause,
+                       const Value& varEmptyItem) {
+  return Guarded(u"Utility.DecomposeInClause", Text(), [&] {
+    // What stands in for an empty list is one item, even when it holds commas.
+    const bool standsIn = TrimBlanks(strIdList).empty();
+    const Text onlyItem = standsIn ? ToTextOrEmpty(varEmptyItem) : Text();
+    const TextView list = standsIn ? TextView(onlyItem) : strIdList;
+    const TextView separator = standsIn ? u"" : u",";
+    const std::size_t items = standsIn ? 1 : CountUnit(list, u',') + 1;
+    // The group is closed in front of each item whose number is a multiple of 1000, so the first
+    // one is an item short.
+    const std::size_t groups = items > 1000 ? items / 1000 + 1 : 1;
+    const TextView quote = blnIsCharInClause ? u"'" : u"";
+    const TextView joint = blnIsCharInClause ? u"','" : u",";
+
+    Text sql;
+    sql.reserve(2 + groups * (strCondName.size() + 2 * quote.size() + 9) + list.size() +
+                (joint.size() - 1) * items);
+    sql.push_back(u'(');
+    std::size_t from = 0;
+    for (std::size_t group = 0; group < groups; ++group) {
+      sql.append(group > 0 ? u"OR " : u"").append(strCondName).append(u" In(").append(quote);
+      from = AppendItems(sql, list, from, groups > 1 && group == 0 ? 999 : 1000, separator, joint);
+      sql.append(quote).append(u") ");
+    }
+    sql.push_back(u')');
+    return sql;
+  });
+}
+
+Text SplitInClause(TextView strList, TextView strSeparator, TextView strField) {
+  constexpr std::size_t kGroup = 800;
+  const std::int32_t separators = StrCount(strList, strSeparator);
+  if (separators < 999) return Join(strField, u" IN (", strList, u")");
+  const std::size_t items = static_cast<std::size_t>(separators) + 1;
+  const std::size_t groups = (items + kGroup - 1) / kGroup;
+  Text sql;
+  sql.reserve(strList.size() + items + groups * (strField.size() + 10));
+  std::size_t from = 0;
+  for (std::size_t group = 0; group < groups; ++group) {
+    sql.append(group > 0 ? u" Or " : u"").append(strField).append(u" IN (");
+    from = AppendItems(sql, strList, from, kGroup, strSeparator, u",");
+    sql.push_back(u')');
+  }
+  return sql;
+}
+
+Text FormatDateCond(TextView strDateField, TextView strBeginDate, TextView strEndDate,
+                    bool IsShowAnd) {
+  return Guarded(u"Utility.FormatDateCond", Text(), [&] {
+    const TextView prefix = IsShowAnd ? u" And " : u"";
+    const Text begin = ToDateText(strBeginDate);
+    const auto end = CurrentPlatform().ParseDate(strEndDate);
+    const bool hasEnd = end && end->serial >= 1;
+    const Text endText = hasEnd ? FormatDate(*end) : Text();
+    if (begin.empty()) return hasEnd ? Join(prefix, strDateField, u"<='", endText, u"'") : Text();
+    if (!hasEnd) return Join(prefix, strDateField, u">='", begin, u"'");
+    return Join(prefix, strDateField, u">='", begin, u"' And ", strDateField, u"<='", endText,
+                u"'");
+  });
+}
+
+Text FormatCond(TextView strCond) {
+  if (TrimBlanks(strCond).empty()) return u" AND 1=1 ";
+  return Join(u" AND ", strCond, u" ");
+}
+
+Text FormatLink(TextView strClause, TextView strText, TextView strLinkSign) {
+  if (strClause.empty()) return Text(strText);
+  if (strText.empty()) return Text(strClause);
+  return Join(strText, strLinkSign, strClause);
+}
+
+Text FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
+  std::size_t length = 0;
+  // An insertion can become part of a placeholder in two ways only: behind an open brace of the
+  // format, as in "{1{0}}", and by bringing in one itself.
+  bool mayNest = OpenBraceLeadsTo(u'{', false, strFormatText);
+  WalkPlaceholders(
+      strFormatText, arrValues.size(), [&](TextView text) { length += text.size(); },
+      [&](std::size_t number) {
+        length += arrValues[number].size();
+        mayNest = mayNest || OpenBraceLeadsTo(u'}', true, arrValues[number]);
+      });
+  if (mayNest) {
+    // What one value brings in, the next ones may replace: number by number, as it is defined.
+    Text text(strFormatText);
+    for (std::size_t number = 0; number < arrValues.size(); ++number) {
+      const Text placeholder = Join(u"{", number, u"}");
+      if (FindText(text, placeholder) != TextView::npos)
+        text = ReplaceText(text, placeholder, arrValues[number]);
+    }
+    return text;
+  }
+  Text text;
+  text.reserve(length);
+  WalkPlaceholders(
+      strFormatText, arrValues.size(), [&](TextView piece) { text.append(piece); },
+      [&](std::size_t number) { text.append(arrValues[number]); });
+  return text;
+}
+
+Text FormatString(TextView strFormatText, const Value& arrValues) {
+  return Guarded(u"Utility.FormatString", Text(), [&] {
+    const auto* array = std::get_if<Value::Array>(&arrValues.data());
+    if (array == nullptr || *array == nullptr)
+      throw ConvertError(ErrorKind::TypeMismatch, u"The values are no array.");
+    std::vector<Text> values;
+    values.reserve((*array)->items.size());
+    for (const Value& item : (*array)->items)
+      values.push_back(ToText(item));
+    return FormatString(strFormatText, values);
+  });
+}
+
+}  // namespace fetchkit::MUtility

@@ -1,0 +1,192 @@
+#include "fetchkit/utility/StringHelpers.h"
+
+#include <algorithm>
+#include <bitset>
+
+#include "fetchkit/base/Guard.h"
+#include "fetchkit/base/Numbers.h"
+#include "fetchkit/base/TextSearch.h"
+#include "fetchkit/platform/Platform.h"
+#include "fetchkit/utility/DateKeywords.h"
+
+namespace fetchkit::MUtility {
+namespace {
+
+// Offsets count from 0 inside; npos + 1 is 0, which is what "not found" is outside.
+std::int32_t ToPosition(std::size_t offset) {
+  return static_cast<std::int32_t>(offset + 1);
+}
+
+std::size_t FindWith(CompareMethod method, TextView text, TextView find, std::size_t from) {
+  return method == CompareMethod::Binary ? FindText(text, find, from)
+                                         : FindFolded(text, find, from);
+}
+
+}  // namespace
+
+bool ContainErrorChar(TextView strText, TextView strCheckChar, TextView strFilterChar) {
+  // Marks for the ASCII part, where the sets in use lie, so that a long text is walked once.
+  std::bitset<0x80> marked;
+  Text others;
+  for (const char16_t unit : strCheckChar) {
+    if (strFilterChar.find(unit) != TextView::npos) continue;
+    if (unit < marked.size()) {
+      marked.set(unit);
+    } else {
+      others.push_back(unit);
+    }
+  }
+  return std::any_of(strText.begin(), strText.end(), [&](char16_t unit) {
+    return unit < marked.size() ? marked[unit] : others.find(unit) != Text::npos;
+  });
+}
+
+Text GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
+  // Walks no further than the piece that is asked for.
+  std::size_t from = 0;
+  for (int piece = 1;; ++piece) {
+    const std::size_t at =
+        strDelimiter.empty() ? TextView::npos : FindText(strText, strDelimiter, from);
+    if (at == TextView::npos || piece >= intNumber)
+      return Text(TrimBlanks(strText.substr(from, at == TextView::npos ? at : at - from)));
+    from = at + strDelimiter.size();
+  }
+}
+
+std::int32_t GetNoXPos(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
+  std::size_t from = 0;
+  for (int hit = 1; hit <= intNumber; ++hit) {
+    // A search that starts behind the text finds nothing, not even the empty delimiter.
+    const std::size_t at =
+        from < strText.size() ? FindText(strText, strDelimiter, from) : TextView::npos;
+    if (at == TextView::npos) return 0;
+    if (hit == intNumber) return ToPosition(at);
+    from = at + 1;
+  }
+  return 0;
+}
+
+std::int32_t StrCount(TextView strText, TextView strDelimiter) {
+  if (strText.empty()) return -1;
+  if (strDelimiter.empty()) return 0;
+  if (strDelimiter.size() == 1)
+    return static_cast<std::int32_t>(CountUnit(strText, strDelimiter.front()));
+  std::int32_t count = 0;
+  for (std::size_t at = FindText(strText, strDelimiter); at != TextView::npos;
+       at = FindText(strText, strDelimiter, at + strDelimiter.size()))
+    ++count;
+  return count;
+}
+
+std::int32_t TextCount(TextView strText, TextView strFind, CompareMethod enmCompareMethod) {
+  std::int32_t count = 0;
+  for (std::size_t from = 0; from < strText.size();) {
+    const std::size_t at = FindWith(enmCompareMethod, strText, strFind, from);
+    if (at == TextView::npos) break;
+    ++count;
+    from = at + strFind.size() + 1;
+  }
+  return count;
+}
+
+std::int32_t CharCount(TextView strText, TextView strChar) {
+  if (strChar.size() != 1) return 0;
+  return static_cast<std::int32_t>(CountUnit(strText, strChar.front()));
+}
+
+std::int32_t StrLen(TextView strText) {
+  return static_cast<std::int32_t>(
+      CurrentPlatform().AnsiLength(strText.substr(0, FindText(strText, TextView(u"\0", 1)))));
+}
+
+Text StrLeft(TextView strText, std::int32_t n) {
+  const TextView left = strText.substr(0, static_cast<std::size_t>(std::max(n, 0)));
+  return Join(left, TextView(u"\0", 1));
+}
+
+Text GetFilePath(TextView strFile) {
+  return Text(strFile.substr(0, strFile.rfind(u'\\') + 1));
+}
+
+Text GetFileName(TextView strFile) {
+  return Text(strFile.substr(strFile.rfind(u'\\') + 1));
+}
+
+Text GetStrAfter(TextView strInfo, TextView strSearch, bool bMustFind) {
+  const std::size_t at = FindText(strInfo, strSearch);
+  if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
+  return Text(strInfo.substr(at + strSearch.size()));
+}
+
+Text GetStrBefore(TextView strInfo, TextView strSearch, bool bMustFind) {
+  if (strInfo.empty() || strSearch.empty()) return {};
+  const std::size_t at = FindText(strInfo, strSearch);
+  if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
+  return Text(strInfo.substr(0, at));
+}
+
+Text GetStrBetween(TextView strSource, TextView strFrom, TextView strTo, bool bInclude,
+                   [[maybe_unused]] bool bMustFind) {
+  if (strSource.empty()) return {};
+  const std::size_t from = FindText(strSource, strFrom);
+  if (from == TextView::npos) return {};
+  const std::size_t inner = from + strFrom.size();
+  // Behind the end nothing is found, not even an empty mark.
+  const std::size_t to =
+      inner < strSource.size() ? FindText(strSource, strTo, inner) : TextView::npos;
+  // Both marks are there from here on: what bMustFind would excuse cannot happen any more.
+  if (to == TextView::npos) return {};
+  return Text(bInclude ? strSource.substr(from, to + strTo.size() - from)
+                       : strSource.substr(inner, to - inner));
+}
+
+Text GetSpace(TextView strText, std::int16_t intNumber) {
+  Text repeated;
+  if (intNumber > 0) repeated.reserve(strText.size() * static_cast<std::size_t>(intNumber));
+  for (int i = 0; i < intNumber; ++i)
+    repeated.append(strText);
+  return repeated;
+}
+
+bool StrInStr(TextView strSource, TextView strText, TextView strDelimiter,
+              CompareMethod enmCompareMethod) {
+  const bool folded = enmCompareMethod != CompareMethod::Binary;
+  const auto pieces = Split(strSource, strDelimiter, folded);
+  return std::any_of(pieces.begin(), pieces.end(), [&](TextView piece) {
+    return folded ? EqualFolded(piece, strText) : piece == strText;
+  });
+}
+
+bool ArrayIsEmpty(const Value& varArray) {
+  const auto* array = std::get_if<Value::Array>(&varArray.data());
+  return array == nullptr || *array == nullptr || !(*array)->dimensioned;
+}
+
+bool DateIsValid(const Value& varDate) {
+  return Guarded(u"Utility.DateIsValid", false, [&] {
+    const Text text = ToTextOrEmpty(varDate);
+    if (std::find(kDateKeywords.begin(), kDateKeywords.end(), text) != kDateKeywords.end())
+      return true;
+    const Platform& platform = CurrentPlatform();
+    if (FindText(text, kCustomRange) != TextView::npos) {
+      const Text range = GetNoXString(text, 2, u":");
+      return platform.ParseDate(GetNoXString(range, 1, u",")).has_value() &&
+             platform.ParseDate(GetNoXString(range, 2, u",")).has_value();
+    }
+    if (text.find_first_of(u",-") != Text::npos) return false;
+    return platform.ParseDate(text).has_value();
+  });
+}
+
+Value NotNull(const Value& varValue, const Value& varDefaultValue) {
+  if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
+  if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
+    return varDefaultValue;
+  // Whole numbers are what their text reads as; the lists ask for thousands of them.
+  if (varValue.Is<std::int32_t>() || varValue.Is<std::int16_t>() || varValue.Is<std::uint8_t>())
+    return ToDouble(varValue);
+  if (IsNumeric(varValue)) return LeadingNumber(ToText(varValue));
+  return varValue;
+}
+
+}  // namespace fetchkit::MUtility
