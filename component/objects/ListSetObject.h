@@ -8,7 +8,6 @@
 #include "component/host/AdoRecordset.h"
 #include "component/objects/ListRecord.h"
 #include "component/ui/Win32FormView.h"
-#include "fetchkit/dialogs/Forms.h"
 #include "fetchkit/listset/ListSet.h"
 #include "idl/FetchKit.h"
 
@@ -17,15 +16,14 @@ namespace fetchkit {
 // Shows the calling thread's dialogs in windows while it lives.
 class DialogsInWindows {
  public:
-  DialogsInWindows() : before_(SetFormHost(&forms_)) {}
-  ~DialogsInWindows() { SetFormHost(before_); }
+  DialogsInWindows() : before_(SetFormView(&view_)) {}
+  ~DialogsInWindows() { SetFormView(before_); }
   DialogsInWindows(const DialogsInWindows&) = delete;
   DialogsInWindows& operator=(const DialogsInWindows&) = delete;
 
  private:
   ui::Win32FormView view_{Module::Handle()};
-  Forms forms_{view_};
-  FormHost* before_;
+  FormView* before_;
 };
 
 class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet> {

@@ -7,7 +7,6 @@
 #include "demo/commands/FilterUsers.h"
 #include "demo/commands/ListOutput.h"
 #include "fetchkit/base/Utf8.h"
-#include "fetchkit/dialogs/Forms.h"
 #include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
@@ -46,8 +45,7 @@ int RunFilter(Console& console, const CommonOptions& options, const FilterOption
   AskedUser asked(console, in);
   const bool ask =
       filter.user == DialogUser::Asked || (filter.user == DialogUser::Auto && interactive);
-  Forms forms(ask ? static_cast<FormView&>(asked) : scripted);
-  SetFormHost(&forms);
+  SetFormView(ask ? static_cast<FormView*>(&asked) : &scripted);
 
   console.Heading(fmt::format("ShowFilter on {}", ToUtf8(set.List().strViewName)));
   bool confirmed = false;
@@ -74,7 +72,7 @@ int RunFilter(Console& console, const CommonOptions& options, const FilterOption
   console.Row({"condition", ToUtf8(condition)});
   console.Row({"strShowCond", ToUtf8(shown)});
   console.EndTable();
-  SetFormHost(nullptr);
+  SetFormView(nullptr);
   return 0;
 }
 

@@ -84,38 +84,39 @@ void Apply(ListType& list, TextView text) {
   field.strCodeID.clear();
   field.blnIsMuliCond = false;
   if (word == words::kAny || word == words::kAll) return;
-  const auto type = FieldTypeOf(field.strFieldType);
-  if (!type) Reject(Join(u"\"", field.strListFieldDesc, u"\" cannot be filtered"));
+  const FieldType* type = FieldTypeOf(field.strFieldType);
+  if (type == nullptr) Reject(Join(u"\"", field.strListFieldDesc, u"\" cannot be filtered"));
   const bool several = rest.find(u',') != TextView::npos;
-  switch (*type) {
-    case FieldType::Boolean:
+  using Editor = FieldType::Editor;
+  switch (type->EditedBy()) {
+    case Editor::Texts:
+    case Editor::Numbers:
+      SetScalar(field, type->EditedBy() == Editor::Numbers, word, value);
+      break;
+    case Editor::YesNo:
       if (word != words::kYes && word != words::kNo) Reject(u"是 or 否");
       field.strFilter = field.strExtValue = Text(word);
       break;
-    case FieldType::Period:
+    case Editor::Periods:
       SetPeriod(field, word, value);
       break;
-    case FieldType::Date:
+    case Editor::Dates:
       field.strFilter = field.strExtValue = ToDateText(word);
       break;
-    case FieldType::Code:
+    case Editor::Codes:
       // By ids here; the filter dialog lets the user choose by code and name.
       field.strFilter = field.strCodeID = Text(rest);
       field.blnIsMuliCond = several;
-      field.strExtValue = Join(several ? u"1," : u"0,", rest);
+      field.strExtValue = ChoiceText(several, rest);
       break;
-    case FieldType::Enum: {
+    case Editor::Values: {
       field.strFilter = Text(rest);
-      field.strExtValue = several ? u"1," : u"0,";
-      bool more = false;
-      for (const TextView each : Split(rest, u",")) {
-        field.strExtValue.append(Join(more ? u",'" : u"'", TrimBlanks(each), u"'"));
-        more = true;
-      }
+      Text values;
+      for (const TextView each : Split(rest, u","))
+        values.append(Join(values.empty() ? u"'" : u",'", TrimBlanks(each), u"'"));
+      field.strExtValue = ChoiceText(several, values);
       break;
     }
-    default:
-      SetScalar(field, IsNumberType(*type), word, value);
   }
 }
 

@@ -8,7 +8,6 @@
 #include "demo/commands/FilterUsers.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/dialogs/CodeLists.h"
-#include "fetchkit/dialogs/Forms.h"
 #include "fetchkit/listset/ListSet.h"
 
 namespace fetchkit::demo {
@@ -25,11 +24,10 @@ class FilterDialogs : public testing::Test {
   ListSet& set() { return *session_.entry().ListSet(); }
 
   bool Show(FormView& view, std::int32_t viewId = 101) {
-    Forms forms(view);
-    SetFormHost(&forms);
+    SetFormView(&view);
     set().ViewId(viewId);
     const bool confirmed = set().ShowFilter(0);
-    SetFormHost(nullptr);
+    SetFormView(nullptr);
     return confirmed;
   }
 

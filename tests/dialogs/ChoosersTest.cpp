@@ -50,7 +50,7 @@ class Choosers : public testing::Test {
 };
 
 TEST_F(Choosers, ItemConditions) {
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 ids count whole¦code¦1,12¦13¦ok¦true¦1,12¦n1 n12
 quotes are not part of a value¦ENUM¦'c3','c2'¦3¦ok¦true¦'c2','c3'¦c2,c3
 none of the picker's ids¦CODE¦77,¦3¦ok¦true¦¦
@@ -98,7 +98,7 @@ TEST_F(Choosers, MultiChoose) {
                                                    {u"销售部", std::int32_t{2}, u"02"},
                                                    {u"部", std::int32_t{3}, u"1"},
                                                    {NullValue(), std::int32_t{4}, u"09"}}));
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 names in the order of the columns¦¦all right; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')¦财务部 01,销售部 02,部 1,09
 a part of another item counts¦(部&门='销售部 1')¦ok¦true¦(部&门='部 1')¦部 1
 own order¦财务部 01 销售部 02¦up 销售部 02; right 09; up 09; up 09; down 09; ok¦true¦(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')¦销售部 02,09,财务部 01
@@ -164,7 +164,7 @@ left open¦销售部 02¦all right¦false¦¦)");
 
 // Rights are asked for the named table and no other; they answer "all codes".
 TEST_F(Choosers, CodeListStatements) {
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 department¦Department¦SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC
 CUSTOMERTYPE¦CustomType¦SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC
 Class1¦Class1¦SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC

@@ -8,7 +8,6 @@
 
 #include "dialogs/Player.h"
 #include "fetchkit/base/Utf8.h"
-#include "fetchkit/dialogs/Forms.h"
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/session/model/Session.h"
 #include "support/FakeConnection.h"
@@ -73,7 +72,7 @@ class FilterDialog : public testing::Test {
     player_.filter = std::move(acts);
     player_.chooser = std::move(chooserActs);
     where_ = u"before";
-    return Forms(player_).ShowFilter(list_, where_, 0);
+    return frmFilter(session_, player_).ShowFilter(list_, where_, 0);
   }
 
   const FreshThread fresh_;
@@ -87,7 +86,7 @@ class FilterDialog : public testing::Test {
 // Each row begins with no condition, plays the acts and then OK. grid is
 // "caption|shown|type|machine form" of its only row, empty for none.
 TEST_F(FilterDialog, ActsBecomeRowsAndSql) {
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 node 名&称; pick 等于; from 张 三; leave from¦名&称|等于 张 三|string|张 三¦Name = '张 三'¦lxtOther txtFrom¦
 node 名&称; pick 不等于; from a; enter from¦名&称|不等于 a|string|a¦Name <> 'a'¦lxtOther txtFrom¦
 node 名&称; pick 打头字符为; from a; leave from¦名&称|打头字符为 a|string|a¦Name Like 'a%'¦lxtOther txtFrom¦
@@ -168,7 +167,7 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
 }
 
 TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 node 数量; pick 大于; from 12a; leave from¦from
 node 数量; pick 大于; from 12a; enter from¦from
 node 数量; pick 大于; from  ; leave from¦from
@@ -213,7 +212,7 @@ node 名&称; pick 介于; from b; to a; leave from¦to)");
 }
 
 TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
-  static const auto kRows = Table(R"(
+  static const auto kRows = Lines(R"(
 0¦介于 a,b¦a,b¦介于¦8¦a¦b
 0¦等于 空值 x¦空值 x¦等于¦4¦空值 x¦
 1¦零或空值¦¦零或空值¦1¦¦
@@ -365,24 +364,46 @@ TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
 
 TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {
   ListSet set;
+  list_.lngListID = 70;
   set.List(list_);
-  Forms forms(player_);
-  SetFormHost(&forms);
+  Text shown = u"before";
+  bool ok = true;
+  const ValueArray items{true, 0, {u"skipped", u"a", u"b"}};
+  const auto choose = [&] {
+    return set.ShowMultiChoose(nullptr, u"类", u"", shown, true, Value(items), ok, 8);
+  };
+  player_.filter = "node 数量; pick 大于; from 7; cancel";
+  player_.multi = "all right; cancel";
+  for (FormView* view : {static_cast<FormView*>(nullptr), static_cast<FormView*>(&player_)}) {
+    EXPECT_EQ(SetFormView(view), nullptr);
+    ok = true;
+    EXPECT_FALSE(set.ShowFilter(7));
+    EXPECT_EQ(choose(), u"");
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(shown, u"before");
+    EXPECT_EQ(set.List(), list_);
+    EXPECT_TRUE(host_->TakeSent().empty());
+  }
   player_.filter = "node 数量; pick 大于; from 7; ok";
-  EXPECT_TRUE(set.ShowFilter(0));
-  EXPECT_EQ(host_->TakeSent().size(), 1u) << "saved at once, in one block";
+  player_.multi = "all right; ok";
+  EXPECT_TRUE(set.ShowFilter(7));
+  EXPECT_EQ(player_.owner, 7);
+  EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
+  EXPECT_EQ(set.ListWhere(), u"1=1");
+  EXPECT_THAT(
+      host_->TakeSent(),
+      ElementsAre("execute: Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = 70;\n "
+                  "Delete  FROM ListMultiIDCond WHERE lngListID = 70;\nInsert into ListCond "
+                  "(lngListId,lngViewFieldID,strPath,strOthTableName,strDoubleOP,"
+                  "dbldouble1) Values (70,0,'数量',' ',2,7);\nEnd;"))
+      << "saved at once, in one block";
+  EXPECT_EQ(choose(), u"(类='a' 或 类='b')");
+  EXPECT_EQ(player_.owner, 8);
+  EXPECT_TRUE(ok);
+  EXPECT_EQ(shown, u"a,b");
   player_.filter = "clear; cancel";
   EXPECT_FALSE(set.ShowFilter(0));
   EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
-  EXPECT_EQ(set.ListWhere(), u"1=1");
-  Text shown;
-  bool ok = false;
-  player_.multi = "all right; ok";
-  ValueArray items{true, 0, {u"skipped", u"a", u"b"}};
-  EXPECT_EQ(set.ShowMultiChoose(nullptr, u"类", u"", shown, true, Value(items), ok, 0),
-            u"(类='a' 或 类='b')");
-  EXPECT_TRUE(ok);
-  EXPECT_EQ(shown, u"a,b");
 }
 
 // Random acts; whatever is played, one row per column, of the column's own type, and nothing of it

@@ -127,8 +127,9 @@ void Play(frmMultiChoose& form, std::string_view script) {
       });
 }
 
-void Player::ShowModal(frmFilter& form, std::int32_t) {
+void Player::ShowModal(frmFilter& form, std::int32_t hWndOwner) {
   ++shown;
+  owner = hWndOwner;
   Play(form, filter);
   if (onFilter) onFilter(form);
 }
@@ -139,22 +140,11 @@ void Player::ShowModal(frmFilterColumn& form, const frmFilter&) {
   Play(form, chooser);
 }
 
-void Player::ShowModal(frmMultiChoose& form, std::int32_t) {
+void Player::ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) {
   ++shown;
+  owner = hWndOwner;
   if (onMulti) onMulti(form);
   Play(form, multi);
-}
-
-std::vector<std::vector<std::string>> Table(std::string_view lines) {
-  std::vector<std::vector<std::string>> table;
-  const Text all = FromUtf8(lines);
-  for (const TextView line : Split(all, u"\n")) {
-    if (line.empty()) continue;
-    auto& row = table.emplace_back();
-    for (const TextView cell : Split(line, u"¦"))
-      row.push_back(ToUtf8(cell));
-  }
-  return table;
 }
 
 std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns) {

@@ -10,6 +10,7 @@
 #include "fetchkit/dialogs/frmFilter.h"
 #include "fetchkit/dialogs/frmFilterColumn.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
+#include "support/Lines.h"
 
 namespace fetchkit::test {
 
@@ -37,10 +38,8 @@ class Player : public FormView {
   std::function<void(frmFilterColumn&)> onChooser;  // before the acts
   std::function<void(frmMultiChoose&)> onMulti;     // before the acts
   int shown = 0;                                    // forms of all kinds
+  std::int32_t owner = -1;                          // the window that the last one was given
 };
-
-// The rows of a table: one per line, cells between "¦", blanks kept.
-std::vector<std::vector<std::string>> Table(std::string_view lines);
 
 // The rows of a grid: "cell|cell|..." per row, headers left out, by the named columns.
 std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns);

@@ -4,8 +4,9 @@
 
 #include <map>
 
-#include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/model/CodeConditions.h"
+#include "fetchkit/listset/model/FieldType.h"
+#include "support/Lines.h"
 
 namespace fetchkit::test {
 namespace {
@@ -64,141 +65,100 @@ ConditionContext Context() {
   return context;
 }
 
-struct RoundTrip {
-  const char* name;
-  const char16_t* type;
-  const char16_t* caption;
-  const char16_t* keyField;
-  const char16_t* filter;  // as the dialog leaves it
-  const char16_t* extValue;
-  const char16_t* codeIds;
-  const char* written;
-  const char16_t* filterBack;
-  const char16_t* extValueBack;
-  const char16_t* sql;
-};
-
-constexpr char16_t kNone[] = u"";
-
-const RoundTrip kRoundTrips[] = {
-    {"text equals", u"STRING", u"摘要", kNone, u"等于 v", u"v", kNone,
-     "strStringOp=1, strString1='v'", u"等于 v", u"v", u"c = 'v'"},
-    {"text equals on a code finds the codes below", u"STRING", u"科目编码", kNone, u"等于 v", u"v",
-     kNone, "strStringOp=1, strString1='v'", u"等于 v", u"v", u"(c = 'v' or c LIKE 'v-%')"},
-    {"a class goes by its own caption", u"STRING", u"车间编号", kNone, u"等于 v", u"v", kNone,
-     "strStringOp=1, strString1='v'", u"等于 v", u"v", u"(c = 'v' or c LIKE 'v-%')"},
-    {"full names do not descend", u"STRING", u"科目全称", kNone, u"等于 v", u"v", kNone,
-     "strStringOp=1, strString1='v'", u"等于 v", u"v", u"c = 'v'"},
-    {"other comparisons of codes do not descend", u"STRING", u"编码", kNone, u"大于等于 v", u"v",
-     kNone, "strStringOp=4, strString1='v'", u"大于等于 v", u"v", u"c >= 'v'"},
-    {"unlike", u"string", u"摘要", kNone, u"不等于 v w", u"v w", kNone,
-     "strStringOp=9, strString1='v w'", u"不等于 v w", u"v w", u"c <> 'v w'"},
-    {"begins with: a blank behind the quote", u"STRING", u"摘要", kNone, u"打头字符为 v", u"v",
-     kNone, "strStringOp=6, strString1='v'", u"打头字符为 v", u"v", u"c like 'v%' "},
-    {"contains", u"STRING", u"摘要", kNone, u"包含字符 v", u"v", kNone,
-     "strStringOp=7, strString1='v'", u"包含字符 v", u"v", u"c like '%v%'"},
-    {"similar", u"STRING", u"摘要", kNone, u"类似于 v", u"v", kNone,
-     "strStringOp=8, strString1='v'", u"类似于 v", u"v", u"(c like 'v%')"},
-    {"text between is stored as 10", u"STRING", u"摘要", kNone, u"介于 f,t", u"f,t", kNone,
-     "strStringOp=10, strString1='f', strString2='t'", u"介于 f,t", u"f,t",
-     u"(c > 'f' And c < 't')"},
-    {"no text", u"STRING", u"摘要", kNone, u"空值", u"", kNone, "strStringOp=11, strString1=''",
-     u"空值", u"", u"(c is NULL  or LTRIM(Rtrim(c)) Is Null)"},
-    {"number", u"DOUBLE", u"金额", kNone, u"大于 100.5", u"100.5", kNone,
-     "strDoubleOP=2, dbldouble1=100.5", u"大于 100.5", u"100.5", u"c > 100.5"},
-    {"number between is stored as 6", u"Long", u"数量", kNone, u"介于 5,9", u"5,9", kNone,
-     "strDoubleOP=6, dbldouble1=5, dbldouble2=9", u"介于 5,9", u"5,9", u"(c > 5 And c < 9)"},
-    {"zero or nothing is stored as 7", u"INTEGER", u"数量", kNone, u"零或空值", u"", kNone,
-     "strDoubleOP=7, dbldouble1=0", u"零或空值", u"", u" (c IS NULL OR c =0) "},
-    {"yes", u"BOOLEAN", u"过账", kNone, u"是", u"是", kNone, "blnBoolean=1", u"是", u"是",
-     u"c = '是'"},
-    {"no", u"BOOLEAN", u"过账", kNone, u"否", u"否", kNone, "blnBoolean=0", u"否", u"否",
-     u"c = '否'"},
-    {"a keyword gets its new range", u"PERIOD", u"日期", kNone, u"本月", u"2003-01-01,2003-01-31",
-     kNone, "strDateOp='6', dtmDate1='2003-01-01', dtmDate2='2003-01-31'", u"本月",
-     u"2004-03-01,2004-03-31", u"(c >='2004-03-01' And c <= '2004-03-31')"},
-    {"a keyword that has no range keeps its dates", u"PERIOD", u"日期", kNone, u"年初至本期",
-     u"2004-01-01,2004-03-31", kNone,
-     "strDateOp='24', dtmDate1='2004-01-01', dtmDate2='2004-03-31'", u"年初至本期",
-     u"2004-01-01,2004-03-31", u"(c >='2004-01-01' And c <= '2004-03-31')"},
-    {"custom range saves no code", u"PERIOD", u"日期", kNone, u"自定义 (2004-01-01,2004-02-29)",
-     u"2004-01-01,2004-02-29", kNone, "strDateOp='', dtmDate1='2004-01-01', dtmDate2='2004-02-29'",
-     u"自定义 (2004-01-01,2004-02-29)", u"2004-01-01,2004-02-29",
-     u"(c >='2004-01-01' And c <= '2004-02-29')"},
-    {"a keyword without a code reads back as its dates", u"PERIOD", u"日期", kNone, u"去年同期",
-     u"2003-03-01,2003-03-31", kNone, "strDateOp='', dtmDate1='2003-03-01', dtmDate2='2003-03-31'",
-     u"自定义 (2003-03-01,2003-03-31)", u"2003-03-01,2003-03-31",
-     u"(c >='2003-03-01' And c <= '2003-03-31')"},
-    {"all dates are no condition", u"PERIOD", u"日期", kNone, u"所有", u"", kNone,
-     "strDateOp='18', dtmDate1='', dtmDate2=''", u"", u"", u""},
-    {"date", u"DATE", u"日期", kNone, u"2004-03-17", u"2004-03-17", kNone,
-     "strDateOp='0', dtmDate1='2004-03-17'", u"2004-03-17", u"2004-03-17", u"c = '2004-03-17'"},
-    {"one code", u"CODE", u"部门", u"Department", u"财务部", u"0,12", u"12", "blnIsMuliCond=0",
-     u"财务部", u"0,12", u"T.lngDepartmentID IN (12)"},
-    {"several codes", u"CODE", u"统计", u"CLASS1", u"甲 乙", u"1,12,15", u"12,15",
-     "blnIsMuliCond=1", u"甲 乙", u"1,12,15", u"T.lngCLASSID IN (12,15)"},
-    {"code without ids", u"CODE", u"部门", u"DEPARTMENT", u"财务部", u"0,", u"", "blnIsMuliCond=0",
-     u"财务部", u"0,", u""},
-    {"flexible field", u"CODE", u"智能字段", u"FLEXIBLEFIELD07", u"甲", u"0,3", u"3",
-     "blnIsMuliCond=0", u"甲", u"0,3", u"T.lngFieldID IN (3)"},
-    {"manufacturing table", u"CODE", u"工艺", u"mmRoute", u"甲", u"0,3", u"3", "blnIsMuliCond=0",
-     u"甲", u"0,3", u"T.lngRouteID IN (3)"},
-    {"fixed word of the accounts", u"CODE", u"科目", u"ACCOUNT", u"现金", u"0,现金", u"现金",
-     "blnIsMuliCond=0", u"现金", u"0,现金", u"T.lngAccountNatureID=1"},
-    {"one value", u"ENUM", u"状态", kNone, u"已审", u"0,'3'", kNone,
-     "strString1='已审', strString2='''3'''", u"已审", u"0,'3'", u"c in ('3')"},
-    {"several values", u"ENUM", u"状态", kNone, u"已审,已记", u"1,'3','4'", kNone,
-     "strString1='已审,已记', strString2='''3'',''4'''", u"已审,已记", u"1,'3','4'",
-     u"c in ('3','4')"},
-    {"a list that holds its own mark is taken as it is", u"ENUM", u"状态", kNone, u"已审", u"0,0,3",
-     kNone, "strString1='已审', strString2='0,3'", u"已审", u"0,3", u"c in (3)"},
-    {"flags of the auxiliary accounting", u"ENUM", u"辅助核算", kNone, u"单位,部门",
-     u"1,'单位','部门'", kNone, "strString1='单位,部门', strString2='''单位'',''部门'''",
-     u"单位,部门", u"1,'单位','部门'", u"(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )"},
-    {"a value without a flag", u"ENUM", u"辅助核算", kNone, u"其它", u"0,'其它'", kNone,
-     "strString1='其它', strString2='''其它'''", u"其它", u"0,'其它'", u" 1>2 "},
-    {"unknown type", u"BLOB", u"其它", kNone, u"等于 v", u"v", kNone, "", u"等于 v", u"v", u""},
-    {"unknown word", u"LONG", u"数量", kNone, u"大概 5", u"5", kNone, "strDoubleOP=, dbldouble1=5",
-     u"", u"", u""},
-};
-
+// Type, caption, keyword, shown and machine form as the dialog leaves them, ids; the columns that
+// are written; shown form, machine form and SQL that are read back, "=" for a form that is the
+// same.
 TEST(ConditionText, RoundTripOfEveryKind) {
-  for (const RoundTrip& row : kRoundTrips) {
-    SCOPED_TRACE(row.name);
+  static const auto kRows = Lines(R"(
+text equals¦STRING¦摘要¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦c = 'v'
+text equals on a code finds the codes below¦STRING¦科目编码¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦(c = 'v' or c LIKE 'v-%')
+a class goes by its own caption¦STRING¦车间编号¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦(c = 'v' or c LIKE 'v-%')
+full names do not descend¦STRING¦科目全称¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦c = 'v'
+other comparisons of codes do not descend¦STRING¦编码¦¦大于等于 v¦v¦¦strStringOp=4, strString1='v'¦=¦=¦c >= 'v'
+unlike¦string¦摘要¦¦不等于 v w¦v w¦¦strStringOp=9, strString1='v w'¦=¦=¦c <> 'v w'
+begins with: a blank behind the quote¦STRING¦摘要¦¦打头字符为 v¦v¦¦strStringOp=6, strString1='v'¦=¦=¦c like 'v%' 
+contains¦STRING¦摘要¦¦包含字符 v¦v¦¦strStringOp=7, strString1='v'¦=¦=¦c like '%v%'
+similar¦STRING¦摘要¦¦类似于 v¦v¦¦strStringOp=8, strString1='v'¦=¦=¦(c like 'v%')
+text between is stored as 10¦STRING¦摘要¦¦介于 f,t¦f,t¦¦strStringOp=10, strString1='f', strString2='t'¦=¦=¦(c > 'f' And c < 't')
+no text¦STRING¦摘要¦¦空值¦¦¦strStringOp=11, strString1=''¦=¦=¦(c is NULL  or LTRIM(Rtrim(c)) Is Null)
+number¦DOUBLE¦金额¦¦大于 100.5¦100.5¦¦strDoubleOP=2, dbldouble1=100.5¦=¦=¦c > 100.5
+number between is stored as 6¦Long¦数量¦¦介于 5,9¦5,9¦¦strDoubleOP=6, dbldouble1=5, dbldouble2=9¦=¦=¦(c > 5 And c < 9)
+zero or nothing is stored as 7¦INTEGER¦数量¦¦零或空值¦¦¦strDoubleOP=7, dbldouble1=0¦=¦=¦ (c IS NULL OR c =0) 
+yes¦BOOLEAN¦过账¦¦是¦是¦¦blnBoolean=1¦=¦=¦c = '是'
+no¦BOOLEAN¦过账¦¦否¦否¦¦blnBoolean=0¦=¦=¦c = '否'
+a keyword gets its new range¦PERIOD¦日期¦¦本月¦2003-01-01,2003-01-31¦¦strDateOp='6', dtmDate1='2003-01-01', dtmDate2='2003-01-31'¦=¦2004-03-01,2004-03-31¦(c >='2004-03-01' And c <= '2004-03-31')
+a keyword that has no range keeps its dates¦PERIOD¦日期¦¦年初至本期¦2004-01-01,2004-03-31¦¦strDateOp='24', dtmDate1='2004-01-01', dtmDate2='2004-03-31'¦=¦=¦(c >='2004-01-01' And c <= '2004-03-31')
+custom range saves no code¦PERIOD¦日期¦¦自定义 (2004-01-01,2004-02-29)¦2004-01-01,2004-02-29¦¦strDateOp='', dtmDate1='2004-01-01', dtmDate2='2004-02-29'¦=¦=¦(c >='2004-01-01' And c <= '2004-02-29')
+a keyword without a code reads back as its dates¦PERIOD¦日期¦¦去年同期¦2003-03-01,2003-03-31¦¦strDateOp='', dtmDate1='2003-03-01', dtmDate2='2003-03-31'¦自定义 (2003-03-01,2003-03-31)¦=¦(c >='2003-03-01' And c <= '2003-03-31')
+all dates are no condition¦PERIOD¦日期¦¦所有¦¦¦strDateOp='18', dtmDate1='', dtmDate2=''¦¦=¦
+date¦DATE¦日期¦¦2004-03-17¦2004-03-17¦¦strDateOp='0', dtmDate1='2004-03-17'¦=¦=¦c = '2004-03-17'
+one code¦CODE¦部门¦Department¦财务部¦0,12¦12¦blnIsMuliCond=0¦=¦=¦T.lngDepartmentID IN (12)
+several codes¦CODE¦统计¦CLASS1¦甲 乙¦1,12,15¦12,15¦blnIsMuliCond=1¦=¦=¦T.lngCLASSID IN (12,15)
+code without ids¦CODE¦部门¦DEPARTMENT¦财务部¦0,¦¦blnIsMuliCond=0¦=¦=¦
+flexible field¦CODE¦智能字段¦FLEXIBLEFIELD07¦甲¦0,3¦3¦blnIsMuliCond=0¦=¦=¦T.lngFieldID IN (3)
+manufacturing table¦CODE¦工艺¦mmRoute¦甲¦0,3¦3¦blnIsMuliCond=0¦=¦=¦T.lngRouteID IN (3)
+fixed word of the accounts¦CODE¦科目¦ACCOUNT¦现金¦0,现金¦现金¦blnIsMuliCond=0¦=¦=¦T.lngAccountNatureID=1
+one value¦ENUM¦状态¦¦已审¦0,'3'¦¦strString1='已审', strString2='''3'''¦=¦=¦c in ('3')
+several values¦ENUM¦状态¦¦已审,已记¦1,'3','4'¦¦strString1='已审,已记', strString2='''3'',''4'''¦=¦=¦c in ('3','4')
+a list that holds its own mark is taken as it is¦ENUM¦状态¦¦已审¦0,0,3¦¦strString1='已审', strString2='0,3'¦=¦0,3¦c in (3)
+flags of the auxiliary accounting¦ENUM¦辅助核算¦¦单位,部门¦1,'单位','部门'¦¦strString1='单位,部门', strString2='''单位'',''部门'''¦=¦=¦(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )
+a value without a flag¦ENUM¦辅助核算¦¦其它¦0,'其它'¦¦strString1='其它', strString2='''其它'''¦=¦=¦ 1>2 
+unknown type¦BLOB¦其它¦¦等于 v¦v¦¦¦=¦=¦
+unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)");
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0]);
     ListFieldType field;
-    field.strFieldType = row.type;
-    field.strListFieldDesc = row.caption;
-    field.strKeyField = row.keyField;
     field.strFieldName = u"c";
     field.strTableName = u"T";
-    field.strFilter = row.filter;
-    field.strExtValue = row.extValue;
-    field.strCodeID = row.codeIds;
-    EXPECT_EQ(Written(field), row.written);
+    Text* const given[] = {&field.strFieldType, &field.strListFieldDesc, &field.strKeyField,
+                           &field.strFilter,    &field.strExtValue,      &field.strCodeID};
+    for (std::size_t i = 0; i < std::size(given); ++i)
+      *given[i] = FromUtf8(row[i + 1]);
+    EXPECT_EQ(Written(field), row[7]);
     const Text sql = RestoreCondition(ReadBack(field), Context(), field);
-    EXPECT_EQ(ToUtf8(sql), ToUtf8(row.sql));
-    EXPECT_EQ(ToUtf8(field.strFilter), ToUtf8(row.filterBack));
-    EXPECT_EQ(ToUtf8(field.strExtValue), ToUtf8(row.extValueBack));
-    EXPECT_EQ(ToUtf8(field.strCodeID), ToUtf8(row.codeIds));
-    EXPECT_EQ(field.blnIsMuliCond, row.extValue[0] == u'1' && Text(row.type) == u"CODE");
+    EXPECT_EQ(ToUtf8(sql), row[10]);
+    EXPECT_EQ(ToUtf8(field.strFilter), row[8] == "=" ? row[4] : row[8]);
+    EXPECT_EQ(ToUtf8(field.strExtValue), row[9] == "=" ? row[5] : row[9]);
+    EXPECT_EQ(ToUtf8(field.strCodeID), row[6]);
+    EXPECT_EQ(field.blnIsMuliCond, row[1] == "CODE" && row[5][0] == '1');
   }
 }
 
-TEST(ConditionText, WordsAndCodes) {
-  EXPECT_EQ(CondStrToNum(u"介于"), u"6");
-  EXPECT_EQ(CondStrToNum(u"零或空值"), u"7");
-  EXPECT_EQ(CondStrToNum(u"空值"), u"11");
-  EXPECT_EQ(CondStrToNum(u"本月下旬"), u"22");
-  EXPECT_EQ(CondStrToNum(u"去年同期"), u"");
-  EXPECT_EQ(CondStrToNum(u"等于 "), u"") << "words are compared whole";
-  EXPECT_EQ(CondStrToNum(u""), u"");
-  EXPECT_EQ(OperatorWordOf(u" 大于 5 "), u"大于");
-  EXPECT_EQ(OperatorWordOf(u"零或空值"), u"零或空值");
-  EXPECT_EQ(OperatorWordOf(u"等于 空值 x"), u"等于 空值 x") << "the word anywhere takes it all";
+// The operator word as it is stored, filtered by and shown again.
+TEST(ConditionText, ThreeRulesForTheWord) {
+  static const auto kRows = Lines(R"(
+等于 a b¦等于¦等于¦等于
+ 大于 5 ¦大于¦¦
+零或空值¦零或空值¦零或空值¦零或空值
+空值 ¦空值¦空值¦空值
+等于 空值 x¦等于 空值 x¦等于¦等于
+等于¦等于¦¦等于)");
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row[0]);
+    const Text text = FromUtf8(row[0]);
+    EXPECT_EQ(ToUtf8(WordToStore(text)), row[1]);
+    EXPECT_EQ(ToUtf8(WordToFilterBy(text)), row[2]);
+    EXPECT_EQ(ToUtf8(WordToShow(text)), row[3]);
+  }
+}
+
+TEST(ConditionText, CodesAndMachineForms) {
+  static const auto kRows = Lines(R"(
+介于¦6
+零或空值¦7
+空值¦11
+本月下旬¦22
+去年同期¦
+等于 ¦
+¦)");
+  for (const auto& row : kRows)
+    EXPECT_EQ(ToUtf8(CondStrToNum(FromUtf8(row[0]))), row[1]) << row[0] << ": compared whole";
   EXPECT_EQ(SecondValueOf(u"a,b,c"), u"b,c");
   EXPECT_EQ(SecondValueOf(u"a"), u"");
   EXPECT_EQ(ConditionRowText(u"大于", u"5"), u"大于 5");
   EXPECT_EQ(ConditionRowText(u"空值", u"5"), u"空值");
+  EXPECT_EQ(ReadChoice(u"2,5").mark, u"2") << "stored as it stands";
+  EXPECT_EQ(ReadChoice(u"1").items, u"");
 }
 
 Text Ids(int count) {
@@ -233,29 +193,21 @@ TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
 }
 
 TEST(CodeConditions, SpecialTables) {
-  const struct {
-    const char* name;
-    TextView keyword, ids;
-    const char16_t* expected;  // null: plain ids
-  } kRows[] = {
-      {"level", u"Account", u"一级科目", u"T.intLevel=1"},
-      {"plain ids of accounts", u"ACCOUNT", u"3,4", nullptr},
-      {"customers", u"CUSTOMER", u"客户", u"T.strCategory='2'"},
-      {"other customers", u"CUSTOMER", u"散户", u"T.strCategory='0'"},
-      {"plain ids of customers", u"CUSTOMER", u"5", nullptr},
-      {"currency ids", u"CURRENCYS", u"1,2", u"T.lngCurrencyID IN(1,2)"},
-      {"currency codes", u"CURRENCYS", u"RMB,USD", u"c in ('RMB','USD')"},
-      {"natural currency", u"CURRENCYS", u"本位币", u"T.lngCurrencyID IN(7)"},
-      {"no operator", u"OPERATOR", u"'空值'", u"T.lngOperatorID IS NULL"},
-      {"another table", u"DEPARTMENT", u"现金", nullptr},
-  };
+  // The condition is "-" for plain ids.
+  static const auto kRows = Lines(R"(
+Account¦一级科目¦T.intLevel=1
+ACCOUNT¦3,4¦-
+CUSTOMER¦客户¦T.strCategory='2'
+CUSTOMER¦散户¦T.strCategory='0'
+CUSTOMER¦5¦-
+CURRENCYS¦1,2¦T.lngCurrencyID IN(1,2)
+CURRENCYS¦RMB,USD¦c in ('RMB','USD')
+CURRENCYS¦本位币¦T.lngCurrencyID IN(7)
+OPERATOR¦'空值'¦T.lngOperatorID IS NULL
+DEPARTMENT¦现金¦-)");
   for (const auto& row : kRows) {
-    const auto sql = FixedCodeCondition(u"T", u"c", row.keyword, row.ids, 7);
-    if (row.expected == nullptr) {
-      EXPECT_FALSE(sql) << row.name;
-    } else {
-      EXPECT_EQ(sql, Text(row.expected)) << row.name;
-    }
+    const auto sql = FixedCodeCondition(u"T", u"c", FromUtf8(row[0]), FromUtf8(row[1]), 7);
+    EXPECT_EQ(ToUtf8(sql.value_or(u"-")), row[2]) << row[0] << " " << row[1];
   }
   EXPECT_EQ(CodeCondition(u"T", u"AssetType", u"5-1", u"AssetType"),
             u"T.lngAssetTypeID = 5 And T.lngAssetKindID=1");

@@ -3,10 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/session/model/Session.h"
 #include "support/FakeConnection.h"
+#include "support/Lines.h"
+#include "support/Table.h"
 
 namespace fetchkit::test {
 namespace {
@@ -60,31 +64,39 @@ struct FieldRow {
 };
 
 Answer FieldRows(const std::vector<FieldRow>& rows) {
-  std::vector<Text> columns = {
-      u"lngViewFieldID",  u"strViewFieldDesc", u"strFieldType",   u"lngListFieldID",
-      u"strBiaTableName", u"lngListFieldNO1",  u"lngViewFieldNO", u"bytHead",
-      u"bytFieldSize",    u"blnIsMust",        u"blnIsPrep",      u"strKeyField",
-      u"bytPrepOrder",    u"strTableName",     u"strFieldName",   u"bytFieldDec",
-      u"blnIsFilter",     u"blnIsChoose",      u"blnIsFixed",     u"blnIsFind",
-      u"blnIsNotList",    u"blnIsFilt",        u"bytFormat",      u"blnNotZero",
-      u"blnIsChoosed1",   u"lngdisplaywidth",  u"bytSort1",       u"Strpath",
-      u"Strstringop",     u"Strstring1",       u"Strstring2",     u"Strdateop",
-      u"Dtmdate1",        u"Dtmdate2",         u"Strdoubleop",    u"Dbldouble1",
-      u"Dbldouble2",      u"Blnismulicond",    u"Blnboolean",     u"Strcodeid",
-      u"Strkeyname"};
-  Answer answer{Answer::Kind::Rows, columns, {}};
+  static const Text kColumns =
+      u"lngViewFieldID strViewFieldDesc strFieldType lngListFieldID strBiaTableName "
+      u"lngListFieldNO1 lngViewFieldNO bytHead bytFieldSize blnIsMust blnIsPrep strKeyField "
+      u"bytPrepOrder strTableName strFieldName bytFieldDec blnIsFilter blnIsChoose blnIsFixed "
+      u"blnIsFind blnIsNotList blnIsFilt bytFormat blnNotZero blnIsChoosed1 lngdisplaywidth "
+      u"bytSort1 Strpath Strstringop Strstring1 Strstring2 Strdateop Dtmdate1 Dtmdate2 "
+      u"Strdoubleop Dbldouble1 Dbldouble2 Blnismulicond Blnboolean Strcodeid Strkeyname";
+  const auto names = Split(kColumns, u" ");
+  Answer answer{Answer::Kind::Rows, {names.begin(), names.end()}, {}};
   for (const FieldRow& row : rows) {
-    std::vector<Value> values(columns.size(), kNull);
+    auto& values = answer.rows.emplace_back(names.size(), kNull);
     values[0] = row.id;
     values[1] = row.caption;
     values[2] = row.type;
-    for (const auto& [name, value] : row.others) {
-      const auto at = std::find(columns.begin(), columns.end(), name) - columns.begin();
-      values.at(static_cast<std::size_t>(at)) = value;
-    }
-    answer.rows.push_back(std::move(values));
+    for (const auto& [name, value] : row.others)
+      values.at(static_cast<std::size_t>(std::find(names.begin(), names.end(), name) -
+                                         names.begin())) = value;
   }
   return answer;
+}
+
+// Answers whatever is executed.
+const Answer* Done(TextView) {
+  static const Answer done;
+  return &done;
+}
+
+// The statements sent since the last call, without the words in front.
+std::vector<std::string> SentTo(FakeConnection& host) {
+  auto sent = host.TakeSent();
+  for (std::string& statement : sent)
+    statement.erase(0, statement.find(": ") + 2);
+  return sent;
 }
 
 class Lists : public testing::Test {
@@ -106,13 +118,7 @@ class Lists : public testing::Test {
     host_->On(kClass2Statement, Rows({u"strSetting"}, {}));
   }
 
-  // The statements since the last call, without the words in front.
-  std::vector<std::string> Sent() {
-    auto sent = host_->TakeSent();
-    for (std::string& statement : sent)
-      statement.erase(0, statement.find(": ") + 2);
-    return sent;
-  }
+  std::vector<std::string> Sent() { return SentTo(*host_); }
 
   FreshThread thread_;
   RecordingSink sink_;
@@ -228,50 +234,40 @@ TEST_F(Lists, ConditionsOfRepeatedRowsAreRestoredOnceAndJoined) {
 }
 
 TEST_F(Lists, FailingStatementsOfLoading) {
-  const struct {
-    const char* name;
-    Text statement;
-    Answer answer;
-    std::size_t fields;
-    std::int32_t listId;
-    const char16_t* viewName;
-  } kRows[] = {
-      {"view refused", kViewStatement, Refused(), 1, 70, u"old"},
-      {"view raises", kViewStatement, Throws(), 1, 70, u"old"},
-      {"list refused", kListStatement, Refused(), 1, 9, u"凭证"},
-      {"list raises", kListStatement, Throws(), 1, 9, u"凭证"},
-      {"fields refused: the columns stay", kFieldStatement, Refused(), 2, 70, u"凭证"},
-      {"fields raise", kFieldStatement, Throws(), 2, 70, u"凭证"},
-      {"a row is lost: what was read stands", kFieldStatement,
-       [] {
-         Answer answer = FieldRows({{1, u"a"}, {2, u"b"}, {3, u"c"}});
-         answer.throwAtRow = 1;
-         return answer;
-       }(),
-       1, 70, u"凭证"},
-  };
   const Answer good[] = {Rows({u"strViewName", u"strViewSQL", u"strCurTable", u"StrViewWhere"},
                               {{u"凭证", u"Voucher", u"Voucher", u"1=1"}}),
                          Rows({u"lngListID"}, {{std::int32_t{70}}}), FieldRows({{1, u"a"}})};
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
-    host_->On(kViewStatement, good[0]);
-    host_->On(kListStatement, good[1]);
-    host_->On(kFieldStatement, good[2]);
-    host_->On(row.statement, row.answer);
-    ListType before;
-    before.strViewName = u"old";
-    before.lngListID = 9;
-    before.ListField.resize(2);
-    set_.List(before);
-    sink_.failures.clear();
-    set_.ViewId(5);
-    EXPECT_EQ(set_.List().ListField.size(), row.fields);
-    EXPECT_EQ(set_.List().lngListID, row.listId);
-    EXPECT_EQ(set_.List().strViewName, row.viewName);
-    EXPECT_TRUE(std::any_of(sink_.failures.begin(), sink_.failures.end(),
-                            [&](const Failure& f) { return f.statement == row.statement; }));
-  }
+  Answer breaking = FieldRows({{1, u"a"}, {2, u"b"}, {3, u"c"}});
+  breaking.throwAtRow = 1;
+  Answer lacking = good[2];
+  lacking.columns.back() = u"other";
+  using Way = Table<Text, std::vector<Answer>, std::size_t, std::int32_t, const char16_t*>;
+  Way{{"view", kViewStatement, {Refused(), Throws()}, 1, 70, u"old"},
+      {"list", kListStatement, {Refused(), Throws()}, 1, 9, u"凭证"},
+      {"fields: the columns stay", kFieldStatement, {Refused(), Throws()}, 2, 70, u"凭证"},
+      {"a row is lost: what was read stands", kFieldStatement, {breaking}, 1, 70, u"凭证"},
+      {"a column is missing", kFieldStatement, {lacking}, 0, 70, u"凭证"}}
+      .Check([&](const Text& statement, const std::vector<Answer>& answers, std::size_t fields,
+                 std::int32_t listId, const char16_t* viewName) {
+        for (const Answer& answer : answers) {
+          host_->On(kViewStatement, good[0]);
+          host_->On(kListStatement, good[1]);
+          host_->On(kFieldStatement, good[2]);
+          host_->On(statement, answer);
+          ListType before;
+          before.strViewName = u"old";
+          before.lngListID = 9;
+          before.ListField.resize(2);
+          set_.List(before);
+          sink_.failures.clear();
+          set_.ViewId(5);
+          EXPECT_EQ(set_.List().ListField.size(), fields);
+          EXPECT_EQ(set_.List().lngListID, listId);
+          EXPECT_EQ(set_.List().strViewName, viewName);
+          EXPECT_TRUE(std::any_of(sink_.failures.begin(), sink_.failures.end(),
+                                  [&](const Failure& f) { return f.statement == statement; }));
+        }
+      });
 }
 
 ListFieldType Field(const char16_t* type, const char16_t* caption, const char16_t* filter,
@@ -316,113 +312,86 @@ TEST_F(Lists, ConditionsAreWrittenInOneBlock) {
       "(lngListId,lngViewFieldID,strPath,strOthTableName,strString1,strString2) Values "
       "(70,11,'状态',' ','已审','''3''');\n"
       "End;";
-  host_->fallback = [](TextView) {
-    static const Answer done;
-    return &done;
-  };
+  host_->fallback = Done;
   set_.SaveList();
   EXPECT_THAT(host_->TakeSent(),
               ElementsAre("execute: UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =70",
                           "execute: " + block));
 }
 
-// A new list of two saved fields and one that is not, each statement failing in turn.
+// A new list of two saved fields and one that is not, each statement failing in turn. A statement
+// stands for itself by its letter.
 TEST_F(Lists, NewListAndItsFailures) {
-  const std::vector<std::string> kAll = {
-      "SELECT List_SEQ.NEXTVAL As lngId FROM DUAL",
-      "Insert Into List "
-      "(lngViewID,strOtherKey,strListName,lngOperatorID,lngListID,lngOrganizationID) Values (5,' "
-      "','凭证',3,71,20)",
-      "SELECT ListField_SEQ.NEXTVAL As lngId FROM DUAL",
-      "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,lngListFieldID) "
-      "Values (71,'a',0,1,701)",
-      "SELECT ListField_SEQ.NEXTVAL As lngId FROM DUAL",
-      "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,lngListFieldID) "
-      "Values (71,'c',0,3,701)",
-      "UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =71",
-      "Update ListField Set "
-      "lngListFieldNO=4,strListFieldDesc='a',lngDisplayWidth=100,bytSort=1,blnIsChoosed=1 Where "
-      "lngListFieldID=701",
-      "Update ListField Set "
-      "lngListFieldNO=0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1 Where "
-      "lngListFieldID=701",
-      "Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = 71;\n Delete  FROM "
-      "ListMultiIDCond WHERE lngListID = 71;\nEnd;",
+  const std::string update = "Update ListField Set lngListFieldNO=";
+  const std::string nothing = "0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1";
+  const auto block = [](const std::string& id) {
+    return "Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = " + id +
+           ";\n Delete  FROM ListMultiIDCond WHERE lngListID = " + id + ";\nEnd;";
   };
-  std::string zeroBlock = kAll[9];
-  for (std::size_t at; (at = zeroBlock.find("71")) != std::string::npos;)
-    zeroBlock.replace(at, 2, "0");
-  const auto only = [&](std::vector<std::size_t> which) {
-    std::vector<std::string> some;
-    for (const std::size_t i : which)
-      some.push_back(kAll[i]);
-    return some;
+  const std::map<char, std::string> statements = {
+      {'i', "SELECT List_SEQ.NEXTVAL As lngId FROM DUAL"},
+      {'L',
+       "Insert Into List "
+       "(lngViewID,strOtherKey,strListName,lngOperatorID,lngListID,lngOrganizationID) Values "
+       "(5,' ','凭证',3,71,20)"},
+      {'f', "SELECT ListField_SEQ.NEXTVAL As lngId FROM DUAL"},
+      {'A',
+       "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,"
+       "lngListFieldID) Values (71,'a',0,1,701)"},
+      {'C',
+       "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,"
+       "lngListFieldID) Values (71,'c',0,3,701)"},
+      {'u', "UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =71"},
+      {'a', update + "4,strListFieldDesc='a',lngDisplayWidth=100,bytSort=1,blnIsChoosed=1 Where "
+                     "lngListFieldID=701"},
+      {'c', update + nothing + " Where lngListFieldID=701"},
+      {'0', update + nothing + " Where lngListFieldID=0"},
+      {'B', block("71")},
+      {'b', block("0")},
   };
-  const struct {
-    const char* name;
-    int failing;  // index into kAll, -1: none
-    std::vector<std::string> sent;
-    std::int32_t listId;
-  } kRows[] = {
-      {"nothing fails", -1, kAll, 71},
-      {"list row", 1, {kAll[0], kAll[1], zeroBlock}, 0},
-      {"first field row: the rest gets none, the settings are still written", 3,
-       [&] {
-         auto sent = only({0, 1, 2, 3, 6, 7});
-         sent.push_back(
-             "Update ListField Set "
-             "lngListFieldNO=0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1 "
-             "Where lngListFieldID=0");
-         sent.push_back(kAll[9]);
-         return sent;
-       }(),
+  // What fails, what is sent then, and the list's id.
+  Table<char, std::string, std::string, std::int32_t>{
+      {"nothing", 'x', "iLfAfCuacB", "iLfAfCuacB", 71},
+      {"list row", 'L', "iLb", "iLb", 0},
+      {"first field row: the rest gets none, settings are written", 'A', "iLfAua0B", "iLfAua0B",
        71},
-      {"clearing the chosen marks", 6, only({0, 1, 2, 3, 4, 5, 6, 9}), 71},
-      {"one field's settings", 7, kAll, 71},
-  };
-  for (const auto& row : kRows) {
-    for (const bool throws : {false, true}) {
-      SCOPED_TRACE(row.name);
-      ListType list;
-      list.lngViewID = 5;
-      list.strListName = u"凭证";
-      list.ListField.resize(3);
-      list.ListField[0].blnIsChoose = list.ListField[2].blnIsMust = true;
-      list.ListField[0].lngViewFieldID = 1;
-      list.ListField[0].strListFieldDesc = u"a";
-      list.ListField[0].lngListFieldNO = 4;
-      list.ListField[0].lngDisplayWidth = 100;
-      list.ListField[0].bytSort = 1;
-      list.ListField[2].lngViewFieldID = 3;
-      list.ListField[2].strListFieldDesc = u"c";
-      set_.List(list);
-      auto host = std::make_shared<FakeConnection>();
-      MAction::CurrentSession().Connection = host;
-      host->fallback = [](TextView) {
-        static const Answer done;
-        return &done;
-      };
-      host->On(FromUtf8(kAll[0]), Rows({u"lngID"}, {{std::int32_t{71}}}));
-      host->On(FromUtf8(kAll[2]), Rows({u"lngID"}, {{std::int32_t{701}}}));
-      if (row.failing >= 0)
-        host->On(FromUtf8(kAll[static_cast<std::size_t>(row.failing)]),
-                 throws ? Throws() : Refused());
-      // A settings statement that raises ends that step; one that is refused does not.
-      const bool shorter = throws && row.failing == 7;
-      set_.SaveList();
-      auto sent = host->TakeSent();
-      for (std::string& statement : sent)
-        statement.erase(0, statement.find(": ") + 2);
-      EXPECT_EQ(sent, shorter ? only({0, 1, 2, 3, 4, 5, 6, 7, 9}) : row.sent);
-      EXPECT_EQ(set_.List().lngListID, row.listId);
-      if (row.listId != 0) {
-        set_.SaveList();
-        EXPECT_EQ(host->TakeSent().front(),
-                  "execute: UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =71")
-            << "a second save updates";
-      }
-    }
+      {"clearing the chosen marks", 'u', "iLfAfCuB", "iLfAfCuB", 71},
+      {"one field's settings end that step by raising alone", 'a', "iLfAfCuacB", "iLfAfCuaB", 71},
   }
+      .Check([&](char failing, const std::string& refused, const std::string& raised,
+                 std::int32_t listId) {
+        for (const bool raises : {false, true}) {
+          ListType list;
+          list.lngViewID = 5;
+          list.strListName = u"凭证";
+          list.ListField.resize(3);
+          list.ListField[0].blnIsChoose = list.ListField[2].blnIsMust = true;
+          list.ListField[0].lngViewFieldID = 1;
+          list.ListField[0].strListFieldDesc = u"a";
+          list.ListField[0].lngListFieldNO = 4;
+          list.ListField[0].lngDisplayWidth = 100;
+          list.ListField[0].bytSort = 1;
+          list.ListField[2].lngViewFieldID = 3;
+          list.ListField[2].strListFieldDesc = u"c";
+          set_.List(list);
+          auto host = std::make_shared<FakeConnection>();
+          MAction::CurrentSession().Connection = host;
+          host->fallback = Done;
+          host->On(FromUtf8(statements.at('i')), Rows({u"lngID"}, {{std::int32_t{71}}}));
+          host->On(FromUtf8(statements.at('f')), Rows({u"lngID"}, {{std::int32_t{701}}}));
+          if (statements.count(failing) != 0)
+            host->On(FromUtf8(statements.at(failing)), raises ? Throws() : Refused());
+          set_.SaveList();
+          std::vector<std::string> expected;
+          for (const char each : raises ? raised : refused)
+            expected.push_back(statements.at(each));
+          EXPECT_EQ(SentTo(*host), expected);
+          EXPECT_EQ(set_.List().lngListID, listId);
+          if (listId == 0) continue;
+          set_.SaveList();
+          EXPECT_EQ(SentTo(*host).front(), statements.at('u')) << "a second save updates";
+        }
+      });
 }
 
 TEST_F(Lists, CopiesAreDeep) {
@@ -435,93 +404,23 @@ TEST_F(Lists, CopiesAreDeep) {
   EXPECT_EQ(set_.List().ListField[0].strFilter, u"");
 }
 
-// Answers for the user.
-class FakeForms : public FormHost {
- public:
-  bool ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner) override {
-    owner = hWndOwner;
-    list.ListField[0].strFilter = u"大于 5";
-    list.ListField[0].strExtValue = u"5";
-    where = u"c > 5";
-    return confirmed;
-  }
-  MultiChooseResult ShowMultiChoose(const MultiChooseRequest& request) override {
-    return {confirmed, Join(u"(", request.strCodeName, u"='x')"), u"x"};
-  }
-  bool confirmed = true;
-  std::int32_t owner = -1;
-};
-
-TEST_F(Lists, DialogsAnswerThroughTheFormHost) {
-  ListType list;
-  list.lngListID = 70;
-  list.strListWhere = u"1=1";
-  list.ListField = {Field(u"LONG", u"数量", u"", u"")};
-  set_.List(list);
-  Text shown = u"before";
-  bool ok = true;
-  EXPECT_FALSE(set_.ShowFilter(0));
-  EXPECT_EQ(set_.ShowMultiChoose(nullptr, u"部门", u"", shown, false, Value(), ok, 0), u"");
-  EXPECT_FALSE(ok);
-
-  FakeForms forms;
-  SetFormHost(&forms);
-  forms.confirmed = false;
-  EXPECT_FALSE(set_.ShowFilter(7));
-  EXPECT_EQ(set_.List(), list) << "a dialog that is cancelled leaves no trace";
-  EXPECT_EQ(set_.ShowMultiChoose(nullptr, u"部门", u"", shown, false, Value(), ok, 0), u"");
-  EXPECT_EQ(shown, u"before");
-  EXPECT_TRUE(host_->TakeSent().empty());
-
-  forms.confirmed = true;
-  host_->fallback = [](TextView) {
-    static const Answer done;
-    return &done;
-  };
-  EXPECT_TRUE(set_.ShowFilter(7));
-  EXPECT_EQ(forms.owner, 7);
-  EXPECT_EQ(set_.ListPureWhere(), u"c > 5");
-  EXPECT_EQ(set_.ListWhere(), u"1=1");
-  EXPECT_THAT(Sent(), ElementsAre("Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = 70;\n "
-                                  "Delete  FROM ListMultiIDCond WHERE lngListID = 70;\n"
-                                  "Insert into ListCond "
-                                  "(lngListId,lngViewFieldID,strPath,strOthTableName,strDoubleOP,"
-                                  "dbldouble1) Values (70,11,'数量',' ',2,5);\nEnd;"));
-  EXPECT_EQ(set_.ShowMultiChoose(nullptr, u"部门", u"", shown, false, Value(), ok, 0),
-            u"(部门='x')");
-  EXPECT_TRUE(ok);
-  EXPECT_EQ(shown, u"x");
-}
-
 TEST_F(Lists, FindAllKeyId) {
-  const struct {
-    const char* name;
-    TextView keyword;
-    const char16_t* statement;
-  } kRows[] = {
-      {"numbered table", u"class1",
-       u"SELECT strCLASSCode  as a1,lngCLASSID as b1 FROM class1 WHERE ( strCLASSCode LIKE '01-%' "
-       u"OR (strCLASSCode LIKE '02-%'))"},
-      {"flexible field", u"FLEXIBLEFIELD30",
-       u"SELECT strFieldCode  as a1, lngFieldID as b1 FROM FLEXIBLEFIELD30 WHERE ( strFieldCode "
-       u"LIKE '01-%' OR (strFieldCode LIKE '02-%'))"},
-      {"two blanks", u"Area",
-       u"SELECT strAREACode  as a1, lngAREAID as b1 FROM AREA WHERE  ( strAREACode LIKE '01-%' OR "
-       u"(strAREACode LIKE '02-%'))"},
-      {"any other", u"Department",
-       u"SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTMENT WHERE ( "
-       u"strDEPARTMENTCode LIKE '01-%' OR (strDEPARTMENTCode LIKE '02-%'))"},
-  };
+  static const auto kRows = Lines(R"(
+class1¦SELECT strCLASSCode  as a1,lngCLASSID as b1 FROM class1 WHERE ( strCLASSCode LIKE '01-%' OR (strCLASSCode LIKE '02-%'))
+FLEXIBLEFIELD30¦SELECT strFieldCode  as a1, lngFieldID as b1 FROM FLEXIBLEFIELD30 WHERE ( strFieldCode LIKE '01-%' OR (strFieldCode LIKE '02-%'))
+Area¦SELECT strAREACode  as a1, lngAREAID as b1 FROM AREA WHERE  ( strAREACode LIKE '01-%' OR (strAREACode LIKE '02-%'))
+Department¦SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTMENT WHERE ( strDEPARTMENTCode LIKE '01-%' OR (strDEPARTMENTCode LIKE '02-%')))");
   for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
-    host_->On(row.statement, Rows({u"a1", u"b1"}, {{u"01-1 ", std::int32_t{5}},
-                                                   {u"02-1-3", std::int32_t{6}},
-                                                   {u"01", std::int32_t{1}},
-                                                   {u"010-1", std::int32_t{9}}}));
-    EXPECT_EQ(set_.FindAllKeyID(row.keyword, u" 01 02 "), u"5,6");
-    EXPECT_THAT(Sent(), ElementsAre(ToUtf8(row.statement)));
-    host_->On(row.statement, Throws());
-    EXPECT_EQ(set_.FindAllKeyID(row.keyword, u"01 02"), u"");
+    SCOPED_TRACE(row[0]);
+    const Text keyword = FromUtf8(row[0]);
+    host_->On(FromUtf8(row[1]), Rows({u"a1", u"b1"}, {{u"01-1 ", std::int32_t{5}},
+                                                      {u"02-1-3", std::int32_t{6}},
+                                                      {u"01", std::int32_t{1}},
+                                                      {u"010-1", std::int32_t{9}}}));
+    EXPECT_EQ(set_.FindAllKeyID(keyword, u" 01 02 "), u"5,6");
+    EXPECT_THAT(Sent(), ElementsAre(row[1]));
+    host_->On(FromUtf8(row[1]), Throws());
+    EXPECT_EQ(set_.FindAllKeyID(keyword, u"01 02"), u"");
     Sent();
   }
   host_->fallback = [](TextView) {

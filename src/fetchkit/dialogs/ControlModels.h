@@ -36,23 +36,9 @@ class CommandButton : public Control {
  public:
   using Control::Control;
 
-  bool Default() const { return default_; }  // pressed by Enter
-  bool Cancel() const { return cancel_; }    // pressed by Esc
-  void MakeDefault() { default_ = true; }
-  void MakeCancel() { cancel_ = true; }
-
-  // A picture button is drawn by its role; its caption is the text alternative.
-  bool HasPicture() const { return picture_; }
-  void MakePicture() { picture_ = true; }
-
   void UserPressed();
 
   std::function<void()> OnClick;
-
- private:
-  bool default_ = false;
-  bool cancel_ = false;
-  bool picture_ = false;
 };
 
 class TextBox : public Control {

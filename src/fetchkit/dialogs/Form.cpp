@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Guard.h"
+
 namespace fetchkit {
 
 Control* Form::TakeFocusWish() {
@@ -12,6 +15,10 @@ void Form::Close() {
   if (!std::exchange(open_, false)) return;
   focusWish_ = nullptr;
   if (observer_ != nullptr) observer_->Closed(*this);
+}
+
+void Form::RefuseSilently(TextView what) {
+  Step(what, [] { throw ConvertError(ErrorKind::TypeMismatch, u"A value has the wrong type."); });
 }
 
 void Control::SetFocus() {

@@ -72,6 +72,10 @@ class Form {
   void Close();
   void DropFocusWish() { focusWish_ = nullptr; }
 
+  // What the user asked for is not done, and no box says so: the users know the dialogs that way.
+  // It counts as a failing step, so that the diagnostics sink hears of it and WriteLog can.
+  static void RefuseSilently(TextView what);
+
  private:
   friend class Control;
 

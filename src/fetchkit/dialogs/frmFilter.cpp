@@ -1,15 +1,14 @@
 #include "fetchkit/dialogs/frmFilter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <utility>
 
+#include "fetchkit/activity/AccountingPeriods.h"
 #include "fetchkit/activity/DateRanges.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/TextSearch.h"
-#include "fetchkit/base/Value.h"
 #include "fetchkit/dialogs/CodeLists.h"
 #include "fetchkit/dialogs/FilterSql.h"
 #include "fetchkit/dialogs/frmFilterColumn.h"
@@ -17,7 +16,6 @@
 #include "fetchkit/platform/Platform.h"
 #include "fetchkit/utility/DateKeywords.h"
 #include "fetchkit/utility/StringHelpers.h"
-#include "fetchkit/utility/WindowServices.h"
 
 namespace fetchkit {
 namespace {
@@ -25,55 +23,12 @@ namespace {
 // With the header: at this size no editor opens any more.
 constexpr int kFullGrid = 27;
 
-constexpr TextView kFullWarning =
-    u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
-constexpr TextView kNumberWarning = u"请输入一个数字！";
-constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
-constexpr TextView kOrderWarning = u"终止值不应大于起始值，请正确输入！";
-constexpr TextView kWarningTitle = u"警告";
+constexpr TextView kWarning = u"frmFilter: warning";
 
-constexpr TextView kStringWords[] = {words::kAny,          words::kNull,      words::kGreater,
-                                     words::kLess,         words::kEqual,     words::kNotEqual,
-                                     words::kGreaterEqual, words::kLessEqual, words::kBetween,
-                                     words::kBeginsWith,   words::kContains,  words::kSimilar};
-constexpr TextView kNumberWords[] = {words::kAny,          words::kZeroOrNull, words::kGreater,
-                                     words::kLess,         words::kEqual,      words::kNotEqual,
-                                     words::kGreaterEqual, words::kLessEqual,  words::kBetween};
-constexpr TextView kBooleanWords[] = {words::kAny, words::kYes, words::kNo};
-constexpr TextView kPeriodWords[] = {words::kAll,   u"今天",     u"本周",       u"本周至今日",
-                                     u"上周",       u"本期",     u"本期至今日", u"上期",
-                                     u"本月",       u"本月上旬", u"本月中旬",   u"本月下旬",
-                                     u"本月至今日", u"上月",     u"本季度",     u"本季至今日",
-                                     u"上季度",     u"本年",     u"本年至今日", u"去年初至去年今日",
-                                     u"去年",       kCustomRange};
-
-template <std::size_t n>
-std::vector<Text> ListOf(const TextView (&list)[n]) {
-  return {std::begin(list), std::end(list)};
-}
-
-bool IsScalar(FieldType type) {
-  return type == FieldType::String || IsNumberType(type);
-}
-
-bool IsChoice(FieldType type) {
-  return type == FieldType::Code || type == FieldType::Enum;
-}
+using Editor = FieldType::Editor;
 
 bool NeedsValue(TextView word) {
   return word != words::kAny && word != words::kNull && word != words::kZeroOrNull;
-}
-
-TextView WordOf(TextView text) {
-  return text.substr(0, text.find(u' '));
-}
-
-TextView ItemsOf(TextView value) {
-  return value.substr(std::min<std::size_t>(2, value.size()));
-}
-
-Text PairOf(TextView from, TextView to) {
-  return Join(from, u",", to);
 }
 
 int RowOfText(const PickCombo& picker, TextView text) {
@@ -87,14 +42,6 @@ int RowOfId(const PickCombo& picker, TextView id) {
   for (int row = 1; row + 1 < picker.ListCount(); ++row)
     if (picker.Id(row) == id) return row;
   return -1;
-}
-
-// The value that is out of place is silently refused: the text stands where the message function
-// takes the style's number, which is a failing statement before any box. The users know the dialog
-// that way; the diagnostics sink hears of it.
-void WarnInVain(std::int32_t hWnd, TextView warning) {
-  Step(u"frmFilter: warning",
-       [&] { MUtility::MessageBox(Join(hWnd), ToLong(Value(warning)), kWarningTitle, hWnd); });
 }
 
 // Sets a flag for the length of a scope; cleared on every way out.
@@ -114,12 +61,8 @@ class Busy {
 frmFilter::frmFilter(Session& session, FormView& view)
     : Form(u"frmFilter", u"筛选"), session_(session), view_(view) {
   lblTitle.UseMnemonic(false);
-  for (CommandButton& button : cmdOk) {
-    button.MakePicture();
+  for (CommandButton& button : cmdOk)
     button.ToolTipText(button.Caption());
-  }
-  cmdOk[0].MakeDefault();
-  cmdOk[1].MakeCancel();
   SetTabOrder({&Frame3, &tvwFilter, &Frame2, &msgFilter, &Frame1, &lblTitle, &lxtOther, &lblFrom,
                &txtFrom, &datFrom, &lblTo, &txtTo, &datTo, &datDate, &cmdOk[2], &cmdOk[0],
                &cmdOk[1]});
@@ -149,7 +92,6 @@ bool frmFilter::ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner) 
   confirmed_ = false;
   result_.clear();
   list_ = list;
-  owner_ = hWndOwner;
   if (!Init()) return true;
   Open();
   if (!Step(u"frmFilter.ShowFilter", [&] { view_.ShowModal(*this, hWndOwner); }))
@@ -203,19 +145,19 @@ void frmFilter::OpenEditor(const TreeView::Node& node) {
   DropFocusWish();
   const Busy busy(busy_);
   if (msgFilter.Rows() >= kFullGrid) {
-    WarnInVain(owner_, kFullWarning);
+    RefuseSilently(kWarning);
     return;
   }
   Step(u"frmFilter: node", [&] {
     const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(node.Tag));
-    const auto type = FieldTypeOf(field.strFieldType);
+    const FieldType* type = FieldTypeOf(field.strFieldType);
     lblTitle.Caption(node.Text);
-    if (!type) {
+    if (type == nullptr) {
       CloseEditor();
       return;
     }
     field_ = node.Tag;
-    type_ = *type;
+    type_ = type;
     LoadList(field);
     ShowCondition();
   });
@@ -229,25 +171,9 @@ void frmFilter::CloseEditor() {
 }
 
 void frmFilter::LoadList(const ListFieldType& field) {
-  lxtOther.ColumnSet(type_ == FieldType::Code ? u"1,2,3" : u"-1,1");
-  switch (type_) {
-    case FieldType::String:
-      return lxtOther.SetList(ListOf(kStringWords));
-    case FieldType::Long:
-    case FieldType::Double:
-    case FieldType::Integer:
-      return lxtOther.SetList(ListOf(kNumberWords));
-    case FieldType::Boolean:
-      return lxtOther.SetList(ListOf(kBooleanWords));
-    case FieldType::Period:
-      return lxtOther.SetList(ListOf(kPeriodWords));
-    case FieldType::Date:
-      return;
-    case FieldType::Code:
-    case FieldType::Enum:
-      break;
-  }
-  const bool code = type_ == FieldType::Code;
+  const bool code = type_->EditedBy() == FieldType::Editor::Codes;
+  lxtOther.ColumnSet(code ? u"1,2,3" : u"-1,1");
+  if (!EditsChoice()) return lxtOther.SetList(type_->Words());
   std::vector<Text> items = code ? ReadCodeList(session_, field.strKeyField)
                                  : ReadEnumList(session_, field.strListFieldDesc);
   std::vector<Text> cells;
@@ -270,51 +196,67 @@ void frmFilter::ShowCondition() {
   const TextView value = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kValue);
   pending_ = false;
   EmptyEditors();
-  if (IsChoice(type_)) {
-    word_.clear();
-    if (row < 0) {
-      lxtOther.ShowRow(0);
-    } else {
-      const bool one = value.substr(0, 1) != u"1";
-      const Text id = ReplaceText(ItemsOf(value), u"'", u"");
-      lxtOther.Show(Text(text), one ? RowOfId(lxtOther, id) : -1);
-    }
-  } else {
-    word_ =
-        row < 0 ? Text(type_ == FieldType::Period ? words::kAll : words::kAny) : Text(WordOf(text));
+  const auto showWord = [&](TextView none) {
+    word_ = row < 0 ? none : WordToShow(text);
     lxtOther.Show(word_, RowOfText(lxtOther, word_));
-  }
+  };
   const auto dateOf = [&](TextView part) {
     const auto date = CurrentPlatform().ParseDate(part);
     return date ? *date : ReferenceDate();
   };
-  if (row >= 0 && IsScalar(type_)) {
-    const bool between = word_ == words::kBetween;
-    txtFrom.Text(Text(between ? FirstValueOf(value) : value));
-    if (between) txtTo.Text(Text(SecondValueOf(value)));
+  switch (type_->EditedBy()) {
+    case Editor::Texts:
+    case Editor::Numbers: {
+      showWord(words::kAny);
+      const bool between = word_ == words::kBetween;
+      txtFrom.Text(Text(between ? FirstValueOf(value) : value));
+      if (between) txtTo.Text(Text(SecondValueOf(value)));
+      break;
+    }
+    case Editor::YesNo:
+      showWord(words::kAny);
+      break;
+    case Editor::Periods:
+      showWord(words::kAll);
+      datFrom.Value(dateOf(FirstValueOf(value)));
+      datTo.Value(dateOf(SecondValueOf(value)));
+      break;
+    case Editor::Dates:
+      showWord(words::kAny);
+      datDate.Value(dateOf(value));
+      break;
+    case Editor::Codes:
+    case Editor::Values: {
+      word_.clear();
+      if (row < 0) {
+        lxtOther.ShowRow(0);
+        break;
+      }
+      const Choice choice = ReadChoice(value);
+      lxtOther.Show(Text(text), choice.IsSeveral()
+                                    ? -1
+                                    : RowOfId(lxtOther, ReplaceText(choice.items, u"'", u"")));
+      break;
+    }
   }
-  if (row >= 0 && type_ == FieldType::Period) {
-    datFrom.Value(dateOf(FirstValueOf(value)));
-    datTo.Value(dateOf(SecondValueOf(value)));
-  }
-  if (row >= 0 && type_ == FieldType::Date) datDate.Value(dateOf(value));
   ArrangeEditors();
 }
 
 void frmFilter::ArrangeEditors() {
   const bool open = field_ >= 0;
-  const bool value = open && IsScalar(type_) && NeedsValue(word_);
+  const bool value = EditsValue() && NeedsValue(word_);
   const bool between = value && word_ == words::kBetween;
-  const bool period = open && type_ == FieldType::Period;
+  const bool period = Edits(Editor::Periods);
+  const bool date = Edits(Editor::Dates);
   lblTitle.Visible(open);
-  lxtOther.Visible(open && type_ != FieldType::Date);
+  lxtOther.Visible(open && !date);
   lblFrom.Visible(between || period);
   lblTo.Visible(between || period);
   txtFrom.Visible(value);
   txtTo.Visible(between);
   datFrom.Visible(period);
   datTo.Visible(period);
-  datDate.Visible(open && type_ == FieldType::Date);
+  datDate.Visible(date);
 }
 
 void frmFilter::EmptyEditors() {
@@ -325,9 +267,22 @@ void frmFilter::EmptyEditors() {
     dates->Value(ReferenceDate());
 }
 
-Date frmFilter::ReferenceDate() {
-  if (const auto login = CurrentPlatform().ParseDate(session_.LoginDate)) return *login;
-  return {std::floor(CurrentPlatform().Now().serial)};
+// A login date that cannot be read counts as none here, while it makes a date word fail.
+Date frmFilter::ReferenceDate() const {
+  const auto login = CurrentPlatform().ParseDate(session_.LoginDate);
+  return login ? *login : MActivity::SystemDate();
+}
+
+bool frmFilter::Edits(Editor editor) const {
+  return field_ >= 0 && type_->EditedBy() == editor;
+}
+
+bool frmFilter::EditsValue() const {
+  return Edits(Editor::Texts) || Edits(Editor::Numbers);
+}
+
+bool frmFilter::EditsChoice() const {
+  return Edits(Editor::Codes) || Edits(Editor::Values);
 }
 
 // ---- acts of the user
@@ -336,16 +291,16 @@ void frmFilter::Picked(int row) {
   if (field_ < 0) return;
   DropFocusWish();
   const int last = lxtOther.ListCount() - 1;
-  if (IsChoice(type_)) {
+  if (EditsChoice()) {
     if (row == last) return ChooseItems();
     if (row == 0) return RemoveRow();
     Text id = lxtOther.Id(row);
-    if (type_ == FieldType::Enum) id = Join(u"'", id, u"'");
+    if (Edits(Editor::Values)) id = Join(u"'", id, u"'");
     // A row without text would count as no condition.
-    return WriteRow(lxtOther.Text().empty() ? id : lxtOther.Text(), Join(u"0,", id));
+    return WriteRow(lxtOther.Text().empty() ? id : lxtOther.Text(), ChoiceText(false, id));
   }
   const Text word = lxtOther.Text();
-  if (type_ == FieldType::Period) {
+  if (Edits(Editor::Periods)) {
     if (word == words::kAll) {
       word_ = word;
       return RemoveRow();
@@ -356,7 +311,7 @@ void frmFilter::Picked(int row) {
   pending_ = false;
   if (word == words::kAny) {
     RemoveRow();
-  } else if (type_ == FieldType::Boolean) {
+  } else if (Edits(Editor::YesNo)) {
     WriteRow(word, word);
   } else if (!NeedsValue(word)) {
     WriteRow(word, Text());
@@ -372,17 +327,16 @@ void frmFilter::Picked(int row) {
 
 void frmFilter::ChooseItems() {
   const int row = RowOfField(field_);
-  const Text choosed =
-      row < 0 ? Text() : Text(ItemsOf(msgFilter.TextMatrix(row, FilterColumns::kValue)));
+  const Text value = row < 0 ? Text() : msgFilter.TextMatrix(row, FilterColumns::kValue);
   Step(u"frmFilter: chooser", [&] {
     Text names;
     Text ids;
     frmFilterColumn chooser(view_, *this);
-    const TextView type = type_ == FieldType::Code ? u"CODE" : u"ENUM";
-    if (!chooser.ShowFiltration(type, lxtOther, choosed, names, ids)) return;
+    const TextView type = Edits(Editor::Codes) ? u"CODE" : u"ENUM";
+    if (!chooser.ShowFiltration(type, lxtOther, ReadChoice(value).items, names, ids)) return;
     const int chosen = chooser.msgSelected.Rows();
     if (chosen == 0) return RemoveRow();
-    WriteRow(TrimBlanks(names).empty() ? ids : names, Join(chosen > 1 ? u"1," : u"0,", ids));
+    WriteRow(TrimBlanks(names).empty() ? ids : names, ChoiceText(chosen > 1, ids));
   });
   ShowCondition();
 }
@@ -401,7 +355,7 @@ void frmFilter::CommitPeriod(const Text& word) {
   lxtOther.Show(word, RowOfText(lxtOther, word));
   const Text from = datFrom.Text();
   const Text to = datTo.Text();
-  WriteRow(word == kCustomRange ? CustomPeriodText(from, to) : word, PairOf(from, to));
+  WriteRow(word == kCustomRange ? CustomPeriodText(from, to) : word, PairText(from, to));
 }
 
 // Between the two bounds of one value the focus moves freely; they are judged as they stand, but
@@ -445,28 +399,27 @@ void frmFilter::Clear() {
 // ---- rows
 
 frmFilter::Commit frmFilter::CommitValue() {
-  if (field_ < 0 || !pending_ || !IsScalar(type_) || !NeedsValue(word_)) return Commit::Nothing;
+  if (!pending_ || !EditsValue() || !NeedsValue(word_)) return Commit::Nothing;
+  const bool numbers = Edits(Editor::Numbers);
   const bool between = word_ == words::kBetween;
   const Text& from = txtFrom.Text();
   const Text& to = txtTo.Text();
   if (from.empty() || (between && to.empty())) return Commit::Nothing;
-  const auto refuse = [&](TextBox& box, TextView warning) {
-    WarnInVain(owner_, warning);
+  const auto refuse = [](TextBox& box) {
+    RefuseSilently(kWarning);
     box.SetFocus();
     return Commit::Refused;
   };
   const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
-  if (IsNumberType(type_))
+  if (numbers)
     for (TextBox* box : boxes)
-      if (!IsNum(box->Text())) return refuse(*box, kNumberWarning);
+      if (!IsNum(box->Text())) return refuse(*box);
   for (TextBox* box : boxes)
-    if (MUtility::ContainErrorChar(box->Text(), MUtility::kErrorChars, u""))
-      return refuse(*box, kCharacterWarning);
-  const bool reversed = IsNumberType(type_)
-                            ? between && NumericTextToDouble(from) > NumericTextToDouble(to)
-                            : between && from > to;
-  if (reversed) return refuse(txtTo, kOrderWarning);
-  const Text value = between ? PairOf(from, to) : from;
+    if (MUtility::ContainErrorChar(box->Text(), MUtility::kErrorChars, u"")) return refuse(*box);
+  const bool reversed =
+      between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
+  if (reversed) return refuse(txtTo);
+  const Text value = between ? PairText(from, to) : from;
   WriteRow(ConditionRowText(word_, value), value);
   pending_ = false;
   return Commit::Written;

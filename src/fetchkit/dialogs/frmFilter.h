@@ -10,7 +10,7 @@
 #include "fetchkit/dialogs/Form.h"
 #include "fetchkit/dialogs/FormView.h"
 #include "fetchkit/dialogs/PickCombo.h"
-#include "fetchkit/listset/model/ConditionWords.h"
+#include "fetchkit/listset/model/FieldType.h"
 #include "fetchkit/listset/model/TypeDef.h"
 #include "fetchkit/session/model/Session.h"
 
@@ -57,7 +57,7 @@ class frmFilter final : public Form {
   TextBox txtTo{*this, u"txtTo"};
   DateSpinner datTo{*this, u"datTo"};
   DateSpinner datDate{*this, u"datDate"};
-  // Picture buttons: OK, Cancel, Clear.
+  // OK, Cancel, Clear.
   std::array<CommandButton, 3> cmdOk{CommandButton{*this, u"cmdOk", u"确定", 0},
                                      CommandButton{*this, u"cmdOk", u"取消", 1},
                                      CommandButton{*this, u"cmdOk", u"清除", 2}};
@@ -75,7 +75,12 @@ class frmFilter final : public Form {
   void ShowCondition();
   void ArrangeEditors();
   void EmptyEditors();
-  Date ReferenceDate();
+  Date ReferenceDate() const;
+
+  // What the open editor edits; all false while none is open.
+  bool Edits(FieldType::Editor editor) const;
+  bool EditsValue() const;
+  bool EditsChoice() const;
 
   void Picked(int row);
   void ChooseItems();
@@ -93,15 +98,14 @@ class frmFilter final : public Form {
 
   Session& session_;
   FormView& view_;
-  std::int32_t owner_ = 0;
   ListType list_;
   Text result_;
   bool confirmed_ = false;
   bool busy_ = false;
-  int field_ = -1;  // being edited; -1 while no editor is open
-  FieldType type_ = FieldType::String;
-  Text word_;             // the operator or keyword in force, as picked
-  bool pending_ = false;  // a typed value or a picked operator is not in the grid yet
+  int field_ = -1;                   // being edited; -1 while no editor is open
+  const FieldType* type_ = nullptr;  // of that field; not null while an editor is open
+  Text word_;                        // the operator or keyword in force, as picked
+  bool pending_ = false;             // a typed value or a picked operator is not in the grid yet
 };
 
 }  // namespace fetchkit

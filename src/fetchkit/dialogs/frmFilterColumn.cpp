@@ -6,15 +6,12 @@
 
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/TextSearch.h"
-#include "fetchkit/base/Value.h"
-#include "fetchkit/listset/model/ConditionWords.h"
-#include "fetchkit/utility/WindowServices.h"
+#include "fetchkit/listset/model/FieldType.h"
 
 namespace fetchkit {
 namespace {
 
 constexpr int kMostChosen = 250;  // one more is still taken
-constexpr TextView kManyWarning = u"已选条件项目个数已经很多,不能再增加了!";
 constexpr int kTextWidth = 2195;
 
 struct ItemColumns {
@@ -40,17 +37,13 @@ bool IsItem(const PickCombo& picker, int row) {
 }  // namespace
 
 frmFilterColumn::frmFilterColumn(FormView& view, const frmFilter& owner)
-    : Form(u"frmFilterColumn", u"选择项目"), view_(view), owner_(owner) {
-  cmdOK.MakeDefault();
-  cmdCancel.MakeCancel();
-  cmdRightOne.ToolTipText(u"选择");
-  cmdRightAll.ToolTipText(u"全部选择");
-  cmdLeftOne.ToolTipText(u"移除");
-  cmdLeftAll.ToolTipText(u"全部移除");
+    : TwoListForm(u"frmFilterColumn", u"选择项目"), view_(view), owner_(owner) {
   SetTabOrder({&lblAll, &msgAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
                &msgSelected, &cmdOK, &cmdCancel});
-  cmdRightOne.OnClick = msgAll.OnDoubleClick = [this] { MoveRow(msgAll, msgSelected); };
-  cmdLeftOne.OnClick = msgSelected.OnDoubleClick = [this] { MoveRow(msgSelected, msgAll); };
+  WireMoves(msgAll, msgSelected, [this](MSFlexGrid& from, MSFlexGrid& to) {
+    from.MoveRowsTo(to, from.Row(), 1);
+    EnableButtons();
+  });
   cmdRightAll.OnClick = [this] { MoveAllRight(); };
   cmdLeftAll.OnClick = [this] {
     msgSelected.MoveRowsTo(msgAll, 0, msgSelected.Rows());
@@ -67,9 +60,9 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
   names_.clear();
   SetUpGrid(msgAll);
   SetUpGrid(msgSelected);
-  const auto type = FieldTypeOf(strType);
-  isCode_ = type == FieldType::Code;
-  if (isCode_ || type == FieldType::Enum) {
+  const FieldType* type = FieldTypeOf(strType);
+  isCode_ = type != nullptr && type->EditedBy() == FieldType::Editor::Codes;
+  if (isCode_ || (type != nullptr && type->EditedBy() == FieldType::Editor::Values)) {
     const Text bare = ReplaceText(strChoosed, u"'", u"");
     const auto pieces = Split(bare, u",");
     const std::unordered_set<TextView> choosed(pieces.begin(), pieces.end());
@@ -94,28 +87,16 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
   return confirmed_;
 }
 
-void frmFilterColumn::MoveRow(MSFlexGrid& from, MSFlexGrid& to) {
-  from.MoveRowsTo(to, from.Row(), 1);
-  EnableButtons();
-}
-
 void frmFilterColumn::MoveAllRight() {
   const int room = std::max(0, kMostChosen + 1 - msgSelected.Rows());
   const bool all = msgAll.Rows() <= room;
   msgAll.MoveRowsTo(msgSelected, 0, std::min(room, msgAll.Rows()));
   EnableButtons();
-  // The text stands where the message function takes the style's number, which fails before any box
-  // and ends the button's work: the limit is silent.
-  if (!all)
-    Step(u"frmFilterColumn: warning",
-         [&] { MUtility::MessageBox(u"0", ToLong(Value(kManyWarning)), Caption(), 0); });
+  if (!all) RefuseSilently(u"frmFilterColumn: warning");
 }
 
 void frmFilterColumn::EnableButtons() {
-  cmdRightOne.Enabled(msgAll.Row() >= 0);
-  cmdRightAll.Enabled(msgAll.Rows() > 0);
-  cmdLeftOne.Enabled(msgSelected.Row() >= 0);
-  cmdLeftAll.Enabled(msgSelected.Rows() > 0);
+  EnableMoves(msgAll.Row(), msgAll.Rows(), msgSelected.Row(), msgSelected.Rows());
 }
 
 void frmFilterColumn::Ok() {

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "fetchkit/base/Text.h"
-#include "fetchkit/dialogs/ControlModels.h"
-#include "fetchkit/dialogs/Form.h"
 #include "fetchkit/dialogs/FormView.h"
 #include "fetchkit/dialogs/PickCombo.h"
+#include "fetchkit/dialogs/TwoListForm.h"
 
 namespace fetchkit {
 
@@ -14,7 +13,7 @@ namespace fetchkit {
 //
 // Acts that the controls take: msgAll, msgSelected row selected, double click; the buttons pressed;
 // form Enter (OK), Escape and closed (Cancel).
-class frmFilterColumn final : public Form {
+class frmFilterColumn final : public TwoListForm {
  public:
   // The picker's own entries at both ends of its list, which are no items.
   static constexpr TextView kAllItems = u"所有";
@@ -30,23 +29,15 @@ class frmFilterColumn final : public Form {
   bool ShowFiltration(TextView strType, const PickCombo& objPicker, TextView strChoosed,
                       Text& strNames, Text& strIDs);
 
-  Label lblAll{*this, u"lblAll", u"可选栏目(&S)"};
   MSFlexGrid msgAll{*this, u"msgAll"};
-  CommandButton cmdRightOne{*this, u"cmdRightOne", u">"};
-  CommandButton cmdRightAll{*this, u"cmdRightAll", u">>"};
-  CommandButton cmdLeftOne{*this, u"cmdLeftOne", u"<"};
-  CommandButton cmdLeftAll{*this, u"cmdLeftAll", u"<<"};
-  Label lblSelected{*this, u"lblSelected", u"已选栏目(&T)"};
   MSFlexGrid msgSelected{*this, u"msgSelected"};
   CommandButton cmdOK{*this, u"cmdOK", u"确定"};
   CommandButton cmdCancel{*this, u"cmdCancel", u"取消"};
 
   void UserPressedEnter() override { cmdOK.UserPressed(); }
   void UserPressedEscape() override { cmdCancel.UserPressed(); }
-  void UserClosed() override { Close(); }
 
  private:
-  void MoveRow(MSFlexGrid& from, MSFlexGrid& to);
   void MoveAllRight();
   void EnableButtons();
   void Ok();

@@ -17,19 +17,13 @@ Text WithoutAccessKey(TextView name) {
 
 }  // namespace
 
-frmMultiChoose::frmMultiChoose(FormView& view) : Form(u"frmMultiChoose", u"选择"), view_(view) {
-  cmdOk.MakeDefault();
-  cmdCancel.MakeCancel();
-  cmdRightOne.ToolTipText(u"选择");
-  cmdRightAll.ToolTipText(u"全部选择");
-  cmdLeftOne.ToolTipText(u"移除");
-  cmdLeftAll.ToolTipText(u"全部移除");
+frmMultiChoose::frmMultiChoose(FormView& view)
+    : TwoListForm(u"frmMultiChoose", u"选择"), view_(view) {
   cmdSerial[0].ToolTipText(u"上移");
   cmdSerial[1].ToolTipText(u"下移");
   SetTabOrder({&lblAll, &lstAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
                &lstSelected, &cmdSerial[0], &cmdSerial[1], &cmdOk, &cmdCancel});
-  cmdRightOne.OnClick = lstAll.OnDoubleClick = [this] { MoveItem(lstAll, lstSelected); };
-  cmdLeftOne.OnClick = lstSelected.OnDoubleClick = [this] { MoveItem(lstSelected, lstAll); };
+  WireMoves(lstAll, lstSelected, [this](ListBox& from, ListBox& to) { MoveItem(from, to); });
   cmdRightAll.OnClick = [this] {
     lstAll.MoveAllTo(lstSelected);
     RefreshButtons();
@@ -130,10 +124,7 @@ void frmMultiChoose::PointAt(int item) {
 
 void frmMultiChoose::RefreshButtons() {
   const int current = lstSelected.ListIndex();
-  cmdRightOne.Enabled(lstAll.ListIndex() >= 0);
-  cmdRightAll.Enabled(lstAll.ListCount() > 0);
-  cmdLeftOne.Enabled(current >= 0);
-  cmdLeftAll.Enabled(lstSelected.ListCount() > 0);
+  EnableMoves(lstAll.ListIndex(), lstAll.ListCount(), current, lstSelected.ListCount());
   cmdSerial[0].Enabled(current > 0);
   cmdSerial[1].Enabled(current >= 0 && current + 1 < lstSelected.ListCount());
 }

@@ -5,18 +5,33 @@
 #include <cstdint>
 
 #include "fetchkit/base/Text.h"
-#include "fetchkit/dialogs/ControlModels.h"
-#include "fetchkit/dialogs/Form.h"
+#include "fetchkit/base/Value.h"
 #include "fetchkit/dialogs/FormView.h"
+#include "fetchkit/dialogs/TwoListForm.h"
 #include "fetchkit/host/Recordset.h"
-#include "fetchkit/listset/model/FormHost.h"
 
 namespace fetchkit {
+
+// What the dialog is opened with.
+struct MultiChooseRequest {
+  RecordsetPtr oCodeRs;  // the codes, read from the current row on; not closed; null with IsEnum
+  Text strCodeName;      // the kind of item
+  Text strChoosedCond;   // the condition text so far
+  bool IsEnum = false;
+  Value arrEnum;  // enumeration texts, index 0 unused
+  std::int32_t hWndOwner = 0;
+};
+
+struct MultiChooseResult {
+  bool bOk = false;
+  Text condition;    // empty unless bOk
+  Text strShowCond;  // the items for display; empty unless bOk
+};
 
 // Acts that the controls take: lstAll, lstSelected item selected, double click; lstAll pointer
 // moved; the buttons pressed (cmdSerial 0 moves the current chosen item up, 1 down); form Enter
 // (OK), Escape and closed (Cancel).
-class frmMultiChoose final : public Form {
+class frmMultiChoose final : public TwoListForm {
  public:
   // The view must outlive the form.
   explicit frmMultiChoose(FormView& view);
@@ -26,13 +41,7 @@ class frmMultiChoose final : public Form {
   // request.strChoosedCond begins on the chosen side. What was read before an error is offered.
   MultiChooseResult ShowMultiChoose(const MultiChooseRequest& request);
 
-  Label lblAll{*this, u"lblAll", u"可选栏目(&S)"};
   ListBox lstAll{*this, u"lstAll"};
-  CommandButton cmdRightOne{*this, u"cmdRightOne", u">"};
-  CommandButton cmdRightAll{*this, u"cmdRightAll", u">>"};
-  CommandButton cmdLeftOne{*this, u"cmdLeftOne", u"<"};
-  CommandButton cmdLeftAll{*this, u"cmdLeftAll", u"<<"};
-  Label lblSelected{*this, u"lblSelected", u"已选栏目(&T)"};
   ListBox lstSelected{*this, u"lstSelected"};
   std::array<CommandButton, 2> cmdSerial{CommandButton{*this, u"cmdSerial", u"↑", 0},
                                          CommandButton{*this, u"cmdSerial", u"↓", 1}};
@@ -41,7 +50,6 @@ class frmMultiChoose final : public Form {
 
   void UserPressedEnter() override { cmdOk.UserPressed(); }
   void UserPressedEscape() override { cmdCancel.UserPressed(); }
-  void UserClosed() override { Close(); }
 
  private:
   void LoadEnum(const Value& arrEnum);

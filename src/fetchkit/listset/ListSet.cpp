@@ -1,6 +1,8 @@
 #include "fetchkit/listset/ListSet.h"
 
 #include "fetchkit/base/Guard.h"
+#include "fetchkit/dialogs/frmFilter.h"
+#include "fetchkit/dialogs/frmMultiChoose.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/listset/Saving.h"
 #include "fetchkit/listset/ViewLoading.h"
@@ -42,10 +44,10 @@ Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
                               const Value& arrEnum, bool& bOk, std::int32_t hWndOwner) {
   bOk = false;
   return Guarded(u"ListSet.ShowMultiChoose", Text(), [&]() -> Text {
-    FormHost* forms = MAction::CurrentSession().Forms;
-    if (forms == nullptr) return {};
+    FormView* view = MAction::CurrentSession().View;
+    if (view == nullptr) return {};
     const OwnerBelowDialog owner(hWndOwner);
-    MultiChooseResult result = forms->ShowMultiChoose(
+    MultiChooseResult result = frmMultiChoose(*view).ShowMultiChoose(
         {oCodeRs, Text(strCodeName), Text(strChoosedCond), IsEnum, arrEnum, hWndOwner});
     bOk = result.bOk;
     if (!bOk) return {};
@@ -57,14 +59,12 @@ Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
 bool ListSet::ShowFilter(std::int32_t hWndOwner) {
   return Guarded(u"ListSet.ShowFilter", false, [&] {
     Session& session = MAction::CurrentSession();
-    if (session.Forms == nullptr) return false;
-    ListType edited = list_;
+    if (session.View == nullptr) return false;
     Text where = list_.strListPureWhere;
     {
       const OwnerBelowDialog owner(hWndOwner);
-      if (!session.Forms->ShowFilter(edited, where, hWndOwner)) return false;
+      if (!frmFilter(session, *session.View).ShowFilter(list_, where, hWndOwner)) return false;
     }
-    list_ = std::move(edited);
     list_.strListPureWhere = std::move(where);
     MListSet::SaveConditions(session, list_);
     return true;
@@ -101,8 +101,8 @@ Text ListSet::CondStrToNum(TextView strOperate) const {
   return Text(fetchkit::CondStrToNum(strOperate));
 }
 
-FormHost* SetFormHost(FormHost* forms) {
-  return std::exchange(MAction::CurrentSession().Forms, forms);
+FormView* SetFormView(FormView* view) {
+  return std::exchange(MAction::CurrentSession().View, view);
 }
 
 }  // namespace fetchkit

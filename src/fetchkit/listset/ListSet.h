@@ -6,31 +6,39 @@
 #include <utility>
 
 #include "fetchkit/base/Text.h"
-#include "fetchkit/listset/model/FormHost.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/host/Recordset.h"
 #include "fetchkit/listset/model/TypeDef.h"
 
 namespace fetchkit {
+
+class FormView;
 
 // Holds one list record. Works with the calling thread's session, whose connection it fetches at
 // every call. No member throws; what fails leaves things as they were, and the diagnostics sink is
 // told. One per thread from Interface.ListSet; hosts may create more.
 class ListSet {
  public:
+  // The host's own note; nothing here reads it.
   const Text& AccountName() const { return accountName_; }
   void AccountName(Text strAccountName) { accountName_ = std::move(strAccountName); }
 
-  // Opens the multi-choose dialog and returns the chosen condition text. strShowCond is written
-  // only when the user confirmed; bOk always. Without a form host: empty text, bOk false.
+  // Opens the multi-choose dialog and returns the chosen condition text, "(name='item' 或 ...)".
+  // oCodeRs: the codes, read from the current row on and not closed; with IsEnum arrEnum instead,
+  // an array of texts whose index 0 is skipped. strChoosedCond: the condition so far. strShowCond
+  // is written, with the items for display, only when the user confirmed; bOk always. Empty and bOk
+  // false when he did not, on failure, and without a view. hWndOwner: 0 for the foreground window.
   Text ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName, TextView strChoosedCond,
                        Text& strShowCond, bool IsEnum, const Value& arrEnum, bool& bOk,
                        std::int32_t hWndOwner);
 
   // Opens the filter dialog on the record. True: the user confirmed (or there was nothing to
   // filter); the record and its ListPureWhere hold the new conditions, which are saved at once.
-  // False, the record as it was, otherwise and without a form host.
+  // False, the record as it was, otherwise and without a view.
   bool ShowFilter(std::int32_t hWndOwner);
 
-  // The id that was set last. Setting it loads the view and the operator's list for it.
+  // The id that was set last. Setting it loads the view and the operator's list for it; what a
+  // failing step would have set stays as it was. An id without a view loads no columns.
   std::int32_t ViewId() const { return viewId_; }
   void ViewId(std::int32_t lngViewId);
 
@@ -38,23 +46,29 @@ class ListSet {
   const Text& ListWhere() const { return list_.strListWhere; }          // without the conditions
   const Text& ListPureWhere() const { return list_.strListPureWhere; }  // the conditions alone
 
-  // " column As caption, column As caption" of the shown columns; empty when none is shown.
+  // " column As caption, column As caption" of the shown columns; empty when none is shown and on
+  // failure.
   Text GetListSelect() const;
 
   // A deep copy either way: neither side sees what the other changes later.
   ListType List() const { return list_; }
   void List(ListType record) { list_ = std::move(record); }
 
-  // Loads the columns and conditions again; unsaved edits are gone.
+  // Loads the columns and conditions again; unsaved edits are gone. When they cannot be read, the
+  // record keeps its own.
   void RefreshListField();
 
-  // The ids of all codes below the given ones (separated by blanks); see listset/ListQuery.h.
+  // The ids, comma-separated, of all codes below the given ones, which blanks separate, in the code
+  // table of that keyword; see listset/ListQuery.h. Empty for none and on failure.
   Text FindAllKeyID(TextView strCodeTableName, TextView strMulCode) const;
 
-  // Renames a table inside SQL text; see listset/ListQuery.h.
+  // strSelected with a table renamed, without regard to letter case; both names come with one
+  // separator behind them, see listset/ListQuery.h.
   Text ModifyTableName(TextView strSelected, TextView strString, TextView Replace) const;
 
-  // Writes the record back; see listset/Saving.h.
+  // Writes the record back for the login operator and organization, its fields and conditions
+  // included; after a first save it holds the new ids. See listset/Saving.h for what stands after a
+  // failure.
   void SaveList();
 
   // The code that an operator or date word is stored as; empty for any other word.
@@ -66,8 +80,8 @@ class ListSet {
   ListType list_;
 };
 
-// Installs who opens the dialogs on the calling thread (null: nobody) and returns who did before.
-// Not owned; must outlive its installation.
-FormHost* SetFormHost(FormHost* forms);
+// Installs who draws the dialogs of the calling thread (null: nobody, and there are no dialogs) and
+// returns who did before. Not owned; must outlive its installation.
+FormView* SetFormView(FormView* view);
 
 }  // namespace fetchkit

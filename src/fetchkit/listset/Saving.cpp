@@ -5,7 +5,7 @@
 #include "fetchkit/activity/Identifiers.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/host/Execution.h"
-#include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/listset/model/FieldType.h"
 
 namespace fetchkit::MListSet {
 namespace {
@@ -110,7 +110,7 @@ void SaveConditions(Session& session, const ListType& list) {
     for (const ListFieldType& field : list.ListField) {
       if (field.strFilter.empty()) continue;
       append(ConditionInsert(list, field));
-      if (FieldTypeOf(field.strFieldType) == FieldType::Code) append(CodesInsert(list, field));
+      if (HasCodes(field)) append(CodesInsert(list, field));
     }
     block.append(u"End;");
     Run(session, block);

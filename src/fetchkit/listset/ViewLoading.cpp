@@ -3,6 +3,7 @@
 #include <optional>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "fetchkit/activity/DateRanges.h"
 #include "fetchkit/activity/Identifiers.h"
@@ -10,7 +11,7 @@
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/host/OpenedRecordset.h"
-#include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/listset/model/FieldType.h"
 #include "fetchkit/utility/StringHelpers.h"
 
 namespace fetchkit::MListSet {
@@ -83,121 +84,129 @@ Text FieldStatement(const Session& session, std::int32_t viewId) {
       u" Order by -vf.blnisfixed,decode(lngListFieldNO, null, vf.lngviewfieldno, lngListFieldNO)");
 }
 
-// The columns of the field statement, each looked up once.
+// A column of the field statement and what it sets.
+template <class Record>
+struct ColumnOf {
+  TextView name;
+  void (*read)(const Value& value, Record& record);
+};
+
+void Set(Text& member, const Value& value) {
+  member = TextOf(value);
+}
+void Set(bool& member, const Value& value) {
+  member = FlagOf(value);
+}
+void Set(std::int32_t& member, const Value& value) {
+  member = ToLong(NumberOf(value));
+}
+void Set(std::uint8_t& member, const Value& value) {
+  member = ToByte(NumberOf(value));
+}
+
+template <auto member>
+void Field(const Value& value, ListFieldType& field) {
+  Set(field.*member, value);
+}
+
+using F = ListFieldType;
+constexpr ColumnOf<F> kFieldColumns[] = {
+    {u"lngViewFieldID", Field<&F::lngViewFieldID>},
+    {u"lngListFieldID", Field<&F::lngListFieldID>},
+    {u"strBiaTableName", Field<&F::strBiaTableName>},
+    {u"lngListFieldNO1", Field<&F::lngListFieldNO>},
+    {u"lngViewFieldNO", Field<&F::lngViewFieldNO>},
+    {u"bytHead", Field<&F::bytHead>},
+    // The view's caption, not the one that the list has saved.
+    {u"strViewFieldDesc", Field<&F::strListFieldDesc>},
+    {u"bytFieldSize", Field<&F::bytFieldSize>},
+    {u"blnIsMust", Field<&F::blnIsMust>},
+    {u"blnIsPrep", Field<&F::blnIsPrep>},
+    {u"strKeyField", Field<&F::strKeyField>},
+    {u"bytPrepOrder", Field<&F::bytPrepOrder>},
+    {u"strTableName", Field<&F::strTableName>},
+    {u"strFieldName", Field<&F::strFieldName>},
+    {u"strFieldType", Field<&F::strFieldType>},
+    {u"bytFieldDec", Field<&F::bytFieldDec>},
+    {u"blnIsFilter", Field<&F::blnIsFilter>},
+    {u"blnIsChoose", Field<&F::blnIsChoose>},
+    {u"blnIsFixed", Field<&F::blnIsFixed>},
+    {u"blnIsFind", Field<&F::blnIsFind>},
+    {u"blnIsNotList", Field<&F::blnIsNotList>},
+    {u"blnIsFilt", Field<&F::blnIsFilt>},
+    {u"bytFormat", Field<&F::bytFormat>},
+    {u"blnNotZero", Field<&F::blnNotZero>},
+    {u"blnIsChoosed1", Field<&F::blnIsChoosed>},
+    // Saving writes these two back for every field, so they must be known.
+    {u"lngdisplaywidth", Field<&F::lngDisplayWidth>},
+    {u"bytSort1", Field<&F::bytSort>},
+};
+
+// The stored condition as it stands in ListCond. Its texts and numbers are kept as they are:
+// NotNull would make 12 of "12,15" and 1 of "01".
+template <auto member>
+void AsStored(const Value& value, StoredCondition& stored) {
+  stored.*member = ToTextOrEmpty(value);
+}
+
+template <auto member>
+void Decimal(const Value& value, StoredCondition& stored) {
+  const double* number = std::get_if<double>(&value.data());
+  stored.*member = number != nullptr ? PlainDecimalText(*number) : ToTextOrEmpty(value);
+}
+
+template <auto member>
+void Flag(const Value& value, StoredCondition& stored) {
+  stored.*member = FlagOf(value);
+}
+
+using S = StoredCondition;
+constexpr ColumnOf<S> kConditionColumns[] = {
+    {u"Strstringop", AsStored<&S::stringOp>}, {u"Strstring1", AsStored<&S::string1>},
+    {u"Strstring2", AsStored<&S::string2>},   {u"Strdateop", AsStored<&S::dateOp>},
+    {u"Dtmdate1", AsStored<&S::date1>},       {u"Dtmdate2", AsStored<&S::date2>},
+    {u"Strdoubleop", AsStored<&S::doubleOp>}, {u"Dbldouble1", Decimal<&S::double1>},
+    {u"Dbldouble2", Decimal<&S::double2>},    {u"Blnismulicond", Flag<&S::isMulti>},
+    {u"Blnboolean", Flag<&S::boolean>},       {u"Strcodeid", AsStored<&S::codeIds>},
+    {u"Strkeyname", AsStored<&S::codeNames>},
+};
+
+// The rows of the field statement. All columns are looked up in advance, each once.
 class FieldRows {
  public:
   explicit FieldRows(Recordset& rows) : rows_(rows) {}
 
-  std::int32_t ViewFieldId() { return ToLong(NumberOf(rows_.At(viewFieldId_))); }
-  bool HasCondition() { return !Stored(conditionPath_).empty(); }
+  std::int32_t ViewFieldId() { return ToLong(NumberOf(rows_.At(fields_.front()))); }
+  bool HasCondition() { return !ToTextOrEmpty(rows_.At(conditionPath_)).empty(); }
 
   ListFieldType Field() {
-    ListFieldType field;
-    field.lngViewFieldID = ViewFieldId();
-    field.lngListFieldID = ToLong(Number(listFieldId_));
-    field.strBiaTableName = TextOf(rows_.At(biaTableName_));
-    field.lngListFieldNO = ToLong(Number(listFieldNo_));
-    field.lngViewFieldNO = ToLong(Number(viewFieldNo_));
-    field.bytHead = ToByte(Number(head_));
-    // The view's caption, not the one that the list has saved.
-    field.strListFieldDesc = TextOf(rows_.At(description_));
-    field.bytFieldSize = ToByte(Number(fieldSize_));
-    field.blnIsMust = FlagOf(rows_.At(isMust_));
-    field.blnIsPrep = FlagOf(rows_.At(isPrep_));
-    field.strKeyField = TextOf(rows_.At(keyField_));
-    field.bytPrepOrder = ToByte(Number(prepOrder_));
-    field.strTableName = TextOf(rows_.At(tableName_));
-    field.strFieldName = TextOf(rows_.At(fieldName_));
-    field.strFieldType = TextOf(rows_.At(fieldType_));
-    field.bytFieldDec = ToByte(Number(fieldDec_));
-    field.blnIsFilter = FlagOf(rows_.At(isFilter_));
-    field.blnIsChoose = FlagOf(rows_.At(isChoose_));
-    field.blnIsFixed = FlagOf(rows_.At(isFixed_));
-    field.blnIsFind = FlagOf(rows_.At(isFind_));
-    field.blnIsNotList = FlagOf(rows_.At(isNotList_));
-    field.blnIsFilt = FlagOf(rows_.At(isFilt_));
-    field.bytFormat = ToByte(Number(format_));
-    field.blnNotZero = FlagOf(rows_.At(notZero_));
-    field.blnIsChoosed = FlagOf(rows_.At(isChoosed_));
+    auto field = Read<ListFieldType>(kFieldColumns, fields_);
     field.strPath = field.strListFieldDesc;
-    // Saving writes these two back for every field, so they must be known.
-    field.lngDisplayWidth = ToLong(Number(displayWidth_));
-    field.bytSort = ToByte(Number(sort_));
     return field;
   }
-
-  // The stored condition as it stands in ListCond. Its texts and numbers are kept as they are:
-  // NotNull would make 12 of "12,15" and 1 of "01".
-  StoredCondition Condition() {
-    StoredCondition stored;
-    stored.stringOp = Stored(stringOp_);
-    stored.string1 = Stored(string1_);
-    stored.string2 = Stored(string2_);
-    stored.dateOp = Stored(dateOp_);
-    stored.date1 = Stored(date1_);
-    stored.date2 = Stored(date2_);
-    stored.doubleOp = Stored(doubleOp_);
-    stored.double1 = Decimal(double1_);
-    stored.double2 = Decimal(double2_);
-    stored.boolean = FlagOf(rows_.At(boolean_));
-    stored.isMulti = FlagOf(rows_.At(isMulti_));
-    stored.codeIds = Stored(codeId_);
-    stored.codeNames = Stored(keyName_);
-    return stored;
-  }
+  StoredCondition Condition() { return Read<StoredCondition>(kConditionColumns, conditions_); }
 
  private:
-  Value Number(std::size_t column) { return NumberOf(rows_.At(column)); }
-  Text Stored(std::size_t column) { return ToTextOrEmpty(rows_.At(column)); }
-  Text Decimal(std::size_t column) {
-    const Value value = rows_.At(column);
-    return value.Is<double>() ? PlainDecimalText(std::get<double>(value.data()))
-                              : ToTextOrEmpty(value);
+  template <class Columns>
+  std::vector<std::size_t> Find(const Columns& columns) {
+    std::vector<std::size_t> found;
+    for (const auto& column : columns)
+      found.push_back(rows_.Column(column.name));
+    return found;
   }
-  std::size_t Find(TextView name) { return rows_.Column(name); }
+
+  template <class Record, class Columns>
+  Record Read(const Columns& columns, const std::vector<std::size_t>& places) {
+    Record record;
+    for (std::size_t i = 0; i < places.size(); ++i)
+      columns[i].read(rows_.At(places[i]), record);
+    return record;
+  }
 
   Recordset& rows_;
-  std::size_t viewFieldId_ = Find(u"lngViewFieldID");
-  std::size_t listFieldId_ = Find(u"lngListFieldID");
-  std::size_t biaTableName_ = Find(u"strBiaTableName");
-  std::size_t listFieldNo_ = Find(u"lngListFieldNO1");
-  std::size_t viewFieldNo_ = Find(u"lngViewFieldNO");
-  std::size_t head_ = Find(u"bytHead");
-  std::size_t description_ = Find(u"strViewFieldDesc");
-  std::size_t fieldSize_ = Find(u"bytFieldSize");
-  std::size_t isMust_ = Find(u"blnIsMust");
-  std::size_t isPrep_ = Find(u"blnIsPrep");
-  std::size_t keyField_ = Find(u"strKeyField");
-  std::size_t prepOrder_ = Find(u"bytPrepOrder");
-  std::size_t tableName_ = Find(u"strTableName");
-  std::size_t fieldName_ = Find(u"strFieldName");
-  std::size_t fieldType_ = Find(u"strFieldType");
-  std::size_t fieldDec_ = Find(u"bytFieldDec");
-  std::size_t isFilter_ = Find(u"blnIsFilter");
-  std::size_t isChoose_ = Find(u"blnIsChoose");
-  std::size_t isFixed_ = Find(u"blnIsFixed");
-  std::size_t isFind_ = Find(u"blnIsFind");
-  std::size_t isNotList_ = Find(u"blnIsNotList");
-  std::size_t isFilt_ = Find(u"blnIsFilt");
-  std::size_t format_ = Find(u"bytFormat");
-  std::size_t notZero_ = Find(u"blnNotZero");
-  std::size_t isChoosed_ = Find(u"blnIsChoosed1");
-  std::size_t displayWidth_ = Find(u"lngdisplaywidth");
-  std::size_t sort_ = Find(u"bytSort1");
-  std::size_t conditionPath_ = Find(u"Strpath");
-  std::size_t stringOp_ = Find(u"Strstringop");
-  std::size_t string1_ = Find(u"Strstring1");
-  std::size_t string2_ = Find(u"Strstring2");
-  std::size_t dateOp_ = Find(u"Strdateop");
-  std::size_t date1_ = Find(u"Dtmdate1");
-  std::size_t date2_ = Find(u"Dtmdate2");
-  std::size_t doubleOp_ = Find(u"Strdoubleop");
-  std::size_t double1_ = Find(u"Dbldouble1");
-  std::size_t double2_ = Find(u"Dbldouble2");
-  std::size_t isMulti_ = Find(u"Blnismulicond");
-  std::size_t boolean_ = Find(u"Blnboolean");
-  std::size_t codeId_ = Find(u"Strcodeid");
-  std::size_t keyName_ = Find(u"Strkeyname");
+  std::vector<std::size_t> fields_ = Find(kFieldColumns);
+  std::size_t conditionPath_ = rows_.Column(u"Strpath");
+  std::vector<std::size_t> conditions_ = Find(kConditionColumns);
 };
 
 // The chosen codes of one CODE condition. Writing makes one row; older data may hold one row per
@@ -275,8 +284,7 @@ void LoadFields(Session& session, ListType& list) {
     if (!fields.HasCondition()) continue;
     if (!context) context = ContextOf(session);
     StoredCondition stored = fields.Condition();
-    if (FieldTypeOf(field.strFieldType) == FieldType::Code)
-      ReadCodes(session, list.lngListID, field.strPath, stored);
+    if (HasCodes(field)) ReadCodes(session, list.lngListID, field.strPath, stored);
     const Text sql = RestoreCondition(stored, *context, field);
     if (sql.empty()) continue;
     if (!list.strListPureWhere.empty()) list.strListPureWhere.append(u" And ");

@@ -7,7 +7,7 @@
 #include "component/ui/Counted.h"
 #include "component/ui/Win32FormView.h"
 #include "demo/host/SampleHost.h"
-#include "fetchkit/dialogs/Forms.h"
+#include "fetchkit/dialogs/frmMultiChoose.h"
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/session/Interface.h"
 
@@ -33,14 +33,13 @@ TEST(FormViewTest, NothingIsLeftBehindHoweverOftenADialogOpens) {
   constexpr int kOpenings = 20;
   DialogPlayer player;
   ui::Win32FormView view(GetModuleHandleW(nullptr));
-  Forms forms(view);
   demo::SampleHost host;
   host.Switch("main");
   Interface entry;
   entry.Initialize(host.connection());
   ListSet list;
   list.ViewId(101);
-  FormHost* before = SetFormHost(&forms);
+  FormView* before = SetFormView(&view);
   ASSERT_EQ(ui::LivingResources(), 0);
   for (int opening = 0; opening < kOpenings; ++opening) {
     player.Then([](HWND dialog) {
@@ -50,17 +49,16 @@ TEST(FormViewTest, NothingIsLeftBehindHoweverOftenADialogOpens) {
     player.Then([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
     EXPECT_FALSE(list.ShowFilter(player.Handle()));
     player.Then([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
-    EXPECT_FALSE(forms.ShowMultiChoose(RequestWith(3, player)).bOk);
+    EXPECT_FALSE(frmMultiChoose(view).ShowMultiChoose(RequestWith(3, player)).bOk);
   }
   EXPECT_EQ(ui::LivingResources(), 0);
-  SetFormHost(before);
+  SetFormView(before);
 }
 
 TEST(FormViewTest, AListOfThousandsFindsByTyping) {
   static constexpr int kItems = 20000;
   DialogPlayer player;
   ui::Win32FormView view(GetModuleHandleW(nullptr));
-  Forms forms(view);
   player
       .Then([](HWND dialog) {
         EXPECT_EQ(ListCount(dialog, ID_ALL), kItems);
@@ -70,7 +68,8 @@ TEST(FormViewTest, AListOfThousandsFindsByTyping) {
         Press(dialog, ID_CMD_RIGHT_ONE);
       })
       .Then([](HWND dialog) { Press(dialog, IDOK); });
-  EXPECT_EQ(forms.ShowMultiChoose(RequestWith(kItems, player)).condition, u"(编号='编号19999')");
+  EXPECT_EQ(frmMultiChoose(view).ShowMultiChoose(RequestWith(kItems, player)).condition,
+            u"(编号='编号19999')");
 }
 
 // The sample host as a user sees it: another process with two dialogs, one after the other.

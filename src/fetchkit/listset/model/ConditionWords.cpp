@@ -7,19 +7,6 @@
 namespace fetchkit {
 namespace {
 
-struct TypeWord {
-  TextView word;
-  FieldType type;
-};
-
-constexpr TypeWord kTypes[] = {
-    {u"CODE", FieldType::Code},       {u"ENUM", FieldType::Enum},
-    {u"BOOLEAN", FieldType::Boolean}, {u"STRING", FieldType::String},
-    {u"LONG", FieldType::Long},       {u"DOUBLE", FieldType::Double},
-    {u"INTEGER", FieldType::Integer}, {u"PERIOD", FieldType::Period},
-    {u"DATE", FieldType::Date},
-};
-
 // One code, the operator words and the date word that share it. The first match counts, row by
 // row, operator words before the date word.
 struct CodeRow {
@@ -96,17 +83,6 @@ auto FindRow(const Rows& rows, Matches&& matches) {
 }
 
 }  // namespace
-
-std::optional<FieldType> FieldTypeOf(TextView strFieldType) {
-  const auto* row =
-      FindRow(kTypes, [&](const TypeWord& type) { return EqualFolded(type.word, strFieldType); });
-  if (row == nullptr) return std::nullopt;
-  return row->type;
-}
-
-bool IsNumberType(FieldType type) {
-  return type == FieldType::Long || type == FieldType::Double || type == FieldType::Integer;
-}
 
 TextView CondStrToNum(TextView strOperate) {
   if (strOperate.empty()) return {};

@@ -1,18 +1,9 @@
-// The words of conditions: field types, operator and date words, and the codes they are stored as.
+// The words of conditions: operator and date words, and the codes they are stored as.
 #pragma once
-
-#include <optional>
 
 #include "fetchkit/base/Text.h"
 
 namespace fetchkit {
-
-enum class FieldType { Code, Enum, Boolean, String, Long, Double, Integer, Period, Date };
-
-// By its word in any letter case; nothing for a word that is none.
-std::optional<FieldType> FieldTypeOf(TextView strFieldType);
-
-bool IsNumberType(FieldType type);
 
 namespace words {
 inline constexpr TextView kEqual = u"等于";

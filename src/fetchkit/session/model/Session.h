@@ -14,7 +14,7 @@
 namespace fetchkit {
 
 class Activity;
-class FormHost;
+class FormView;
 class ListSet;
 
 // One per thread; two threads share nothing. Empty texts and zeros until Interface.Initialize.
@@ -29,7 +29,7 @@ struct Session : ThreadOwned {
   SessionConnectionPtr Connection;
   std::shared_ptr<Activity> ActivityObject;  // created on first use, survive every login
   std::shared_ptr<ListSet> ListSetObject;
-  FormHost* Forms = nullptr;  // who opens the dialogs; not owned, null for nobody
+  FormView* View = nullptr;  // who draws the dialogs; not owned, null for nobody
 
   Text LoginDate;  // "yyyy-MM-dd"
   std::int32_t LoginOrganizationId = 0;

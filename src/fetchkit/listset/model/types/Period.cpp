@@ -1,0 +1,56 @@
+#include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/listset/model/types/SqlParts.h"
+#include "fetchkit/listset/model/types/Types.h"
+#include "fetchkit/utility/DateKeywords.h"
+
+namespace fetchkit {
+namespace {
+
+class Period final : public FieldType {
+ public:
+  Editor EditedBy() const override { return Editor::Periods; }
+
+  std::vector<Text> Words() const override {
+    return {Text(words::kAll), u"今天",           u"本周",       u"本周至今日", u"上周",
+            u"本期",           u"本期至今日",     u"上期",       u"本月",       u"本月上旬",
+            u"本月中旬",       u"本月下旬",       u"本月至今日", u"上月",       u"本季度",
+            u"本季至今日",     u"上季度",         u"本年",       u"本年至今日", u"去年初至去年今日",
+            u"去年",           Text(kCustomRange)};
+  }
+
+  std::vector<StoredColumn> Stored(const ListFieldType& field) const override {
+    return {{u"strDateOp", Quoted(CondStrToNum(field.strFilter))},
+            {u"dtmDate1", Quoted(FirstValueOf(field.strExtValue))},
+            {u"dtmDate2", Quoted(SecondValueOf(field.strExtValue))}};
+  }
+
+  Restored Restore(const StoredCondition& stored, const ConditionContext& context,
+                   ListFieldType& field) const override {
+    const TextView word = DateWordByCode(stored.dateOp);
+    if (word == words::kAll) return {};
+    Text from = stored.date1;
+    Text to = stored.date2;
+    const bool custom = word.empty() || word == kCustomRange;
+    if (custom && from.empty() && to.empty()) return {};
+    // Older data holds words without a range; these keep the dates they were stored with.
+    if (!custom) context.dateRange(word, from, to);
+    const Text& column = field.strFieldName;
+    return {custom ? CustomPeriodText(from, to) : Text(word), PairText(from, to),
+            Join(u"(", column, u" >='", from, u"' And ", column, u" <= '", to, u"')")};
+  }
+
+  Text Predicate(const ListFieldType& field, TextView, TextView value) const override {
+    const Text& column = field.strFieldName;
+    return Join(u"(", column, u" >= '", FirstValueOf(value), u"' And ", column, u" <= '",
+                SecondValueOf(value), u"')");
+  }
+};
+
+}  // namespace
+
+const FieldType& PeriodType() {
+  static constexpr Period kType;
+  return kType;
+}
+
+}  // namespace fetchkit

@@ -1,0 +1,25 @@
+// Tables of test cases that are all texts.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fetchkit/base/Utf8.h"
+
+namespace fetchkit::test {
+
+// The rows of a table: one per line, cells between "¦", blanks kept.
+inline std::vector<std::vector<std::string>> Lines(std::string_view lines) {
+  std::vector<std::vector<std::string>> table;
+  const Text all = FromUtf8(lines);
+  for (const TextView line : Split(all, u"\n")) {
+    if (line.empty()) continue;
+    auto& row = table.emplace_back();
+    for (const TextView cell : Split(line, u"¦"))
+      row.push_back(ToUtf8(cell));
+  }
+  return table;
+}
+
+}  // namespace fetchkit::test
