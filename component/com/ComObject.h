@@ -15,9 +15,12 @@ namespace fetchkit {
 // The shell of a core object under one dual interface I. It shares the core object and keeps the
 // DLL loaded; the core object does not keep it. While it lives, asking for the same core object
 // again gives the same shell (ShellOf below).
-template <class I, const IID& id, class Core>
+template <class I, const IID& id, class CoreObject>
 class ComObject : public I, public ISupportErrorInfo {
  public:
+  using Dual = I;
+  using Core = CoreObject;
+
   explicit ComObject(std::shared_ptr<Core> core) : core_(std::move(core)) {
     Shells::Add(core_.get(), static_cast<I*>(this));
     Module::Enter();

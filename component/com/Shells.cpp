@@ -3,7 +3,7 @@
 #include <new>
 #include <unordered_map>
 
-#include "component/Windows.h"
+#include "component/com/Locked.h"
 
 namespace fetchkit::Shells {
 namespace {
@@ -13,24 +13,16 @@ namespace {
 SRWLOCK lock = SRWLOCK_INIT;
 std::unordered_map<const void*, void*>* shells = nullptr;
 
-class Locked {
- public:
-  Locked() { AcquireSRWLockExclusive(&lock); }
-  ~Locked() { ReleaseSRWLockExclusive(&lock); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-};
-
 }  // namespace
 
 void Add(const void* core, void* shell) {
-  const Locked held;
+  const Locked held(lock);
   if (!shells) shells = new std::unordered_map<const void*, void*>;
   shells->emplace(core, shell);
 }
 
 void Remove(const void* core) noexcept {
-  const Locked held;
+  const Locked held(lock);
   if (!shells) return;
   shells->erase(core);
   if (shells->empty()) {
@@ -40,7 +32,7 @@ void Remove(const void* core) noexcept {
 }
 
 void* Find(const void* core) {
-  const Locked held;
+  const Locked held(lock);
   if (!shells) return nullptr;
   const auto found = shells->find(core);
   return found == shells->end() ? nullptr : found->second;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "component/com/Boundary.h"
+#include "component/com/Locked.h"
 #include "component/com/Module.h"
 
 namespace fetchkit::TypeLibrary {
@@ -39,21 +40,11 @@ struct Kept {
 SRWLOCK lock = SRWLOCK_INIT;
 Kept* kept = nullptr;
 
-class Locked {
- public:
-  Locked() {
-    AcquireSRWLockExclusive(&lock);
-    if (!kept) kept = new (std::nothrow) Kept;
-  }
-  ~Locked() { ReleaseSRWLockExclusive(&lock); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
-  Kept& operator*() const {
-    if (!kept) throw std::bad_alloc();
-    return *kept;
-  }
-};
+// The lock must be held as long as the result is used.
+Kept& All() {
+  if (!kept) kept = new Kept;
+  return *kept;
+}
 
 void Check(HRESULT result) {
   if (FAILED(result)) throw ComError{result};
@@ -107,33 +98,35 @@ std::vector<VARTYPE> ReadReferred(ITypeInfo& info, DISPID member, WORD flags) {
 }  // namespace
 
 ComPtr<ITypeLib> Library() {
-  const Locked all;
-  return LibraryOf(*all);
+  const Locked held(lock);
+  return LibraryOf(All());
 }
 
 ComPtr<ITypeInfo> Describe(const GUID& id) {
-  const Locked all;
-  return Described(*all, id);
+  const Locked held(lock);
+  return Described(All(), id);
 }
 
 ComPtr<IRecordInfo> Record(const GUID& id) {
-  const Locked all;
-  auto& entry = (*all).records[id];
-  if (!entry) Check(GetRecordInfoFromTypeInfo(Described(*all, id).get(), entry.Out()));
+  const Locked held(lock);
+  auto& entry = All().records[id];
+  if (!entry) Check(GetRecordInfoFromTypeInfo(Described(All(), id).get(), entry.Out()));
   return entry;
 }
 
 const std::vector<VARTYPE>& Referred(const IID& interfaceId, DISPID member, WORD flags) {
-  const Locked all;
-  const auto [entry, fresh] = (*all).referred.try_emplace(Member{interfaceId, member, flags});
-  if (fresh) entry->second = ReadReferred(*Described(*all, interfaceId).get(), member, flags);
+  const Locked held(lock);
+  const auto [entry, fresh] = All().referred.try_emplace(Member{interfaceId, member, flags});
+  if (fresh) entry->second = ReadReferred(*Described(All(), interfaceId).get(), member, flags);
   return entry->second;
 }
 
 void Forget() {
-  AcquireSRWLockExclusive(&lock);
-  Kept* going = std::exchange(kept, nullptr);
-  ReleaseSRWLockExclusive(&lock);
+  Kept* going = nullptr;
+  {
+    const Locked held(lock);
+    going = std::exchange(kept, nullptr);
+  }
   delete going;
 }
 

@@ -4,7 +4,7 @@
 // windows of this DLL.
 #pragma once
 
-#include "component/com/ComObject.h"
+#include "component/com/Members.h"
 #include "component/host/AdoRecordset.h"
 #include "component/objects/ListRecord.h"
 #include "component/ui/Win32FormView.h"
@@ -28,15 +28,9 @@ class DialogsInWindows {
 
 class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet> {
  public:
-  using Dual = IListSet;
   using ComObject::ComObject;
 
-  STDMETHODIMP get_AccountName(BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().AccountName(); });
-  }
-  STDMETHODIMP put_AccountName(BSTR value) noexcept override {
-    return Run([&] { core().AccountName(Text(ViewOf(value))); });
-  }
+  FETCHKIT_PROPERTY(AccountName)
   // bOk is written whatever happens, strShowCond when the user confirmed.
   STDMETHODIMP ShowMultiChoose(IDispatch* oCodeRs, BSTR strCodeName, BSTR strChoosedCond,
                                BSTR* strShowCond, VARIANT_BOOL IsEnum, VARIANT arrEnum,
@@ -54,50 +48,22 @@ class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet
       return core().ShowFilter(hWndOwner);
     });
   }
-  STDMETHODIMP get_ViewId(long* result) noexcept override {
-    return Answer(result, [&] { return core().ViewId(); });
-  }
-  STDMETHODIMP put_ViewId(long value) noexcept override {
-    return Run([&] { core().ViewId(value); });
-  }
-  STDMETHODIMP get_ListFrom(BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().ListFrom(); });
-  }
-  STDMETHODIMP get_ListWhere(BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().ListWhere(); });
-  }
-  STDMETHODIMP get_ListPureWhere(BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().ListPureWhere(); });
-  }
-  STDMETHODIMP GetListSelect(BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().GetListSelect(); });
-  }
+  FETCHKIT_PROPERTY(ViewId)
+  FETCHKIT_GETTER(ListFrom)
+  FETCHKIT_GETTER(ListWhere)
+  FETCHKIT_GETTER(ListPureWhere)
+  FETCHKIT_METHOD(GetListSelect, 1)
   STDMETHODIMP get_List(::ListType* result) noexcept override {
     return result ? Run([&] { *result = RecordOf(core().List()); }) : E_POINTER;
   }
   STDMETHODIMP put_List(::ListType* record) noexcept override {
     return record ? Run([&] { core().List(ListOf(*record)); }) : E_POINTER;
   }
-  STDMETHODIMP RefreshListField() noexcept override {
-    return Run([&] { core().RefreshListField(); });
-  }
-  STDMETHODIMP FindAllKeyID(BSTR strCodeTableName, BSTR strMulCode,
-                            BSTR* result) noexcept override {
-    return Answer(
-        result, [&] { return core().FindAllKeyID(ViewOf(strCodeTableName), ViewOf(strMulCode)); });
-  }
-  STDMETHODIMP ModifyTableName(BSTR strSelected, BSTR strString, BSTR Replace,
-                               BSTR* result) noexcept override {
-    return Answer(result, [&] {
-      return core().ModifyTableName(ViewOf(strSelected), ViewOf(strString), ViewOf(Replace));
-    });
-  }
-  STDMETHODIMP SaveList() noexcept override {
-    return Run([&] { core().SaveList(); });
-  }
-  STDMETHODIMP CondStrToNum(BSTR strOperate, BSTR* result) noexcept override {
-    return Answer(result, [&] { return core().CondStrToNum(ViewOf(strOperate)); });
-  }
+  FETCHKIT_METHOD(RefreshListField, 0)
+  FETCHKIT_METHOD(FindAllKeyID, 3)
+  FETCHKIT_METHOD(ModifyTableName, 4)
+  FETCHKIT_METHOD(SaveList, 0)
+  FETCHKIT_METHOD(CondStrToNum, 2)
 };
 
 }  // namespace fetchkit

@@ -9,7 +9,6 @@ namespace fetchkit {
 
 class TypeDefObject : public ComObject<ITypeDef, IID_ITypeDef, fetchkit::TypeDef> {
  public:
-  using Dual = ITypeDef;
   using ComObject::ComObject;
 };
 

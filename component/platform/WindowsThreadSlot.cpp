@@ -3,7 +3,7 @@
 #include <new>
 #include <set>
 
-#include "component/Windows.h"
+#include "component/com/Locked.h"
 #include "fetchkit/base/ThreadState.h"
 
 namespace fetchkit {
@@ -17,16 +17,8 @@ LONG slot = -1;  // the index of thread-local storage
 std::set<void*>* states = nullptr;
 DWORD abandoning = 0;  // the thread that is in AbandonThread; the loader admits one at a time
 
-class Locked {
- public:
-  Locked() { AcquireSRWLockExclusive(&lock); }
-  ~Locked() { ReleaseSRWLockExclusive(&lock); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-};
-
 DWORD SlotForWriting() {
-  const Locked held;
+  const Locked held(lock);
   if (slot < 0) {
     const DWORD fresh = TlsAlloc();
     if (fresh == TLS_OUT_OF_INDEXES) throw std::bad_alloc();
@@ -52,7 +44,7 @@ void SetThreadSlot(void* state) {
   if (before == state) return;
   const DWORD index = SlotForWriting();
   {
-    const Locked held;
+    const Locked held(lock);
     if (!states) states = new std::set<void*>;
     if (state) states->insert(state);
     states->erase(before);

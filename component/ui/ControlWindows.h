@@ -4,6 +4,7 @@
 #include "component/Windows.h"
 #include "component/ui/FormWindow.h"
 #include "component/ui/ToolTip.h"
+#include "fetchkit/dialogs/ControlModels.h"
 
 namespace fetchkit::ui {
 

@@ -208,9 +208,9 @@ void Dialog::Begin() {
     RECT at = WholeRect(control);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&at), 2);
     const int id = GetDlgCtrlID(control);
-    const auto known = std::find_if(follows_.begin(), follows_.end(),
-                                    [id](const Follows& each) { return each.id == id; });
-    placed_.push_back({control, at, known == follows_.end() ? Follows{id, 0, 0, 0, 0} : *known});
+    const auto known = std::find_if(templateControls_.begin(), templateControls_.end(),
+                                    [id](const TemplateControl& each) { return each.id == id; });
+    placed_.push_back({control, at, known == templateControls_.end() ? TemplateControl{} : *known});
   }
   Step(u"dialog", [&] { OnInit(); });
   if (const UINT dpi = DpiOf(window_); dpi != dpi_) {
@@ -247,7 +247,7 @@ void Dialog::Arrange() {
   const LONG taller = client.bottom - firstClient_.cy;
   HDWP positions = BeginDeferWindowPos(static_cast<int>(placed_.size()));
   for (const Placed& each : placed_) {
-    const Follows& how = each.follows;
+    const TemplateControl& how = each.follows;
     positions = DeferWindowPos(
         positions, each.control, nullptr, each.at.left + wider * how.moveX / 100,
         each.at.top + taller * how.moveY / 100,

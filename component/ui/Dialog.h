@@ -6,12 +6,16 @@
 
 #include "component/Windows.h"
 #include "component/ui/Fonts.h"
+#include "fetchkit/base/Text.h"
 
 namespace fetchkit::ui {
 
-// How a control follows when the dialog grows: hundredths of the growth that move it and that are
-// added to its size. Controls that are not listed stay where they are.
-struct Follows {
+// A control of a template: which of a form's controls it shows, and how it follows when the dialog
+// grows, in hundredths of the growth that move it and that are added to its size. Controls that are
+// not listed stay where they are.
+struct TemplateControl {
+  TextView name;
+  int index;  // in a control array, -1 for a single control
   int id;
   int moveX, moveY, growX, growY;
 };
@@ -22,8 +26,8 @@ struct Follows {
 // alone.
 class Dialog {
  public:
-  Dialog(HINSTANCE module, int templateId, std::span<const Follows> follows)
-      : module_(module), templateId_(templateId), follows_(follows) {}
+  Dialog(HINSTANCE module, int templateId, std::span<const TemplateControl> controls)
+      : module_(module), templateId_(templateId), templateControls_(controls) {}
   virtual ~Dialog() = default;
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
@@ -54,6 +58,7 @@ class Dialog {
   // Ends ShowModal.
   void Close();
 
+  std::span<const TemplateControl> templateControls() const { return templateControls_; }
   HWND Window(int id) const { return GetDlgItem(window_, id); }
   // Pixels of a length at 96 dots per inch, and of twips (1440 to the inch).
   int Pixels(int at96) const;
@@ -63,7 +68,7 @@ class Dialog {
   struct Placed {
     HWND control;
     RECT at;  // in the dialog's first size
-    Follows follows;
+    TemplateControl follows;
   };
 
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
@@ -76,7 +81,7 @@ class Dialog {
 
   HINSTANCE module_;
   int templateId_;
-  std::span<const Follows> follows_;
+  std::span<const TemplateControl> templateControls_;
   int depth_ = 0;  // messages that are being handled
   HWND window_ = nullptr;
   HWND owner_ = nullptr;

@@ -26,9 +26,9 @@ void ControlWindow::Refresh() {
     EnableWindow(window_, model_.Enabled());
 }
 
-FormWindow::FormWindow(HINSTANCE module, int templateId, std::span<const Follows> follows,
+FormWindow::FormWindow(HINSTANCE module, int templateId, std::span<const TemplateControl> controls,
                        Form& form)
-    : Dialog(module, templateId, follows), form_(form) {
+    : Dialog(module, templateId, controls), form_(form) {
   form_.Attach(this);
 }
 
@@ -46,9 +46,32 @@ void FormWindow::Run(HWND owner) {
 void FormWindow::OnInit() {
   const Text caption = form_.Caption();
   SetWindowTextW(window(), reinterpret_cast<const wchar_t*>(caption.c_str()));
-  BindControls();
-  for (const auto& [id, control] : controls_)
-    changed_.insert(&control->model());
+  for (const TemplateControl& each : templateControls()) {
+    for (Control* model : form_.Controls()) {
+      if (model->Name() != each.name || model->Index() != each.index) continue;
+      auto& control = controls_[each.id] = WindowFor(*model, Window(each.id));
+      byModel_[model] = control.get();
+      changed_.insert(model);
+    }
+  }
+}
+
+std::unique_ptr<ControlWindow> FormWindow::WindowFor(Control& model, HWND window) {
+  if (auto* button = dynamic_cast<CommandButton*>(&model))
+    return std::make_unique<ButtonWindow>(*button, window);
+  if (auto* box = dynamic_cast<TextBox*>(&model))
+    return std::make_unique<TextBoxWindow>(*this, *box, window);
+  if (auto* date = dynamic_cast<DateSpinner*>(&model))
+    return std::make_unique<DateWindow>(*this, *date, window);
+  if (auto* tree = dynamic_cast<TreeView*>(&model))
+    return std::make_unique<TreeWindow>(*this, *tree, window);
+  if (auto* grid = dynamic_cast<MSFlexGrid*>(&model))
+    return std::make_unique<GridWindow>(*this, *grid, window);
+  if (auto* list = dynamic_cast<ListBox*>(&model))
+    return std::make_unique<ListBoxWindow>(*this, *list, window);
+  if (auto* pick = dynamic_cast<PickCombo*>(&model))
+    return std::make_unique<PickWindow>(*this, *pick, window);
+  return std::make_unique<CaptionWindow>(model, window);
 }
 
 void FormWindow::OnCommand(int id, int code) {
@@ -132,47 +155,6 @@ Control* FormWindow::ModelOf(HWND window) const {
   const auto found = controls_.find(window ? GetDlgCtrlID(window) : 0);
   const bool ours = found != controls_.end() && found->second->window() == window;
   return ours ? &found->second->model() : nullptr;
-}
-
-void FormWindow::Add(int id, std::unique_ptr<ControlWindow> control) {
-  byModel_[&control->model()] = control.get();
-  controls_[id] = std::move(control);
-}
-
-void FormWindow::Bind(Frame& model, int id) {
-  Add(id, std::make_unique<CaptionWindow>(model, Window(id)));
-}
-
-void FormWindow::Bind(Label& model, int id) {
-  Add(id, std::make_unique<CaptionWindow>(model, Window(id)));
-}
-
-void FormWindow::Bind(CommandButton& model, int id) {
-  Add(id, std::make_unique<ButtonWindow>(model, Window(id)));
-}
-
-void FormWindow::Bind(TextBox& model, int id) {
-  Add(id, std::make_unique<TextBoxWindow>(*this, model, Window(id)));
-}
-
-void FormWindow::Bind(DateSpinner& model, int id) {
-  Add(id, std::make_unique<DateWindow>(*this, model, Window(id)));
-}
-
-void FormWindow::Bind(TreeView& model, int id) {
-  Add(id, std::make_unique<TreeWindow>(*this, model, Window(id)));
-}
-
-void FormWindow::Bind(MSFlexGrid& model, int id) {
-  Add(id, std::make_unique<GridWindow>(*this, model, Window(id)));
-}
-
-void FormWindow::Bind(ListBox& model, int id) {
-  Add(id, std::make_unique<ListBoxWindow>(*this, model, Window(id)));
-}
-
-void FormWindow::Bind(PickCombo& model, int id) {
-  Add(id, std::make_unique<PickWindow>(*this, model, Window(id)));
 }
 
 }  // namespace fetchkit::ui

@@ -8,9 +8,7 @@
 
 #include "component/ui/Dialog.h"
 #include "fetchkit/base/Guard.h"
-#include "fetchkit/dialogs/ControlModels.h"
 #include "fetchkit/dialogs/Form.h"
-#include "fetchkit/dialogs/PickCombo.h"
 
 namespace fetchkit::ui {
 
@@ -41,11 +39,13 @@ class ControlWindow {
   HWND window_;
 };
 
-// Shows a form from a dialog template whose controls are bound to the form's, and passes on what
-// the user does. What a handler changes in the models is drawn when the handler has ended.
+// Shows a form in a dialog template, whose list of controls says which of them shows which of the
+// form's, and passes on what the user does. What a handler changes in the models is drawn when the
+// handler has ended.
 class FormWindow : public Dialog, private FormObserver {
  public:
-  FormWindow(HINSTANCE module, int templateId, std::span<const Follows> follows, Form& form);
+  FormWindow(HINSTANCE module, int templateId, std::span<const TemplateControl> controls,
+             Form& form);
   ~FormWindow() override;
 
   // Shows the form until it is closed; a form whose owner goes, or that cannot be shown, counts as
@@ -65,20 +65,6 @@ class FormWindow : public Dialog, private FormObserver {
   using Dialog::Pixels;
   using Dialog::PixelsOfTwips;
 
- protected:
-  // Makes the windows of all controls with Bind.
-  virtual void BindControls() = 0;
-
-  void Bind(Frame& model, int id);
-  void Bind(Label& model, int id);
-  void Bind(CommandButton& model, int id);
-  void Bind(TextBox& model, int id);
-  void Bind(DateSpinner& model, int id);
-  void Bind(TreeView& model, int id);
-  void Bind(MSFlexGrid& model, int id);
-  void Bind(ListBox& model, int id);
-  void Bind(PickCombo& model, int id);
-
  private:
   void OnInit() final;
   void OnCommand(int id, int code) final;
@@ -92,7 +78,7 @@ class FormWindow : public Dialog, private FormObserver {
   void FocusWanted(Control& control) final;
   void Closed(Form& form) final;
 
-  void Add(int id, std::unique_ptr<ControlWindow> control);
+  std::unique_ptr<ControlWindow> WindowFor(Control& model, HWND window);
   void RefreshChanged();
 
   Form& form_;

@@ -5,6 +5,7 @@
 
 #include "component/Windows.h"
 #include "component/ui/FormWindow.h"
+#include "fetchkit/dialogs/PickCombo.h"
 
 namespace fetchkit::ui {
 

@@ -6,6 +6,7 @@
 #include "component/Windows.h"
 #include "component/ui/Counted.h"
 #include "component/ui/FormWindow.h"
+#include "fetchkit/dialogs/ControlModels.h"
 
 namespace fetchkit::ui {
 

@@ -9,106 +9,43 @@
 namespace fetchkit::ui {
 namespace {
 
-constexpr Follows kFilterFollows[] = {
-    {ID_FRAME3, 0, 0, 35, 100},      {ID_TVW_FILTER, 0, 0, 35, 100}, {ID_FRAME2, 35, 0, 65, 100},
-    {ID_MSG_FILTER, 35, 0, 65, 100}, {ID_FRAME1, 35, 100, 65, 0},    {ID_LBL_TITLE, 35, 100, 65, 0},
-    {ID_LXT_OTHER, 35, 100, 30, 0},  {ID_LBL_FROM, 35, 100, 0, 0},   {ID_TXT_FROM, 35, 100, 30, 0},
-    {ID_DAT_FROM, 35, 100, 30, 0},   {ID_LBL_TO, 65, 100, 0, 0},     {ID_TXT_TO, 65, 100, 35, 0},
-    {ID_DAT_TO, 65, 100, 35, 0},     {ID_DAT_DATE, 35, 100, 30, 0},  {IDOK, 100, 100, 0, 0},
-    {IDCANCEL, 100, 100, 0, 0},      {ID_CMD_CLEAR, 35, 100, 0, 0},
+constexpr TemplateControl kFilterControls[] = {
+    {u"Frame3", -1, ID_FRAME3, 0, 0, 35, 100},
+    {u"tvwFilter", -1, ID_TVW_FILTER, 0, 0, 35, 100},
+    {u"Frame2", -1, ID_FRAME2, 35, 0, 65, 100},
+    {u"msgFilter", -1, ID_MSG_FILTER, 35, 0, 65, 100},
+    {u"Frame1", -1, ID_FRAME1, 35, 100, 65, 0},
+    {u"lblTitle", -1, ID_LBL_TITLE, 35, 100, 65, 0},
+    {u"lxtOther", -1, ID_LXT_OTHER, 35, 100, 30, 0},
+    {u"lblFrom", -1, ID_LBL_FROM, 35, 100, 0, 0},
+    {u"txtFrom", -1, ID_TXT_FROM, 35, 100, 30, 0},
+    {u"datFrom", -1, ID_DAT_FROM, 35, 100, 30, 0},
+    {u"lblTo", -1, ID_LBL_TO, 65, 100, 0, 0},
+    {u"txtTo", -1, ID_TXT_TO, 65, 100, 35, 0},
+    {u"datTo", -1, ID_DAT_TO, 65, 100, 35, 0},
+    {u"datDate", -1, ID_DAT_DATE, 35, 100, 30, 0},
+    {u"cmdOk", 0, IDOK, 100, 100, 0, 0},
+    {u"cmdOk", 1, IDCANCEL, 100, 100, 0, 0},
+    {u"cmdOk", 2, ID_CMD_CLEAR, 35, 100, 0, 0},
 };
 
-constexpr Follows kTwoListsFollow[] = {
-    {ID_LBL_ALL, 0, 0, 50, 0},
-    {ID_ALL, 0, 0, 50, 100},
-    {ID_LBL_SELECTED, 50, 0, 50, 0},
-    {ID_SELECTED, 50, 0, 50, 100},
-    {ID_CMD_RIGHT_ONE, 50, 50, 0, 0},
-    {ID_CMD_RIGHT_ALL, 50, 50, 0, 0},
-    {ID_CMD_LEFT_ONE, 50, 50, 0, 0},
-    {ID_CMD_LEFT_ALL, 50, 50, 0, 0},
-    {ID_CMD_SERIAL_UP, 100, 50, 0, 0},
-    {ID_CMD_SERIAL_DOWN, 100, 50, 0, 0},
-    {IDOK, 100, 100, 0, 0},
-    {IDCANCEL, 100, 100, 0, 0},
-};
-
-class FilterWindow : public FormWindow {
- public:
-  FilterWindow(HINSTANCE module, frmFilter& form, HWND& noted)
-      : FormWindow(module, FRM_FILTER, kFilterFollows, form), form_(form), noted_(noted) {}
-  ~FilterWindow() override { noted_ = nullptr; }
-
- private:
-  void BindControls() override {
-    noted_ = window();
-    Bind(form_.Frame3, ID_FRAME3);
-    Bind(form_.tvwFilter, ID_TVW_FILTER);
-    Bind(form_.Frame2, ID_FRAME2);
-    Bind(form_.msgFilter, ID_MSG_FILTER);
-    Bind(form_.Frame1, ID_FRAME1);
-    Bind(form_.lblTitle, ID_LBL_TITLE);
-    Bind(form_.lxtOther, ID_LXT_OTHER);
-    Bind(form_.lblFrom, ID_LBL_FROM);
-    Bind(form_.txtFrom, ID_TXT_FROM);
-    Bind(form_.datFrom, ID_DAT_FROM);
-    Bind(form_.lblTo, ID_LBL_TO);
-    Bind(form_.txtTo, ID_TXT_TO);
-    Bind(form_.datTo, ID_DAT_TO);
-    Bind(form_.datDate, ID_DAT_DATE);
-    Bind(form_.cmdOk[0], IDOK);
-    Bind(form_.cmdOk[1], IDCANCEL);
-    Bind(form_.cmdOk[2], ID_CMD_CLEAR);
-  }
-
-  frmFilter& form_;
-  HWND& noted_;
-};
-
-class ChooserWindow : public FormWindow {
- public:
-  ChooserWindow(HINSTANCE module, frmFilterColumn& form)
-      : FormWindow(module, FRM_FILTER_COLUMN, kTwoListsFollow, form), form_(form) {}
-
- private:
-  void BindControls() override {
-    Bind(form_.lblAll, ID_LBL_ALL);
-    Bind(form_.msgAll, ID_ALL);
-    Bind(form_.cmdRightOne, ID_CMD_RIGHT_ONE);
-    Bind(form_.cmdRightAll, ID_CMD_RIGHT_ALL);
-    Bind(form_.cmdLeftOne, ID_CMD_LEFT_ONE);
-    Bind(form_.cmdLeftAll, ID_CMD_LEFT_ALL);
-    Bind(form_.lblSelected, ID_LBL_SELECTED);
-    Bind(form_.msgSelected, ID_SELECTED);
-    Bind(form_.cmdOK, IDOK);
-    Bind(form_.cmdCancel, IDCANCEL);
-  }
-
-  frmFilterColumn& form_;
-};
-
-class MultiChooseWindow : public FormWindow {
- public:
-  MultiChooseWindow(HINSTANCE module, frmMultiChoose& form)
-      : FormWindow(module, FRM_MULTI_CHOOSE, kTwoListsFollow, form), form_(form) {}
-
- private:
-  void BindControls() override {
-    Bind(form_.lblAll, ID_LBL_ALL);
-    Bind(form_.lstAll, ID_ALL);
-    Bind(form_.cmdRightOne, ID_CMD_RIGHT_ONE);
-    Bind(form_.cmdRightAll, ID_CMD_RIGHT_ALL);
-    Bind(form_.cmdLeftOne, ID_CMD_LEFT_ONE);
-    Bind(form_.cmdLeftAll, ID_CMD_LEFT_ALL);
-    Bind(form_.lblSelected, ID_LBL_SELECTED);
-    Bind(form_.lstSelected, ID_SELECTED);
-    Bind(form_.cmdSerial[0], ID_CMD_SERIAL_UP);
-    Bind(form_.cmdSerial[1], ID_CMD_SERIAL_DOWN);
-    Bind(form_.cmdOk, IDOK);
-    Bind(form_.cmdCancel, IDCANCEL);
-  }
-
-  frmMultiChoose& form_;
+// frmFilterColumn and frmMultiChoose.
+constexpr TemplateControl kTwoListsControls[] = {
+    {u"lblAll", -1, ID_LBL_ALL, 0, 0, 50, 0},
+    {u"msgAll", -1, ID_ALL, 0, 0, 50, 100},
+    {u"lstAll", -1, ID_ALL, 0, 0, 50, 100},
+    {u"lblSelected", -1, ID_LBL_SELECTED, 50, 0, 50, 0},
+    {u"msgSelected", -1, ID_SELECTED, 50, 0, 50, 100},
+    {u"lstSelected", -1, ID_SELECTED, 50, 0, 50, 100},
+    {u"cmdRightOne", -1, ID_CMD_RIGHT_ONE, 50, 50, 0, 0},
+    {u"cmdRightAll", -1, ID_CMD_RIGHT_ALL, 50, 50, 0, 0},
+    {u"cmdLeftOne", -1, ID_CMD_LEFT_ONE, 50, 50, 0, 0},
+    {u"cmdLeftAll", -1, ID_CMD_LEFT_ALL, 50, 50, 0, 0},
+    {u"cmdSerial", 0, ID_CMD_SERIAL_UP, 100, 50, 0, 0},
+    {u"cmdSerial", 1, ID_CMD_SERIAL_DOWN, 100, 50, 0, 0},
+    {u"cmdOK", -1, IDOK, 100, 100, 0, 0},
+    {u"cmdOk", -1, IDOK, 100, 100, 0, 0},
+    {u"cmdCancel", -1, IDCANCEL, 100, 100, 0, 0},
 };
 
 // The window to stand over; for 0 the foreground window, when it is this process's.
@@ -123,15 +60,17 @@ HWND OwnerOf(std::int32_t handle) {
 }  // namespace
 
 void Win32FormView::ShowModal(frmFilter& form, std::int32_t hWndOwner) {
-  FilterWindow(module_, form, filter_).Run(OwnerOf(hWndOwner));
+  FormWindow window(module_, FRM_FILTER, kFilterControls, form);
+  filter_ = &window;
+  window.Run(OwnerOf(hWndOwner));
 }
 
 void Win32FormView::ShowModal(frmFilterColumn& form, const frmFilter&) {
-  ChooserWindow(module_, form).Run(filter_);
+  FormWindow(module_, FRM_FILTER_COLUMN, kTwoListsControls, form).Run(filter_->window());
 }
 
 void Win32FormView::ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) {
-  MultiChooseWindow(module_, form).Run(OwnerOf(hWndOwner));
+  FormWindow(module_, FRM_MULTI_CHOOSE, kTwoListsControls, form).Run(OwnerOf(hWndOwner));
 }
 
 }  // namespace fetchkit::ui

@@ -1,12 +1,12 @@
 // The library's dialogs in real windows.
 #pragma once
 
-#include <map>
-
 #include "component/Windows.h"
 #include "fetchkit/dialogs/FormView.h"
 
 namespace fetchkit::ui {
+
+class FormWindow;
 
 // Window of its own for each form; the chooser's owner is the filter dialog's window.
 class Win32FormView : public FormView {
@@ -20,7 +20,7 @@ class Win32FormView : public FormView {
 
  private:
   HINSTANCE module_;
-  HWND filter_ = nullptr;  // the open filter dialog
+  FormWindow* filter_ = nullptr;  // the filter dialog, from which alone the chooser is opened
 };
 
 }  // namespace fetchkit::ui

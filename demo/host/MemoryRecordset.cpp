@@ -26,13 +26,7 @@ MemoryRecordset::MemoryRecordset(Statement& statement) {
 
 void MemoryRecordset::MoveNext() {
   if (Eof()) Fail(u"The recordset has no current row.");
-  if (!std::exchange(beforeFirst_, false)) ++row_;
-}
-
-void MemoryRecordset::MovePrevious() {
-  if (Bof()) Fail(u"The recordset has no current row.");
-  beforeFirst_ = row_ == 0;
-  if (row_ > 0) --row_;
+  ++row_;
 }
 
 std::size_t MemoryRecordset::Column(TextView name) {
@@ -43,16 +37,9 @@ std::size_t MemoryRecordset::Column(TextView name) {
 }
 
 Value MemoryRecordset::At(std::size_t column) {
-  if (Eof() || Bof()) Fail(u"The recordset has no current row.");
-  RequireColumn(column);
+  if (Eof()) Fail(u"The recordset has no current row.");
+  if (column >= names_.size()) Fail(u"The recordset has no such column.");
   return cells_[row_ * names_.size() + column];
-}
-
-Value MemoryRecordset::Example(std::size_t column) {
-  Open().RequireColumn(column);
-  for (std::size_t i = column; i < cells_.size(); i += names_.size())
-    if (!cells_[i].IsNull()) return cells_[i];
-  return Value(NullValue());
 }
 
 Text MemoryRecordset::FirstRow() const {
@@ -75,14 +62,9 @@ MemoryRecordset& MemoryRecordset::Open() {
   return *this;
 }
 
-void MemoryRecordset::RequireColumn(std::size_t column) {
-  if (column >= names_.size()) Fail(u"The recordset has no such column.");
-}
-
 void MemoryRecordset::MoveTo(std::size_t row) {
   if (Open().rows_ == 0) Fail(u"The recordset has no rows.");
   row_ = row;
-  beforeFirst_ = false;
 }
 
 }  // namespace fetchkit::demo

@@ -19,18 +19,14 @@ class MemoryRecordset : public Recordset {
   explicit MemoryRecordset(Statement& statement);
 
   bool Eof() override { return Open().row_ == rows_; }
-  bool Bof() override { return Open().rows_ == 0 || beforeFirst_; }
+  bool Bof() override { return Open().rows_ == 0; }
   void MoveFirst() override { MoveTo(0); }
   void MoveLast() override { MoveTo(rows_ - 1); }
   void MoveNext() override;
-  void MovePrevious();
   std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
   std::size_t Column(TextView name) override;
   std::vector<Text> ColumnNames() override { return Open().names_; }
   Value At(std::size_t column) override;
-
-  // The first value of the column that is not Null, whatever row is current; Null for none.
-  Value Example(std::size_t column);
 
   // "column=value, ..." of the first row; Null is shown as -.
   Text FirstRow() const;
@@ -40,14 +36,12 @@ class MemoryRecordset : public Recordset {
 
  private:
   MemoryRecordset& Open();
-  void RequireColumn(std::size_t column);
   void MoveTo(std::size_t row);
 
   std::vector<Text> names_;
   std::vector<Value> cells_;  // row by row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
-  bool beforeFirst_ = false;  // row_ is 0 then
   bool open_ = true;
 };
 

@@ -150,6 +150,7 @@ same_as_the_demo() {
   [[ -n $wanted ]] && diff <(echo "$wanted") <(wine FetchKitDemo.exe "$word") &&
     diff <(echo "$wanted") <(wine cscript //nologo sample.vbs "$word")
 }
+lists_rows() { wine FetchKitDemo.exe list --rows 1 | grep -E '^1 of [0-9]+ rows'; }
 # The resolution of the screen in dots per inch, for the programs that start after it.
 resolution() {
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
@@ -199,6 +200,7 @@ check "enters the sample host" wine regsvr32 /s FetchKitDemoHost.dll
 for each in dates rights format; do
   check "a script on the sample accounts prints the demo's $each" same_as_the_demo "$each"
 done
+check "the native host lists rows" lists_rows
 check "removes the sample host" wine regsvr32 /s /u FetchKitDemoHost.dll
 check "leaves no key behind" unregistered
 check "registers for the user alone" registered_for_user

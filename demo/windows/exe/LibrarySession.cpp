@@ -46,7 +46,7 @@ void LibrarySession::LogInAfresh() {
 }
 
 void LibrarySession::Initialize() {
-  const auto object = ComPtr<ISessionConnection>::Attach(ConnectionObjectOf(connection()));
+  const auto object = ConnectionObjectOf(connection());
   ComPtr<IDispatch> argument(object.get());
   Check(entry_->Initialize(argument.InOut()));
   host_.reports().clear();

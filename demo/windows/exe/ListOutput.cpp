@@ -64,7 +64,7 @@ const ListFieldType* ListRecord::end() const {
 }
 
 Query::Query(const LibrarySession& session, const std::string& sql)
-    : connection_(ComPtr<ISessionConnection>::Attach(ConnectionObjectOf(session.connection()))) {
+    : connection_(ConnectionObjectOf(session.connection())) {
   VARIANT_BOOL opened = VARIANT_FALSE;
   Check(connection_->OpenStaticRecordset(Bstr(FromUtf8(sql)).get(), object_.InOut(), 3, 1, 1, 0,
                                          &opened));

@@ -8,7 +8,6 @@
 #include "demo/SampleAccounts.h"
 #include "demo/console/StatementList.h"
 #include "demo/console/Terminal.h"
-#include "demo/windows/com/AdoRows.h"
 #include "demo/windows/com/ConnectionObject.h"
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Utf8.h"
@@ -54,7 +53,7 @@ HRESULT SampleHostObject::Connection(BSTR strLogin, BSTR strServer, IDispatch** 
     const auto& connection = core().connection();
     if (const TextView server = ViewOf(strServer); !server.empty())
       connection->login.server = Text(server);
-    return ConnectionObjectOf(connection);
+    return ConnectionObjectOf(connection).Detach();
   });
 }
 
@@ -83,7 +82,7 @@ HRESULT SampleHostObject::OpenRecordset(BSTR strSql, IDispatch** result) noexcep
     RecordsetPtr rows;
     if (!CurrentConnection().OpenRecordset(ViewOf(strSql), rows, 0, 0))
       throw Error(ErrorKind::Host, core().reports().back().error);
-    return AdoRecordsetOf(std::dynamic_pointer_cast<MemoryRecordset>(rows));
+    return ShellOf<RecordsetObject>(std::move(rows));
   });
 }
 

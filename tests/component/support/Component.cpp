@@ -1,9 +1,11 @@
 #include "support/Component.h"
 
+#include <algorithm>
 #include <deque>
+#include <fstream>
 
+#include "component/com/Module.h"
 #include "component/com/Variants.h"
-#include "fetchkit/base/TextSearch.h"
 #include "fetchkit/base/Utf8.h"
 #include "session/SampleBooks.h"
 
@@ -73,10 +75,11 @@ std::string Show(const Value& value) {
   return shown;
 }
 
-Called Call(IDispatch* object, const wchar_t* member, WORD flags, const std::vector<Value>& passed,
-            By by) {
+Called Call(IDispatch* object, const std::string& member, WORD flags,
+            const std::vector<Value>& passed, By by) {
   Called called;
-  auto* name = const_cast<LPOLESTR>(member);
+  std::wstring wide(member.begin(), member.end());
+  LPOLESTR name = wide.data();
   DISPID id = 0;
   called.code = object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
   if (FAILED(called.code)) return called;
@@ -128,67 +131,91 @@ ComPtr<ITypeLib> TypeLibraryOfComponent() {
   return library;
 }
 
-void ForEachMember(const std::function<void(const std::string&, const IID&, const std::string&,
-                                            ITypeInfo*, FUNCDESC&)>& visit) {
+std::string NameOf(ITypeInfo* info, MEMBERID member) {
+  Bstr name;
+  info->GetDocumentation(member, name.Out(), nullptr, nullptr, nullptr);
+  return ToUtf8(name.view());
+}
+
+void ForEachType(const std::function<void(ITypeInfo*, const TYPEATTR&)>& visit) {
   const ComPtr<ITypeLib> library = TypeLibraryOfComponent();
   for (UINT type = 0; type < library->GetTypeInfoCount(); ++type) {
-    ComPtr<ITypeInfo> dispatch;
     ComPtr<ITypeInfo> info;
-    HREFTYPE reference = 0;
-    TYPEKIND kind = TKIND_MAX;
-    library->GetTypeInfoType(type, &kind);
-    if (kind != TKIND_DISPATCH) continue;
-    library->GetTypeInfo(type, dispatch.Out());
-    // The other half of a dual interface has the functions as they are called.
-    ASSERT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
-    ASSERT_EQ(dispatch->GetRefTypeInfo(reference, info.Out()), S_OK);
     TYPEATTR* attributes = nullptr;
+    library->GetTypeInfo(type, info.Out());
     info->GetTypeAttr(&attributes);
-    Bstr interfaceName;
-    info->GetDocumentation(MEMBERID_NIL, interfaceName.Out(), nullptr, nullptr, nullptr);
-    for (UINT index = 0; index < attributes->cFuncs; ++index) {
-      FUNCDESC* function = nullptr;
-      Bstr name;
-      info->GetFuncDesc(index, &function);
-      info->GetDocumentation(function->memid, name.Out(), nullptr, nullptr, nullptr);
-      visit(ToUtf8(interfaceName.view()), attributes->guid, ToUtf8(name.view()), info.get(),
-            *function);
-      info->ReleaseFuncDesc(function);
-    }
+    visit(info.get(), *attributes);
     info->ReleaseTypeAttr(attributes);
   }
+}
+
+void ForEachFunction(ITypeInfo* dispatch, const std::function<void(ITypeInfo*, FUNCDESC&)>& visit) {
+  ComPtr<ITypeInfo> info;
+  HREFTYPE reference = 0;
+  ASSERT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
+  ASSERT_EQ(dispatch->GetRefTypeInfo(reference, info.Out()), S_OK);
+  FUNCDESC* function = nullptr;
+  for (UINT index = 0; SUCCEEDED(info->GetFuncDesc(index, &function)); ++index) {
+    visit(info.get(), *function);
+    info->ReleaseFuncDesc(function);
+  }
+}
+
+void ForEachMember(const std::function<void(const Member&)>& visit) {
+  ForEachType([&](ITypeInfo* type, const TYPEATTR& attributes) {
+    if (attributes.typekind != TKIND_DISPATCH) return;
+    ForEachFunction(type, [&](ITypeInfo* info, FUNCDESC& function) {
+      visit({NameOf(type), attributes.guid, NameOf(info, function.memid), function});
+    });
+  });
 }
 
 Objects ObjectsOf(const ComPtr<IInterface>& entry) {
   Objects found;
   std::vector<ComPtr<IDispatch>> all = {entry.As<IDispatch>(IID_IDispatch),
                                         CreateUtility().As<IDispatch>(IID_IDispatch)};
-  ForEachMember([&](const std::string& interfaceName, const IID& id, const std::string& member,
-                    ITypeInfo*, FUNCDESC& function) {
-    if (interfaceName == "IInterface" && function.invkind == INVOKE_PROPERTYGET) {
-      const Called got = Call(entry.get(), std::wstring(member.begin(), member.end()).c_str(),
-                              DISPATCH_PROPERTYGET, {});
+  ForEachMember([&](const Member& member) {
+    if (member.interfaceName == "IInterface" && member.function.invkind == INVOKE_PROPERTYGET) {
+      const Called got = Call(entry.get(), member.name, DISPATCH_PROPERTYGET, {});
       if (got.result.Is<Value::Object>())
         all.push_back(ComPtr<IUnknown>(ObjectOf(got.result)).As<IDispatch>(IID_IDispatch));
     }
     for (const auto& object : all)
-      if (!found.contains(interfaceName))
-        if (auto asked = object.As<IDispatch>(id)) found[interfaceName] = std::move(asked);
+      if (!found.contains(member.interfaceName))
+        if (auto asked = object.As<IDispatch>(member.id))
+          found[member.interfaceName] = std::move(asked);
   });
   return found;
 }
 
 std::map<std::string, Value> PropertiesOf(const Objects& objects) {
   std::map<std::string, Value> read;
-  ForEachMember([&](const std::string& interfaceName, const IID&, const std::string& member,
-                    ITypeInfo*, FUNCDESC& function) {
-    if (function.invkind != INVOKE_PROPERTYGET || member == "List") return;
+  ForEachMember([&](const Member& member) {
+    if (member.function.invkind != INVOKE_PROPERTYGET || member.name == "List") return;
     const Called got =
-        Call(objects.at(interfaceName).get(), std::wstring(member.begin(), member.end()).c_str(),
-             DISPATCH_PROPERTYGET, {});
-    if (!got.result.Is<Value::Object>()) read[interfaceName + "." + member] = got.result;
+        Call(objects.at(member.interfaceName).get(), member.name, DISPATCH_PROPERTYGET, {});
+    if (!got.result.Is<Value::Object>()) read[member.FullName()] = got.result;
   });
   return read;
+}
+
+void ExpectKept(const std::string& file, const std::string& text) {
+  const std::wstring name(file.begin(), file.end());
+  const HRSRC found = FindResourceW(nullptr, name.c_str(), RT_RCDATA);
+  ASSERT_TRUE(found) << file;
+  const std::string kept(static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
+                         SizeofResource(nullptr, found));
+  if (text == kept) return;
+  std::ofstream(file, std::ios::binary) << text;
+  const auto differs = static_cast<std::size_t>(
+      std::mismatch(text.begin(), text.end(), kept.begin(), kept.end()).first - text.begin());
+  const std::size_t start = differs ? text.rfind('\n', differs - 1) + 1 : 0;
+  ADD_FAILURE() << "first difference:\n  kept: "
+                << kept.substr(start, kept.find('\n', start) - start)
+                << "\n  now:  " << text.substr(start, text.find('\n', start) - start)
+                << "\nThe whole is in " << file
+                << " beside this program; if that is what is wanted, "
+                << "it is to be kept as tests/component/" << file;
 }
 
 int PressesInDialogs::button_ = 0;
@@ -208,19 +235,21 @@ LRESULT CALLBACK PressesInDialogs::Press(int code, WPARAM window, LPARAM) {
   return 0;
 }
 
-ComponentTest::ComponentTest() : host_(GoodHost()), wide_(WideRow()) {
-  host_->fallback = [this](TextView) { return &wide_; };
-}
-
 void ComponentTest::TearDown() {
   EXPECT_EQ(CanUnload(), S_OK) << "something is still held";
-  EXPECT_EQ(plan_->references, 0) << "references to the host's objects were not given back";
+  EXPECT_FALSE(Module::IsUsed()) << "references to the host's objects were not given back";
 }
 
 ComPtr<IInterface> ComponentTest::LogIn() {
   ComPtr<IInterface> entry = CreateInterface();
-  EXPECT_EQ(Initialize(entry, ComHost().get()), S_OK);
+  EXPECT_EQ(Initialize(entry, host_), S_OK);
   return entry;
+}
+
+std::shared_ptr<FakeConnection> ComponentTest::MakeHost() {
+  const auto host = GoodHost();
+  host->fallback = [wide = WideRow()](TextView) { return &wide; };
+  return host;
 }
 
 HRESULT Initialize(const ComPtr<IInterface>& entry, IUnknown* connection) {

@@ -12,9 +12,9 @@
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
+#include "demo/windows/com/ConnectionObject.h"
 #include "fetchkit/base/Value.h"
 #include "idl/FetchKit.h"
-#include "support/ComHost.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {
@@ -67,9 +67,9 @@ struct Called {
 };
 
 // Calls a member by its name as a script does.
-Called Call(IDispatch* object, const wchar_t* member, WORD flags, const std::vector<Value>& passed,
-            By by = By::Value);
-inline Called Call(IDispatch* object, const wchar_t* member, const std::vector<Value>& passed,
+Called Call(IDispatch* object, const std::string& member, WORD flags,
+            const std::vector<Value>& passed, By by = By::Value);
+inline Called Call(IDispatch* object, const std::string& member, const std::vector<Value>& passed,
                    By by = By::Value) {
   return Call(object, member, DISPATCH_METHOD, passed, by);
 }
@@ -77,11 +77,24 @@ inline Called Call(IDispatch* object, const wchar_t* member, const std::vector<V
 // Type and content, for messages and comparisons.
 std::string Show(const Value& value);
 
-// The members of the component's dual interfaces, without IDispatch's.
-void ForEachMember(const std::function<void(const std::string& interfaceName, const IID& id,
-                                            const std::string& member, ITypeInfo* info,
-                                            FUNCDESC& function)>& visit);
+// What the component's type library says.
 ComPtr<ITypeLib> TypeLibraryOfComponent();
+std::string NameOf(ITypeInfo* info, MEMBERID member = MEMBERID_NIL);
+void ForEachType(const std::function<void(ITypeInfo* info, const TYPEATTR& attributes)>& visit);
+// The functions of a dual interface as they are called, without IDispatch's.
+void ForEachFunction(ITypeInfo* dispatch,
+                     const std::function<void(ITypeInfo* info, FUNCDESC& function)>& visit);
+
+// The members of all its interfaces.
+struct Member {
+  std::string interfaceName;
+  IID id;
+  std::string name;
+  FUNCDESC& function;
+
+  std::string FullName() const { return interfaceName + "." + name; }
+};
+void ForEachMember(const std::function<void(const Member& member)>& visit);
 
 // The entry, what can be got from it and a Utility, each by the name of its interface.
 using Objects = std::map<std::string, ComPtr<IDispatch>>;
@@ -105,26 +118,28 @@ class PressesInDialogs {
   HHOOK hook_;
 };
 
+// Compares with the text that is kept as tests/component/FILE and is in this program as a resource;
+// a different one is written beside the program.
+void ExpectKept(const std::string& file, const std::string& text);
+
 // A test that logs in. Afterwards the library must be willing to go, with every reference to the
 // host's objects given back.
 class ComponentTest : public testing::Test {
  protected:
-  ComponentTest();
   void TearDown() override;
 
   // A new entry object on which Initialize has been called with the host.
   ComPtr<IInterface> LogIn();
-  ComPtr<ISessionConnection> ComHost() { return MakeComHost(host_, plan_); }
 
-  // The sample login; any other statement is answered with one wide row.
-  std::shared_ptr<FakeConnection> host_;
-  std::shared_ptr<HostPlan> plan_ = std::make_shared<HostPlan>();
-
- private:
-  FreshThread thread_;  // the native library of the test's own process
-  Answer wide_;
+  // The sample login; any other statement is answered with one wide row. While the library holds
+  // one of its objects the test is not the only one who does.
+  static std::shared_ptr<FakeConnection> MakeHost();
+  std::shared_ptr<FakeConnection> host_ = MakeHost();
 };
 
 HRESULT Initialize(const ComPtr<IInterface>& entry, IUnknown* connection);
+inline HRESULT Initialize(const ComPtr<IInterface>& entry, SessionConnectionPtr host) {
+  return Initialize(entry, demo::ConnectionObjectOf(std::move(host)).get());
+}
 
 }  // namespace fetchkit::test

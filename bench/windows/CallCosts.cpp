@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "bench/windows/ImportCounter.h"
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
@@ -134,6 +135,21 @@ int Main() {
              invoke();
            }),
       plain, coreNumber);
+
+  const Bstr longText(u"科目编码,科目名称,科目类别,余额方向,期初余额");
+  const int nativeAllocations = ImportCounter(GetModuleHandleW(nullptr), "malloc").During([&] {
+    sink = static_cast<int>(native.GetStrAfter(longText.view(), mark.view(), true).size());
+  });
+  int texts = 0;
+  const int allocations = ImportCounter(module, "malloc").During([&] {
+    texts = ImportCounter(module, "SysAllocStringLen").During([&] {
+      Bstr result;
+      VARIANT_BOOL must = VARIANT_TRUE;
+      utility->GetStrAfter(longText.get(), mark.get(), &must, result.Out());
+    });
+  });
+  std::printf("allocations for a text of two texts: %d native; %d and %d texts early-bound\n",
+              nativeAllocations, allocations, texts);
   return 0;
 }
 

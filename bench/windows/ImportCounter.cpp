@@ -1,10 +1,10 @@
-#include "support/ImportCounter.h"
+#include "bench/windows/ImportCounter.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-namespace fetchkit::test {
+namespace fetchkit {
 namespace {
 
 int mallocs;
@@ -49,7 +49,7 @@ ImportCounter::ImportCounter(HMODULE module, const char* function)
       if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
       const auto* import = At<IMAGE_IMPORT_BY_NAME>(module, name->u1.AddressOfData);
       if (std::strcmp(reinterpret_cast<const char*>(import->Name), function) == 0)
-        slot_ = reinterpret_cast<void**>(const_cast<ULONGLONG*>(&address->u1.Function));
+        slot_ = reinterpret_cast<void**>(const_cast<ULONG_PTR*>(&address->u1.Function));
     }
   }
 }
@@ -71,4 +71,4 @@ int ImportCounter::Remove() {
   return text_ ? texts : mallocs;
 }
 
-}  // namespace fetchkit::test
+}  // namespace fetchkit

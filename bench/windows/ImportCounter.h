@@ -3,7 +3,7 @@
 
 #include "component/Windows.h"
 
-namespace fetchkit::test {
+namespace fetchkit {
 
 // One at a time per function; the module must import it by name.
 class ImportCounter {
@@ -27,4 +27,4 @@ class ImportCounter {
   bool text_;  // whether it is the function that makes texts, malloc otherwise
 };
 
-}  // namespace fetchkit::test
+}  // namespace fetchkit
