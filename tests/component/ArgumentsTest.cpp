@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "component/com/ClassFactory.h"
 #include "component/com/Module.h"
 #include "component/com/Variants.h"
 #include "component/host/Ado.h"
@@ -14,7 +15,6 @@
 #include "fetchkit/session/Interface.h"
 #include "session/SampleBooks.h"
 #include "support/Component.h"
-#include "support/ListRecord.h"
 #include "support/Table.h"
 
 namespace fetchkit::test {
@@ -138,6 +138,24 @@ TEST_F(Arguments, WhatRaisesGivesItsNumberWithDescriptionAndSource) {
             Call(organization.get(), "BeginYear", DISPATCH_PROPERTYGET, {}).description);
   EXPECT_EQ(source.view(), u"FetchKit");
 }
+
+// A list record that the component has handed out, as an early-bound caller keeps it.
+struct ListRecord : ::ListType {
+  ListRecord() : ::ListType{} {}
+  ListRecord(const ListRecord&) = delete;
+  ListRecord& operator=(const ListRecord&) = delete;
+  ~ListRecord() {
+    for (const BSTR text : {strViewName, strListName, strListFrom, strListWhere, strListPureWhere,
+                            strCurTable, strPrimaryKey})
+      SysFreeString(text);
+    if (ListField) SafeArrayDestroy(ListField);
+  }
+  ::ListFieldType& Field(long index) const {
+    void* field = nullptr;
+    EXPECT_EQ(SafeArrayPtrOfIndex(ListField, &index, &field), S_OK);
+    return *static_cast<::ListFieldType*>(field);
+  }
+};
 
 void Replace(BSTR& text, TextView with) {
   SysFreeString(std::exchange(text, NewBstr(with)));
@@ -522,57 +540,36 @@ TEST_F(Arguments, TheSystemsRecordsetIsRead) {
 }
 
 // The log component of a host's environment, found by its class.
-class Log : public IHostLog, public IClassFactory {
+const auto kWritten = std::make_shared<Text>();
+
+class Log : public ComObject<IHostLog, IID_IHostLog, Text> {
  public:
-  STDMETHODIMP QueryInterface(REFIID asked, void** object) override {
-    *object = nullptr;
-    if (asked == IID_IHostLog || asked == IID_IDispatch) *object = static_cast<IHostLog*>(this);
-    if (asked == IID_IClassFactory || asked == IID_IUnknown)
-      *object = static_cast<IClassFactory*>(this);
-    if (*object) AddRef();
-    return *object ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                      UINT*) override {
-    return E_NOTIMPL;
-  }
-  STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override {
-    return QueryInterface(id, object);
-  }
-  STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+  using ComObject::ComObject;
   STDMETHODIMP WriteLog(BSTR message, BSTR strA, BSTR strB, long lngC,
-                        VARIANT_BOOL* result) override {
-    written = Join(ViewOf(message), u"|", ViewOf(strA), u"|", ViewOf(strB), u"|", lngC);
+                        VARIANT_BOOL* result) noexcept override {
+    core() = Join(ViewOf(message), u"|", ViewOf(strA), u"|", ViewOf(strB), u"|", lngC);
     *result = VARIANT_TRUE;
     return S_OK;
   }
-
-  ULONG references = 0;
-  Text written;
 };
 
 TEST_F(Arguments, TheLogComponentIsFoundByItsClass) {
   const CLSID type = {0x78A8C12C, 0xB07A, 0x443A, {0x8C, 0xB5, 0xBC, 0x9F, 0x6A, 0x8F, 0x36, 0x5D}};
-  Log log;
+  const CreatableClass classes[] = {
+      {&type, L"", L"", []() -> IUnknown* { return ShellOf<Log>(kWritten); }}};
+  ComPtr<IUnknown> factory;
   DWORD cookie = 0;
-  ASSERT_EQ(CoRegisterClassObject(type, static_cast<IClassFactory*>(&log), CLSCTX_INPROC_SERVER,
-                                  REGCLS_MULTIPLEUSE, &cookie),
+  ASSERT_EQ(GetClassObject(classes, type, IID_IUnknown, reinterpret_cast<void**>(factory.Out())),
             S_OK);
-  {
-    const auto utility = CreateUtility();
-    VARIANT_BOOL written = VARIANT_FALSE;
-    EXPECT_EQ(utility->WriteLog(Bstr(u"甲").get(), Bstr(u"乙").get(), 7, &written), S_OK);
-    EXPECT_EQ(written, VARIANT_TRUE);
-    EXPECT_EQ(ToUtf8(log.written), "无|甲|乙|7");
-  }
+  ASSERT_EQ(
+      CoRegisterClassObject(type, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie),
+      S_OK);
+  VARIANT_BOOL written = VARIANT_FALSE;
+  EXPECT_EQ(CreateUtility()->WriteLog(Bstr(u"甲").get(), Bstr(u"乙").get(), 7, &written), S_OK);
+  EXPECT_EQ(written, VARIANT_TRUE);
+  EXPECT_EQ(ToUtf8(*kWritten), "无|甲|乙|7");
   EXPECT_EQ(CanUnload(), S_OK);
   CoRevokeClassObject(cookie);
-  EXPECT_EQ(log.references, 0u);
 }
 
 }  // namespace

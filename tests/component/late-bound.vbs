@@ -18,9 +18,7 @@ Set activity = CreateObject("FetchKit.Activity")
 Set lists = CreateObject("FetchKit.ListSet")
 Set owner = CreateObject("FetchKit.TypeDef")
 
-Check "a method", utility.GetNoXString("a, b ,c", 2, ","), "b"
 Check "an omitted argument", utility.DecomposeInClause("lngID", "1,2", False), "(lngID In(1,2) )"
-Check "a Boolean", utility.StrInStr("a,b", "B", ",", 1), True
 Check "a date", utility.NotNull(#2004-02-29#, 0), #2004-02-29#
 Check "a Null", utility.NotNull(Null, "x"), "x"
 Check "an array", utility.FormatString("{0}-{1}", Array("a", "b")), "a-b"
@@ -30,10 +28,6 @@ Check "the column", column, CLng(28)
 message = "before"
 Check "a text by reference", utility.CellIsValid("A1", message), True
 Check "the message", message, ""
-
-Check "a property before the login", entry.LoginDate, ""
-entry.LoginOrganization.OrganizationName = "X"
-Check "a property of a kept object", entry.LoginOrganization.OrganizationName, "X"
 lists.AccountName = "A"
 Check "a property", lists.AccountName, "A"
 

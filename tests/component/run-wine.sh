@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs the Windows component under Wine; the last line counts tests and checks.
 # Usage: tests/component/run-wine.sh BUILD-FOLDER DEMO, from the project's root. The folder is made by
-# the preset "component-x64", with the 32-bit build in "../x86" beside it; DEMO is the console demo,
-# with which the sample script is compared.
+# the preset "component-x64", with the 32-bit build, or its DLL alone, in "../x86" beside it; DEMO is
+# the console demo, with which the sample script is compared.
 set -uo pipefail
 build=$(realpath "$1")
 demo=$(realpath "$2")
@@ -65,8 +65,10 @@ binary() {
   passed=$((passed + tests - failures))
 }
 
-# The classes in the registry, machine's and user's: one line for each key and value.
+# The classes in the registry, machine's and user's: one line for each key and value. The server
+# writes them when it ends, which by itself it does only after some seconds.
 entries() {
+  server -k
   server -w
   awk '
     /^\[/ { key = $0; sub(/\] [0-9]+$/, "]", key); print FILENAME, key; next }
@@ -82,23 +84,30 @@ prepare() {
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     wine wineboot -i
-    # What Windows always has, and what the script host enters for itself at its first start.
-    wine reg add 'HKCU\Software\Classes\CLSID' /f
+    # What Windows always has, and what the script host enters for itself at its first start; then
+    # fonts that every Windows has: one with Chinese characters, and the signs on title bars.
+    cat >"$build/prefix.reg" <<'REG'
+REGEDIT4
+
+[HKEY_CURRENT_USER\Software\Classes\CLSID]
+
+[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]
+"MS Shell Dlg"="WenQuanYi Micro Hei"
+"MS Shell Dlg 2"="WenQuanYi Micro Hei"
+"Tahoma"="WenQuanYi Micro Hei"
+
+[HKEY_CURRENT_USER\Software\Wine\X11 Driver]
+"Managed"="N"
+REG
+    wine reg import prefix.reg
     wine cscript //nologo "$(windows_path late-bound.js)"
-    # Fonts that every Windows has: one with Chinese characters, and the signs on title bars.
-    local font
-    for font in 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
-      wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
-        /v "$font" /d 'WenQuanYi Micro Hei' /f
-    done
     cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts"
     server -w
     [[ -f $WINEPREFIX/system.reg ]] && touch "$WINEPREFIX/.ready"
   fi
   local graphics=x11
   [[ $FETCHKIT_X_SERVER == xvfb ]] || graphics=null
-  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
-    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d $graphics /f
+  wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d $graphics /f
 }
 
 # The version with its mark for registration, the type library, and the marks of a hardened image.
@@ -122,20 +131,26 @@ script() {
   [[ ${output##*$'\n'} == "0 late-bound checks failed" ]]
 }
 
-# How often the DLL, and how often its names with their class, stand in a part of the registry.
-registered() { entries | grep -c "^$1.reg .*\\(FetchKit\\.dll\"$\\|\\\\FetchKit\\.[A-Za-z]*\\\\\\\\CLSID\\] @=\\)"; }
+# How often the DLL, and how often its names with their class, stand in a part of these entries.
+registered() {
+  grep -c "^$2.reg .*\\(FetchKit\\.dll\"$\\|\\\\FetchKit\\.[A-Za-z]*\\\\\\\\CLSID\\] @=\\)" <<<"$1"
+}
 
 # Five classes with their names, and the type library.
 registered_for_machine() {
+  local after
   wine regsvr32 /s FetchKit.dll
-  entries | grep FetchKit
-  [[ $(registered system) -eq 11 && $(registered user) -eq 0 ]]
+  after=$(entries)
+  grep FetchKit <<<"$after"
+  [[ $(registered "$after" system) -eq 11 && $(registered "$after" user) -eq 0 ]]
 }
 # Wine enters a user's type library for the machine; the classes must be the user's alone.
 registered_for_user() {
+  local after
   wine regsvr32 /s /n /i:user FetchKit.dll
-  entries | grep FetchKit
-  [[ $(registered system) -le 1 && $(registered user) -ge 10 ]]
+  after=$(entries)
+  grep FetchKit <<<"$after"
+  [[ $(registered "$after" system) -le 1 && $(registered "$after" user) -ge 10 ]]
 }
 unregistered() {
   wine regsvr32 /s /u "$@" FetchKit.dll
@@ -167,27 +182,32 @@ pictures() {
     done
   done
 }
+# Takes as long as all dialogs, and nothing of the screen: those run meanwhile.
 cycles() { wine fetchkit-load-cycles.exe | grep '^per cycle: '; }
 
 check "a Wine prefix" prepare
 x86=$build/../x86
 for each in x64 x86; do
+  mapfile -t programs < <(compgen -G "$build/../$each/*.exe")
   check "the images for $each import the system's DLLs alone" \
-    tools/check-imports.sh $each "$build/../$each"/*.dll "$build/../$each"/*.exe
+    tools/check-imports.sh $each "$build/../$each"/*.dll "${programs[@]}"
 done
 mapfile -t libraries < <(ls -d "$build/FetchKit.dll" "$x86/FetchKit.dll" 2>/dev/null)
 check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
+cycles >"$build/cycles.txt" &
+cycling=$!
 binary fetchkit-component-tests
 rm -rf "$build/pictures"
 mkdir -p "$build/pictures"
 binary fetchkit-dialog-tests
+wait $cycling
+say $? "a thousand loads and unloads" "$(<"$build/cycles.txt")"
 for dots in 144 192; do
   check "a screen of $dots dots per inch" resolution $dots
   binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*'
 done
 check "a screen of 96 dots per inch" resolution 96
 check "pictures of the dialogs in build/pictures" pictures
-check "a thousand loads and unloads" cycles
 # What an interrupted run may have left.
 wine regsvr32 /s /u FetchKit.dll
 wine regsvr32 /s /u /n /i:user FetchKit.dll
