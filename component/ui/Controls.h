@@ -1,5 +1,5 @@
-// The numbers of the dialogs and their controls, for the resource script and the views.
-// Names are those of the forms' controls.
+// The dialogs and their controls: the numbers, for the resource script too, and for the windows
+// which of a form's controls each shows.
 #ifndef FETCHKIT_UI_CONTROLS_H
 #define FETCHKIT_UI_CONTROLS_H
 
@@ -35,5 +35,52 @@
 #define ID_CMD_LEFT_ALL 1108
 #define ID_CMD_SERIAL_UP 1109
 #define ID_CMD_SERIAL_DOWN 1110
+
+#ifndef RC_INVOKED
+#include "component/ui/Dialog.h"
+
+namespace fetchkit::ui {
+
+inline constexpr TemplateControl kFilterControls[] = {
+    {u"Frame3", -1, ID_FRAME3, 0, 0, 35, 100},
+    {u"tvwFilter", -1, ID_TVW_FILTER, 0, 0, 35, 100},
+    {u"Frame2", -1, ID_FRAME2, 35, 0, 65, 100},
+    {u"msgFilter", -1, ID_MSG_FILTER, 35, 0, 65, 100},
+    {u"Frame1", -1, ID_FRAME1, 35, 100, 65, 0},
+    {u"lblTitle", -1, ID_LBL_TITLE, 35, 100, 65, 0},
+    {u"lxtOther", -1, ID_LXT_OTHER, 35, 100, 30, 0},
+    {u"lblFrom", -1, ID_LBL_FROM, 35, 100, 0, 0},
+    {u"txtFrom", -1, ID_TXT_FROM, 35, 100, 30, 0},
+    {u"datFrom", -1, ID_DAT_FROM, 35, 100, 30, 0},
+    {u"lblTo", -1, ID_LBL_TO, 65, 100, 0, 0},
+    {u"txtTo", -1, ID_TXT_TO, 65, 100, 35, 0},
+    {u"datTo", -1, ID_DAT_TO, 65, 100, 35, 0},
+    {u"datDate", -1, ID_DAT_DATE, 35, 100, 30, 0},
+    {u"cmdOk", 0, IDOK, 100, 100, 0, 0},
+    {u"cmdOk", 1, IDCANCEL, 100, 100, 0, 0},
+    {u"cmdOk", 2, ID_CMD_CLEAR, 35, 100, 0, 0},
+};
+
+// frmFilterColumn and frmMultiChoose.
+inline constexpr TemplateControl kTwoListsControls[] = {
+    {u"lblAll", -1, ID_LBL_ALL, 0, 0, 50, 0},
+    {u"msgAll", -1, ID_ALL, 0, 0, 50, 100},
+    {u"lstAll", -1, ID_ALL, 0, 0, 50, 100},
+    {u"lblSelected", -1, ID_LBL_SELECTED, 50, 0, 50, 0},
+    {u"msgSelected", -1, ID_SELECTED, 50, 0, 50, 100},
+    {u"lstSelected", -1, ID_SELECTED, 50, 0, 50, 100},
+    {u"cmdRightOne", -1, ID_CMD_RIGHT_ONE, 50, 50, 0, 0},
+    {u"cmdRightAll", -1, ID_CMD_RIGHT_ALL, 50, 50, 0, 0},
+    {u"cmdLeftOne", -1, ID_CMD_LEFT_ONE, 50, 50, 0, 0},
+    {u"cmdLeftAll", -1, ID_CMD_LEFT_ALL, 50, 50, 0, 0},
+    {u"cmdSerial", 0, ID_CMD_SERIAL_UP, 100, 50, 0, 0},
+    {u"cmdSerial", 1, ID_CMD_SERIAL_DOWN, 100, 50, 0, 0},
+    {u"cmdOK", -1, IDOK, 100, 100, 0, 0},
+    {u"cmdOk", -1, IDOK, 100, 100, 0, 0},
+    {u"cmdCancel", -1, IDCANCEL, 100, 100, 0, 0},
+};
+
+}  // namespace fetchkit::ui
+#endif
 
 #endif
