@@ -59,7 +59,7 @@ std::optional<Date> DateFromYmd(int yearNumber, unsigned monthNumber, unsigned d
 }
 
 year_month_day YmdOf(Date date) {
-  return year_month_day(DaysOf(date));
+  return {DaysOf(date)};
 }
 
 int YearOf(Date date) {

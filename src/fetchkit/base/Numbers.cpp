@@ -154,7 +154,7 @@ Text WriteNumber(double value, bool mayHaveExponent) {
     const auto whole = static_cast<std::size_t>(exponent) + 1;
     text.append(mantissa, 0, whole).append(".").append(mantissa, whole);
   }
-  return Text(text.begin(), text.end());
+  return {text.begin(), text.end()};
 }
 
 }  // namespace
@@ -195,7 +195,7 @@ Text FixedText(double value, int decimals) {
   negative = negative && digits.find_first_not_of('0') != std::string::npos;
   if (places != 0) digits.insert(digits.size() - places, 1, '.');
   if (negative) digits.insert(0, 1, '-');
-  return Text(digits.begin(), digits.end());
+  return {digits.begin(), digits.end()};
 }
 
 }  // namespace fetchkit

@@ -27,8 +27,9 @@ class Piece {
   Piece(const char16_t* text) : view_(text) {}  // NOLINT(google-explicit-constructor)
   template <std::integral N>
   requires(!std::same_as<N, bool> && !std::same_as<N, char> && !std::same_as<N, char16_t>)
+      // NOLINTNEXTLINE(google-explicit-constructor)
       Piece(N number)
-      : Piece(Digits{}, static_cast<std::int64_t>(number)) {}  // NOLINT
+      : Piece(Digits{}, static_cast<std::int64_t>(number)) {}
   Piece(const Piece&) = delete;
   Piece& operator=(const Piece&) = delete;
 

@@ -53,8 +53,9 @@ class Value {
   Value(const char16_t* text) : data_(Text(text)) {}  // NOLINT(google-explicit-constructor)
   Value(TextView text) : data_(Text(text)) {}         // NOLINT(google-explicit-constructor)
   template <class T>
+  // NOLINTNEXTLINE(google-explicit-constructor)
   requires(detail::IsAlternative<T, Storage>::value) Value(T data)
-      : data_(std::in_place_type<T>, std::move(data)) {}  // NOLINT
+      : data_(std::in_place_type<T>, std::move(data)) {}
   explicit Value(ValueArray array) : data_(std::make_shared<const ValueArray>(std::move(array))) {}
 
   const Storage& data() const { return data_; }

@@ -18,8 +18,8 @@ using DoubleByteUnits = std::bitset<kUnits>;
 // what is asked of it.
 template <class Visit>
 bool VisitDoubleBytes(Visit visit) {
-  const iconv_t converter = iconv_open("GBK", "UTF-16LE");
-  if (converter == reinterpret_cast<iconv_t>(-1)) return false;
+  iconv_t converter = iconv_open("GBK", "UTF-16LE");
+  if (reinterpret_cast<std::intptr_t>(converter) == -1) return false;
   for (std::size_t unit = 0x80; unit < kUnits; ++unit) {
     char in[2] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
     unsigned char out[4];

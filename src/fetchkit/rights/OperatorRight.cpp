@@ -134,9 +134,7 @@ void OperatorRight::Clear() {
 namespace MAction {
 
 std::shared_ptr<fetchkit::OperatorRight> OperatorRight(Session& session) {
-  return Cached<fetchkit::OperatorRight>(
-      session, Join(session.AccountKey, u"$", session.LoginOrganizationId, u"$",
-                    session.LoginOperatorId, u"$", u"OperatorRight"));
+  return Cached<fetchkit::OperatorRight>(session, OperatorKey(session));
 }
 
 }  // namespace MAction

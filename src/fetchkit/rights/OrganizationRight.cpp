@@ -108,9 +108,7 @@ Text OrganizationRight::GetAllotItem2(TextView strTableName, TextView strKeyIDs)
 namespace MAction {
 
 std::shared_ptr<fetchkit::OrganizationRight> OrganizationRight(Session& session) {
-  return Cached<fetchkit::OrganizationRight>(
-      session,
-      Join(session.AccountKey, u"$", session.LoginOrganizationId, u"$", u"OrganizationRight"));
+  return Cached<fetchkit::OrganizationRight>(session, OrganizationKey(session));
 }
 
 }  // namespace MAction

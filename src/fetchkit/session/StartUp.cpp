@@ -32,19 +32,6 @@ void Assign(TextView what, Field& field, Read&& read) {
   Step(what, [&] { field = read(); });
 }
 
-Text OrganizationKey(TextView account, std::int32_t organization) {
-  return Join(account, u"$", organization);
-}
-
-Text OperatorKey(TextView account, std::int32_t organization, std::int32_t loginOperator) {
-  return Join(account, u"$", organization, u"$", loginOperator);
-}
-
-Text CustomerKey(TextView account, std::int32_t organization, std::int32_t loginOperator,
-                 double customer) {
-  return Join(OperatorKey(account, organization, loginOperator), u"$", NumberText(customer));
-}
-
 // Who logs in, as the host has it now; zeros and empty texts for what cannot be read.
 struct Identity {
   std::int32_t accountType = 0;
@@ -81,18 +68,16 @@ Identity ReadIdentity(const Session& session) {
   return identity;
 }
 
-// All four against the old values, before any of them is overwritten.
+// Against the stored values, before any of them is overwritten. Whoever belongs to what changed
+// has changed.
 void FindChanges(Session& session, const Identity& now) {
   session.AccountChanged = now.accountKey != session.AccountKey;
-  session.OrganizationChanged = OrganizationKey(now.accountKey, now.organizationId) !=
-                                OrganizationKey(session.AccountKey, session.LoginOrganizationId);
+  session.OrganizationChanged =
+      session.AccountChanged || now.organizationId != session.LoginOrganizationId;
   session.OperatorChanged =
-      OperatorKey(now.accountKey, now.organizationId, now.operatorId) !=
-      OperatorKey(session.AccountKey, session.LoginOrganizationId, session.LoginOperatorId);
+      session.OrganizationChanged || now.operatorId != session.LoginOperatorId;
   session.CustomerChanged =
-      CustomerKey(now.accountKey, now.organizationId, now.operatorId, now.customerId) !=
-      CustomerKey(session.AccountKey, session.LoginOrganizationId, session.LoginOperatorId,
-                  session.SSCustomerId);
+      session.OperatorChanged || NumberText(now.customerId) != NumberText(session.SSCustomerId);
 }
 
 void StoreLogin(Session& session, const Identity& now) {

@@ -92,8 +92,9 @@ bool CellIsValid(TextView strCell, Text& strMsg) {
 
 Text CellColToString(std::int16_t intCol) {
   if (intCol < 1) return {};
-  if (intCol <= 26) return Text(1, static_cast<char16_t>(intCol + 64));
-  Text name = CellColToString(static_cast<std::int16_t>(RoundHalfToEven((intCol - 1) / 26.0)));
+  Text name;
+  if (intCol > 26)
+    name = CellColToString(static_cast<std::int16_t>(RoundHalfToEven((intCol - 1) / 26.0)));
   name.push_back(static_cast<char16_t>((intCol - 1) % 26 + 65));
   return name;
 }

@@ -1,78 +1,49 @@
 #include "fetchkit/session/model/Business.h"
 
 #include "fetchkit/base/Guard.h"
-#include "fetchkit/host/OpenedRecordset.h"
 #include "fetchkit/platform/DateText.h"
+#include "fetchkit/session/model/RecordColumns.h"
 
-namespace fetchkit::MAction {
+namespace fetchkit {
 namespace {
 
-constexpr TextView kSettings =
-    u"SELECT Business.bytAccountProperty,Business.bytGroupDBType,Business.bytDiscountRateDec,"
-    u"Business.bytPriceDec,"
-    u"Business.bytQuantityDec,Business.bytType,Business.lngCurrencyID,Currencys.strCurrencyCode,"
-    u"Currencys.strCurrencyName,Business.lngTradeID,"
-    u"Business.strAccountSystem,Business.strApplicationLabel,"
-    u"Nvl(Business.strGAUnitCode,' ') As strGAUnitCode,"
-    u"Business.strMessageServer,Business.strNotes,Business.strOldAccountSystem,"
-    u"Business.strStartDate,Business.strTaxType,Business.strUserName,Business.strVer,"
-    u"Business.strDynPwdSvrIP,Business.strDynPwdSvrPort,"
-    u"Nvl(Currencys.bytCurrencydec,2) As bytCurrencydec "
-    u"FROM Business,Currencys "
-    u"WHERE Business.lngCurrencyID = Currencys.lngCurrencyID(+)";
+constexpr RecordColumn<Business> kSettings[] = {
+    {u"Business.bytAccountProperty", Into<&Business::AccountProperty, ToByte>},
+    {u"Business.bytGroupDBType", Into<&Business::GroupDBType, ToByte>},
+    {u"Business.bytDiscountRateDec", Into<&Business::DiscountRateDec, ToByte>},
+    {u"Business.bytPriceDec", Into<&Business::PriceDec, ToByte>},
+    {u"Business.bytQuantityDec", Into<&Business::QuantityDec, ToByte>},
+    {u"Business.bytType", Into<&Business::VersionType, ToByte>},
+    {u"Business.lngCurrencyID", Into<&Business::CurrencyID, ToLong>},
+    // Null where the currency has no row; that must not keep the decimals behind them from loading.
+    {u"Currencys.strCurrencyCode", Into<&Business::CurrencyCode, ToTextOrEmpty>},
+    {u"Currencys.strCurrencyName", Into<&Business::CurrencyName, ToTextOrEmpty>},
+    {u"Nvl(Currencys.bytCurrencydec,2) As bytCurrencydec",
+     Into<&Business::NaturalCurDec, ToInteger>, kSelectedLast},
+    {u"Business.lngTradeID", Into<&Business::TradeID, ToLong>},
+    {u"Business.strAccountSystem", Into<&Business::AccountSystem, ToText>},
+    {u"Business.strApplicationLabel", Into<&Business::ApplicationLabel, ToText>},
+    {u"Nvl(Business.strGAUnitCode,' ') As strGAUnitCode", Into<&Business::GAUnitCode, ToText>},
+    {u"Business.strMessageServer", Into<&Business::MessageServer, ToText>},
+    {u"Business.strNotes", Into<&Business::Notes, ToText>},
+    {u"Business.strOldAccountSystem", Into<&Business::OldAccountSystem, ToText>},
+    {u"Business.strStartDate", Into<&Business::StartDate, ToDateText>},
+    {u"Business.strTaxType", Into<&Business::TaxType, ToText>},
+    {u"Business.strUserName", Into<&Business::UserName, ToText>},
+    {u"Business.strVer", Into<&Business::Version, ToText>},
+    {u"Business.strDynPwdSvrIP", Into<&Business::DynPwdSvrIP, ToText>},
+    {u"Business.strDynPwdSvrPort", Into<&Business::DynPwdSvrPort, ToText>},
+};
 
-// In the order of the properties, because the first Null ends the copying.
-void CopySettings(OpenedRecordset& row, fetchkit::Business& business) {
-  business.AccountProperty(ToByte(row[u"bytAccountProperty"]));
-  business.GroupDBType(ToByte(row[u"bytGroupDBType"]));
-  business.DiscountRateDec(ToByte(row[u"bytDiscountRateDec"]));
-  business.PriceDec(ToByte(row[u"bytPriceDec"]));
-  business.QuantityDec(ToByte(row[u"bytQuantityDec"]));
-  business.VersionType(ToByte(row[u"bytType"]));
-  business.CurrencyID(ToLong(row[u"lngCurrencyID"]));
-  // Null where the currency has no row; that must not keep the decimals behind them from loading.
-  business.CurrencyCode(ToTextOrEmpty(row[u"strCurrencyCode"]));
-  business.CurrencyName(ToTextOrEmpty(row[u"strCurrencyName"]));
-  business.NaturalCurDec(ToInteger(row[u"bytCurrencydec"]));
-  business.TradeID(ToLong(row[u"lngTradeID"]));
-  business.AccountSystem(ToText(row[u"strAccountSystem"]));
-  business.ApplicationLabel(ToText(row[u"strApplicationLabel"]));
-  business.GAUnitCode(ToText(row[u"strGAUnitCode"]));
-  business.MessageServer(ToText(row[u"strMessageServer"]));
-  business.Notes(ToText(row[u"strNotes"]));
-  business.OldAccountSystem(ToText(row[u"strOldAccountSystem"]));
-  business.StartDate(ToDateText(row[u"strStartDate"]));
-  business.TaxType(ToText(row[u"strTaxType"]));
-  business.UserName(ToText(row[u"strUserName"]));
-  business.Version(ToText(row[u"strVer"]));
-  business.DynPwdSvrIP(ToText(row[u"strDynPwdSvrIP"]));
-  business.DynPwdSvrPort(ToText(row[u"strDynPwdSvrPort"]));
-}
-
-// Answers whether the statement could be opened.
-bool LoadSettings(Session& session, fetchkit::Business& business) {
-  OpenedRecordset rows(ConnectionOf(session), kSettings, Cursor::Plain);
-  if (!rows) return false;
-  if (rows.HasRow()) CopySettings(rows, business);
-  rows.Close();
-  return true;
-}
-
-void LoadAccountNames(Session& session, fetchkit::Business& business) {
-  const Text sql =
-      Join(u"SELECT strAccountName, strVersion, strGaUnitCode FROM System.GaBaseInfo ",
-           u"WHERE Upper(strUserName) = '", UpperAscii(business.AccountUserID()), u"'");
-  OpenedRecordset rows(ConnectionOf(session), sql, Cursor::Plain);
-  if (!rows) return;
-  if (rows.HasRow()) {
-    business.AccountName(ToText(rows[u"strAccountName"]));
-    business.AccountVersion(ToText(rows[u"strVersion"]));
-    business.AccountUnitCode(ToText(rows[u"strGaUnitCode"]));
-  }
-  rows.Close();
-}
+constexpr RecordColumn<Business> kAccountNames[] = {
+    {u"strAccountName", Into<&Business::AccountName, ToText>},
+    {u" strVersion", Into<&Business::AccountVersion, ToText>},
+    {u" strGaUnitCode", Into<&Business::AccountUnitCode, ToText>},
+};
 
 }  // namespace
+
+namespace MAction {
 
 std::shared_ptr<fetchkit::Business> Business(Session& session) {
   return Cached<fetchkit::Business>(session, session.AccountKey);
@@ -85,8 +56,15 @@ void LoadBusiness(Session& session, fetchkit::Business& business, std::int32_t a
     business.AccountType(ToInteger(accountType));
     business.AccountServer(accountServer);
     business.AccountUserID(accountUserId);
-    if (LoadSettings(session, business)) LoadAccountNames(session, business);
+    const Text settings = Join(u"SELECT ", SelectedColumns(kSettings), u" FROM Business,Currencys ",
+                               u"WHERE Business.lngCurrencyID = Currencys.lngCurrencyID(+)");
+    if (!LoadFirstRow(session, settings, kSettings, business)) return;
+    const Text names =
+        Join(u"SELECT ", SelectedColumns(kAccountNames), u" FROM System.GaBaseInfo ",
+             u"WHERE Upper(strUserName) = '", UpperAscii(business.AccountUserID()), u"'");
+    LoadFirstRow(session, names, kAccountNames, business);
   });
 }
 
-}  // namespace fetchkit::MAction
+}  // namespace MAction
+}  // namespace fetchkit

@@ -6,8 +6,30 @@
 #include "fetchkit/host/OpenedRecordset.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/model/Business.h"
+#include "fetchkit/session/model/RecordColumns.h"
 
 namespace fetchkit {
+namespace {
+
+constexpr RecordColumn<Organization> kColumns[] = {
+    {u"lngOrganizationID", Into<&Organization::OrganizationID, ToLong>},
+    {u"strOrganizationCode", Into<&Organization::OrganizationCode, ToText>},
+    {u"strOrganizationName", Into<&Organization::OrganizationName, ToText>},
+    {u"strFullName", Into<&Organization::OrganizationFullName, ToText>},
+    {u"intlevel", Into<&Organization::Level, ToInteger>},
+    {u"strDate", Into<&Organization::CreateDate, ToDateText>},
+    {u"strStartDate", Into<&Organization::StartDate, ToDateText>},
+    {u"blnIsBase", Into<&Organization::IsBase, ToBoolean>},
+    {u"blnIsCache", Into<&Organization::IsCache, ToBoolean>},
+    {u"blnIsCenter", Into<&Organization::IsCenter, ToBoolean>},
+    {u"blnIsControl", Into<&Organization::IsControl, ToBoolean>},
+    {u"blnIsDetail", Into<&Organization::IsDetail, ToBoolean>},
+    {u"blnIsInActive", Into<&Organization::IsInActive, ToBoolean>},
+    {u"blnIsInitialized", Into<&Organization::IsInitialized, ToBoolean>},
+    {u"blnIsVoucher", Into<&Organization::IsVoucher, ToBoolean>},
+};
+
+}  // namespace
 
 std::uint8_t Organization::OrganizationProperty() const {
   const auto business = MAction::Business(MAction::CurrentSession());
@@ -48,33 +70,11 @@ class IdCollector {
 };
 
 void LoadRow(Session& session, fetchkit::Organization& organization) {
-  const Text sql = Join(
-      u"SELECT lngOrganizationID,strOrganizationCode,strOrganizationName,strFullName,intlevel,",
-      u"strDate,strStartDate,blnIsBase,blnIsCache,blnIsCenter,blnIsControl,blnIsDetail,"
-      u"blnIsInActive,blnIsInitialized,blnIsVoucher ",
-      u"FROM Organization ", u"WHERE blnIsInActive = 0 ", u"AND blnIsInitialized = 1 ",
-      u"AND lngOrganizationID = ", session.LoginOrganizationId, u" ",
-      u"ORDER BY strOrganizationCode");
-  OpenedRecordset row(ConnectionOf(session), sql, Cursor::Plain);
-  if (!row) return;
-  if (row.HasRow()) {
-    organization.OrganizationID(ToLong(row[u"lngOrganizationID"]));
-    organization.OrganizationCode(ToText(row[u"strOrganizationCode"]));
-    organization.OrganizationName(ToText(row[u"strOrganizationName"]));
-    organization.OrganizationFullName(ToText(row[u"strFullName"]));
-    organization.Level(ToInteger(row[u"intlevel"]));
-    organization.CreateDate(ToDateText(row[u"strDate"]));
-    organization.StartDate(ToDateText(row[u"strStartDate"]));
-    organization.IsBase(ToBoolean(row[u"blnIsBase"]));
-    organization.IsCache(ToBoolean(row[u"blnIsCache"]));
-    organization.IsCenter(ToBoolean(row[u"blnIsCenter"]));
-    organization.IsControl(ToBoolean(row[u"blnIsControl"]));
-    organization.IsDetail(ToBoolean(row[u"blnIsDetail"]));
-    organization.IsInActive(ToBoolean(row[u"blnIsInActive"]));
-    organization.IsInitialized(ToBoolean(row[u"blnIsInitialized"]));
-    organization.IsVoucher(ToBoolean(row[u"blnIsVoucher"]));
-  }
-  row.Close();
+  const Text sql =
+      Join(u"SELECT ", SelectedColumns(kColumns), u" FROM Organization ",
+           u"WHERE blnIsInActive = 0 ", u"AND blnIsInitialized = 1 ", u"AND lngOrganizationID = ",
+           session.LoginOrganizationId, u" ", u"ORDER BY strOrganizationCode");
+  LoadFirstRow(session, sql, kColumns, organization);
 }
 
 void LoadAncestors(Session& session, fetchkit::Organization& organization) {
@@ -135,53 +135,34 @@ void LoadHierarchy(Session& session, fetchkit::Organization& organization) {
   }
 }
 
-void LoadCalendarBounds(Session& session, fetchkit::Organization& organization) {
-  const Text sql = Join(u"SELECT strStartDate,strEndDate ", u"FROM AccountPeriod ",
-                        u"WHERE lngOrganizationId = ", organization.OrganizationID(), u" ",
-                        u"ORDER BY intYear,bytPeriod");
-  OpenedRecordset rows(ConnectionOf(session), sql, Cursor::Plain);
-  if (!rows) return;
-  if (rows.HasRow()) {
+void LoadCalendar(Session& session, fetchkit::Organization& organization) {
+  const std::int32_t id = organization.OrganizationID();
+  const Text bounds = Join(u"SELECT strStartDate,strEndDate ", u"FROM AccountPeriod ",
+                           u"WHERE lngOrganizationId = ", id, u" ", u"ORDER BY intYear,bytPeriod");
+  WithFirstRow(session, bounds, [&](OpenedRecordset& rows) {
     organization.BeginDate(ToText(rows[u"strStartDate"]));
     rows->MoveLast();
     organization.EndDate(ToText(rows[u"strEndDate"]));
-  }
-  rows.Close();
-}
-
-// Runs copy on the row of the table that contains the login date, if there is one. select is the
-// statement up to its WHERE.
-template <class Copy>
-void LoadSpan(Session& session, const fetchkit::Organization& organization, TextView select,
-              Copy&& copy) {
-  const Text sql = Join(select, u"WHERE lngOrganizationId = ", organization.OrganizationID(), u" ",
-                        u"AND strEndDate >= '", session.LoginDate, u"' ", u"AND strStartDate <= '",
-                        session.LoginDate, u"'");
-  OpenedRecordset row(ConnectionOf(session), sql, Cursor::Plain);
-  if (!row) return;
-  if (row.HasRow()) copy(row);
-  row.Close();
-}
-
-void LoadCalendar(Session& session, fetchkit::Organization& organization) {
-  LoadCalendarBounds(session, organization);
-  LoadSpan(session, organization, u"SELECT intYear,bytPeriod FROM AccountPeriod ",
-           [&](OpenedRecordset& row) {
-             organization.ThisYear(ToInteger(row[u"intYear"]));
-             organization.ThisPeriod(ToByte(row[u"bytPeriod"]));
-           });
+  });
+  const Text atLogin =
+      Join(u"WHERE lngOrganizationId = ", id, u" ", u"AND strEndDate >= '", session.LoginDate,
+           u"' ", u"AND strStartDate <= '", session.LoginDate, u"'");
+  WithFirstRow(session, Join(u"SELECT intYear,bytPeriod FROM AccountPeriod ", atLogin),
+               [&](OpenedRecordset& row) {
+                 organization.ThisYear(ToInteger(row[u"intYear"]));
+                 organization.ThisPeriod(ToByte(row[u"bytPeriod"]));
+               });
   // The year of these two is selected but not taken: ThisYear is the period's.
-  LoadSpan(session, organization, u"SELECT intYear,bytquarter FROM AccountQuarter ",
-           [&](OpenedRecordset& row) { organization.ThisQuarter(ToByte(row[u"bytQuarter"])); });
-  LoadSpan(session, organization, u"SELECT intYear,bythalf FROM AccountHalf ",
-           [&](OpenedRecordset& row) { organization.ThisHalfYear(ToByte(row[u"bytHalf"])); });
+  WithFirstRow(session, Join(u"SELECT intYear,bytquarter FROM AccountQuarter ", atLogin),
+               [&](OpenedRecordset& row) { organization.ThisQuarter(ToByte(row[u"bytQuarter"])); });
+  WithFirstRow(session, Join(u"SELECT intYear,bythalf FROM AccountHalf ", atLogin),
+               [&](OpenedRecordset& row) { organization.ThisHalfYear(ToByte(row[u"bytHalf"])); });
 }
 
 }  // namespace
 
 std::shared_ptr<fetchkit::Organization> LoginOrganization(Session& session) {
-  return Cached<fetchkit::Organization>(
-      session, Join(session.AccountKey, u"$", session.LoginOrganizationId));
+  return Cached<fetchkit::Organization>(session, OrganizationKey(session));
 }
 
 void LoadOrganization(Session& session, fetchkit::Organization& organization) {

@@ -16,4 +16,12 @@ const SessionConnectionPtr& ConnectionOf(const Session& session) {
   return session.Connection;
 }
 
+Text OrganizationKey(const Session& session) {
+  return Join(session.AccountKey, u"$", session.LoginOrganizationId);
+}
+
+Text OperatorKey(const Session& session) {
+  return Join(OrganizationKey(session), u"$", session.LoginOperatorId);
+}
+
 }  // namespace fetchkit::MAction

@@ -51,12 +51,12 @@ struct Session : ThreadOwned {
   bool OrganizationIsDetail = false;
   std::int16_t OrganizationLevel = 0;
 
-  // Account type, server name and database user id joined by "$"; part of every cache key.
+  // Account type, server name and database user id joined by "$"; every cache key begins with it.
   Text AccountKey;
 
   // The session objects by class and key. They are never removed, so an earlier login finds its
-  // own again. The class is in the key, because a database user's name may itself hold a "$" and
-  // make the keys of two classes meet.
+  // own again. The class is in the key: classes share keys, and a database user's name may itself
+  // hold a "$", so that "7$S$A$5" is an account as well as an account's organization.
   struct ObjectKey {
     std::type_index type;
     Text key;
@@ -74,6 +74,10 @@ struct Session : ThreadOwned {
   std::unique_ptr<ThreadOwned> ActivityCaches;
 };
 
+// What works on a session: its state and objects here, the host's login (HostLogin.h), the start-up
+// (session/StartUp.h), and beside each class of session object the getter of the current login's
+// one, such as MAction::OperatorRight in rights/OperatorRight.h. So only those who name a class
+// include it.
 namespace MAction {
 
 // The calling thread's session, created on first use.
@@ -81,6 +85,11 @@ Session& CurrentSession();
 
 // The host's connection. Error (ObjectMissing) before the first Initialize.
 const SessionConnectionPtr& ConnectionOf(const Session& session);
+
+// The keys of what belongs to the current login's organization, and to its operator there. What
+// belongs to its account has AccountKey.
+Text OrganizationKey(const Session& session);
+Text OperatorKey(const Session& session);
 
 // The object of that class cached under the key; a new, empty one is added when there is none.
 template <class Object>

@@ -1,0 +1,61 @@
+// Tables of a record's columns, from which it is selected and copied.
+#pragma once
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
+#include "fetchkit/host/OpenedRecordset.h"
+#include "fetchkit/session/model/Session.h"
+
+namespace fetchkit {
+
+// A table holds these in the order of copying, which shows: the first value that cannot be read
+// ends it.
+template <class Record>
+struct RecordColumn {
+  TextView expression;  // as selected; the row calls it by what follows its last dot or blank
+  void (*copy)(Record& record, const Value& value);
+  bool selectedLast = false;  // stands behind the others in the statement
+};
+inline constexpr bool kSelectedLast = true;
+
+// The copy into a property through one of the conversions of Value.h or DateText.h.
+template <auto property, auto convert>
+inline constexpr auto Into =
+    [](auto& record, const Value& value) { (record.*property)(convert(value)); };
+
+// The expressions with commas between them, as they follow "SELECT ".
+template <class Columns>
+Text SelectedColumns(const Columns& columns) {
+  Text list;
+  for (const bool last : {false, true}) {
+    for (const auto& column : columns) {
+      if (column.selectedLast != last) continue;
+      if (!list.empty()) list.push_back(u',');
+      list.append(column.expression);
+    }
+  }
+  return list;
+}
+
+// Runs use on the statement's first row, if there is one. False when the database refused the
+// statement. Throws what the host and use throw.
+template <class Use>
+bool WithFirstRow(const Session& session, TextView sql, Use&& use) {
+  OpenedRecordset rows(MAction::ConnectionOf(session), sql, Cursor::Plain);
+  if (!rows) return false;
+  if (rows.HasRow()) use(rows);
+  rows.Close();
+  return true;
+}
+
+// Copies the columns of the statement's first row, if there is one; what was copied before a value
+// that cannot be read stands. Answers and throws as WithFirstRow does.
+template <class Record, class Columns>
+bool LoadFirstRow(const Session& session, TextView sql, const Columns& columns, Record& record) {
+  return WithFirstRow(session, sql, [&](OpenedRecordset& row) {
+    for (const auto& column : columns)
+      column.copy(record, row[column.expression.substr(column.expression.find_last_of(u". ") + 1)]);
+  });
+}
+
+}  // namespace fetchkit
