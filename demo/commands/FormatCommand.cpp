@@ -11,10 +11,8 @@ namespace {
 
 Text Ids(int count) {
   Text ids;
-  for (int id = 1; id <= count; ++id) {
-    if (id > 1) ids.push_back(u',');
-    ids.append(Join(id));
-  }
+  for (int id = 1; id <= count; ++id)
+    AppendWith(ids, u',', Join(id));
   return ids;
 }
 

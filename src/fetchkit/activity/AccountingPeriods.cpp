@@ -6,7 +6,6 @@
 #include "fetchkit/activity/ServiceRows.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/platform/DateText.h"
-#include "fetchkit/platform/Platform.h"
 
 namespace fetchkit::MActivity {
 namespace {
@@ -70,10 +69,6 @@ Text DayBefore(const Text& date) {
 }
 
 }  // namespace
-
-Date SystemDate() {
-  return DayAlone(CurrentPlatform().Now());
-}
 
 Date ReadPeriodDate(const Value& stored) {
   if (const auto* text = std::get_if<Text>(&stored.data())) {

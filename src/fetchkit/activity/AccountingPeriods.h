@@ -54,7 +54,4 @@ AccountYear FindAccountYear(Session& session, Date date);
 // ConvertError for anything else.
 Date ReadPeriodDate(const Value& stored);
 
-// Today by the system's clock, without the time of day.
-Date SystemDate();
-
 }  // namespace fetchkit::MActivity

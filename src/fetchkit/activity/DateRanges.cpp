@@ -1,7 +1,6 @@
 #include "fetchkit/activity/DateRanges.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -11,7 +10,6 @@
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/platform/DateText.h"
-#include "fetchkit/platform/Platform.h"
 #include "fetchkit/utility/DateKeywords.h"
 #include "fetchkit/utility/StringHelpers.h"
 
@@ -31,21 +29,16 @@ Date ReferenceDate(Session& session, Date given) {
   return date;
 }
 
-Date DateOrToday(TextView text) {
-  const auto date = CurrentPlatform().ParseDate(text);
-  return date ? *date : SystemDate();
-}
-
 DateRange InOrder(Date one, Date other) {
   return {std::min(one, other), std::max(one, other)};
 }
 
-// The range of a keyword, or of the custom form; nothing for any other word. What one keyword needs
-// of another is asked here too, so that it is kept under its own key.
+// The range of a keyword, or of the custom form; nothing for any other word.
 std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference, bool financial);
 
-DateRange KeywordRange(Session& session, TextView keyword, Date reference, bool financial) {
-  return RangeOf(session, keyword, reference, financial).value();
+// What one keyword needs of another is asked by its word, so that it is kept under its own key.
+DateRange RangeOf(Session& session, DateRule rule, Date reference, bool financial) {
+  return RangeOf(session, FindDateWord(&DateWord::rule, rule)->word, reference, financial).value();
 }
 
 Date MonthBegin(Date date) {
@@ -74,13 +67,18 @@ Date YearBegin(Date date) {
   return AddMonths(MonthBegin(date), 1 - static_cast<int>(MonthOf(date)));
 }
 
+DateRange PeriodRange(Session& session, Date date) {
+  const AccountPeriod period = FindAccountPeriod(session, date);
+  return {period.begin, period.end};
+}
+
 DateRange ThisYear(Session& session, Date date, bool financial) {
   if (!financial) {
     const Date begin = YearBegin(date);
     return {begin, AddDays(AddYears(begin, 1), -1)};
   }
   const AccountYear year = FindAccountYear(session, date);
-  if (year.year == 0) return KeywordRange(session, u"本年", date, false);
+  if (year.year == 0) return RangeOf(session, DateRule::ThisYear, date, false);
   return {year.begin, year.end};
 }
 
@@ -93,7 +91,7 @@ DateRange LastYear(Session& session, Date date, bool financial) {
   } else {
     before = AddYears(date, -1);
   }
-  return KeywordRange(session, u"本年", before, financial);
+  return RangeOf(session, DateRule::ThisYear, before, financial);
 }
 
 // Counted from the login organization's current period, whatever the reference date; so is the
@@ -107,97 +105,65 @@ DateRange SamePeriodLastYear(Session& session, bool financial) {
     if (row.HasRow())
       return {ReadPeriodDate(row[u"strStartDate"]), ReadPeriodDate(row[u"strEndDate"])};
   }
-  return KeywordRange(session, u"去年同月", ReferenceDate(session, Date{}), financial);
+  return RangeOf(session, DateRule::SameMonthLastYear, ReferenceDate(session, Date{}), financial);
 }
 
-struct Rule {
-  TextView keyword;
-  DateRange (*range)(Session& session, Date d, bool financial);
-};
-
-constexpr Rule kRules[] = {
-    {u"今天",
-     [](Session&, Date d, bool) {
-       return DateRange{d, d};
-     }},
-    {u"本周",
-     [](Session&, Date d, bool) {
-       return DateRange{WeekBegin(d), AddDays(WeekBegin(d), 6)};
-     }},
-    {u"本周至今日",
-     [](Session&, Date d, bool) {
-       return DateRange{WeekBegin(d), d};
-     }},
-    {u"上周", [](Session& s, Date d,
-                 bool financial) { return KeywordRange(s, u"本周", AddDays(d, -7), financial); }},
-    {u"本期",
-     [](Session& s, Date d, bool) {
-       const AccountPeriod period = FindAccountPeriod(s, d);
-       return DateRange{period.begin, period.end};
-     }},
-    {u"本期至今日",
-     [](Session& s, Date d, bool) {
-       return DateRange{FindAccountPeriod(s, d).begin, d};
-     }},
-    {u"上期",
-     [](Session& s, Date d, bool) {
-       const AccountPeriod before =
-           FindAccountPeriod(s, AddDays(FindAccountPeriod(s, d).begin, -1));
-       return DateRange{before.begin, before.end};
-     }},
-    {u"本月", [](Session&, Date d, bool) { return MonthRange(d); }},
-    {u"本月至今日",
-     [](Session&, Date d, bool) {
-       return DateRange{MonthBegin(d), d};
-     }},
-    {u"上月", [](Session& s, Date d,
-                 bool financial) { return KeywordRange(s, u"本月", AddMonths(d, -1), financial); }},
-    {u"本月上旬",
-     [](Session&, Date d, bool) {
-       return DateRange{DayInMonth(d, 1), DayInMonth(d, 10)};
-     }},
-    {u"本月中旬",
-     [](Session&, Date d, bool) {
-       return DateRange{DayInMonth(d, 11), DayInMonth(d, 20)};
-     }},
-    {u"本月下旬",
-     [](Session&, Date d, bool) {
-       return DateRange{DayInMonth(d, 21), AddDays(AddMonths(DayInMonth(d, 1), 1), -1)};
-     }},
-    {u"本季度",
-     [](Session& s, Date d, bool financial) {
-       return DateRange{KeywordRange(s, u"本月", QuarterMonth(d, 0), financial).begin,
-                        KeywordRange(s, u"本月", QuarterMonth(d, 2), financial).end};
-     }},
-    {u"本季至今日",
-     [](Session& s, Date d, bool financial) {
-       return DateRange{KeywordRange(s, u"本月", QuarterMonth(d, 0), financial).begin, d};
-     }},
-    {u"上季度",
-     [](Session& s, Date d, bool financial) {
-       return KeywordRange(s, u"本季度", AddMonths(d, -3), financial);
-     }},
-    {u"本年", ThisYear},
-    {u"本年至今日",
-     [](Session& s, Date d, bool financial) {
-       return DateRange{financial ? FindAccountYear(s, d).begin : YearBegin(d), d};
-     }},
-    {u"去年", LastYear},
-    {u"去年同期",
-     [](Session& s, Date, bool financial) { return SamePeriodLastYear(s, financial); }},
-    {u"去年同月", [](Session&, Date d, bool) { return MonthRange(AddYears(d, -1)); }},
-    {u"去年初至去年今日",
-     [](Session& s, Date d, bool) {
-       const Date before = AddYears(d, -1);
-       return DateRange{KeywordRange(s, u"本年", before, false).begin, before};
-     }},
-};
-
-static_assert(std::size(kRules) == kDateKeywords.size() &&
-              std::all_of(kDateKeywords.begin(), kDateKeywords.end(), [](TextView keyword) {
-                return std::any_of(std::begin(kRules), std::end(kRules),
-                                   [&](const Rule& rule) { return rule.keyword == keyword; });
-              }));
+std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool financial) {
+  const auto other = [&](DateRule wanted, Date reference) {
+    return RangeOf(session, wanted, reference, financial);
+  };
+  switch (rule) {
+    case DateRule::Today:
+      return {{d, d}};
+    case DateRule::ThisWeek:
+      return {{WeekBegin(d), AddDays(WeekBegin(d), 6)}};
+    case DateRule::WeekToDate:
+      return {{WeekBegin(d), d}};
+    case DateRule::LastWeek:
+      return other(DateRule::ThisWeek, AddDays(d, -7));
+    case DateRule::ThisPeriod:
+      return PeriodRange(session, d);
+    case DateRule::PeriodToDate:
+      return {{FindAccountPeriod(session, d).begin, d}};
+    case DateRule::LastPeriod:
+      return PeriodRange(session, AddDays(FindAccountPeriod(session, d).begin, -1));
+    case DateRule::ThisMonth:
+      return MonthRange(d);
+    case DateRule::MonthToDate:
+      return {{MonthBegin(d), d}};
+    case DateRule::LastMonth:
+      return other(DateRule::ThisMonth, AddMonths(d, -1));
+    case DateRule::FirstTenDays:
+      return {{DayInMonth(d, 1), DayInMonth(d, 10)}};
+    case DateRule::SecondTenDays:
+      return {{DayInMonth(d, 11), DayInMonth(d, 20)}};
+    case DateRule::RestOfMonth:
+      return {{DayInMonth(d, 21), AddDays(AddMonths(DayInMonth(d, 1), 1), -1)}};
+    case DateRule::ThisQuarter:
+      return {{other(DateRule::ThisMonth, QuarterMonth(d, 0)).begin,
+               other(DateRule::ThisMonth, QuarterMonth(d, 2)).end}};
+    case DateRule::QuarterToDate:
+      return {{other(DateRule::ThisMonth, QuarterMonth(d, 0)).begin, d}};
+    case DateRule::LastQuarter:
+      return other(DateRule::ThisQuarter, AddMonths(d, -3));
+    case DateRule::ThisYear:
+      return ThisYear(session, d, financial);
+    case DateRule::YearToDate:
+      return {{financial ? FindAccountYear(session, d).begin : YearBegin(d), d}};
+    case DateRule::LastYear:
+      return LastYear(session, d, financial);
+    case DateRule::SamePeriodLastYear:
+      return SamePeriodLastYear(session, financial);
+    case DateRule::SameMonthLastYear:
+      return MonthRange(AddYears(d, -1));
+    case DateRule::LastYearToDate:
+      return {
+          {RangeOf(session, DateRule::ThisYear, AddYears(d, -1), false).begin, AddYears(d, -1)}};
+    case DateRule::None:
+      break;
+  }
+  return std::nullopt;
+}
 
 std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference, bool financial) {
   auto& ranges = ActivityCaches::Of(session).ForLogin(session).ranges;
@@ -213,11 +179,10 @@ std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference
     return InOrder(DateOrToday(MUtility::GetNoXString(dates, 1, u",")),
                    DateOrToday(MUtility::GetNoXString(dates, 2, u",")));
   }
-  const auto rule = std::find_if(std::begin(kRules), std::end(kRules),
-                                 [&](const Rule& each) { return each.keyword == word; });
-  if (rule == std::end(kRules)) return std::nullopt;
-  const DateRange range = rule->range(session, reference, financial);
-  ranges.insert_or_assign({Text(word), reference.serial, financial}, range);
+  const DateWord* keyword = FindDateWord(&DateWord::word, word);
+  if (keyword == nullptr) return std::nullopt;
+  const auto range = Evaluate(session, keyword->rule, reference, financial);
+  if (range) ranges.insert_or_assign({Text(word), reference.serial, financial}, *range);
   return range;
 }
 

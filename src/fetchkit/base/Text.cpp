@@ -69,4 +69,9 @@ std::vector<TextView> Split(TextView text, TextView delimiter, bool folded) {
   return pieces;
 }
 
+void AppendWith(Text& list, char16_t separator, TextView item) {
+  if (!list.empty()) list.push_back(separator);
+  list.append(item);
+}
+
 }  // namespace fetchkit

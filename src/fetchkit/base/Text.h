@@ -77,4 +77,8 @@ bool EqualFolded(TextView left, TextView right);
 // without regard to ASCII letter case.
 std::vector<TextView> Split(TextView text, TextView delimiter, bool folded = false);
 
+// Appends the item to a list, behind the separator unless the list is empty: an empty first item
+// leaves no trace.
+void AppendWith(Text& list, char16_t separator, TextView item);
+
 }  // namespace fetchkit

@@ -39,9 +39,7 @@ fetchkit::Text PickCombo::RowText(int row) const {
   fetchkit::Text text;
   for (const int column : shown_) {
     const fetchkit::Text& cell = Cell(row, column);
-    if (cell.empty()) continue;
-    if (!text.empty()) text.push_back(u' ');
-    text.append(cell);
+    if (!cell.empty()) AppendWith(text, u' ', cell);
   }
   return text;
 }

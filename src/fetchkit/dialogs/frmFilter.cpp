@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "fetchkit/activity/AccountingPeriods.h"
 #include "fetchkit/activity/DateRanges.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/Numbers.h"
@@ -13,8 +12,8 @@
 #include "fetchkit/dialogs/FilterSql.h"
 #include "fetchkit/dialogs/frmFilterColumn.h"
 #include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/platform/DateText.h"
 #include "fetchkit/platform/Platform.h"
-#include "fetchkit/utility/DateKeywords.h"
 #include "fetchkit/utility/StringHelpers.h"
 
 namespace fetchkit {
@@ -202,7 +201,7 @@ void frmFilter::ShowCondition() {
   };
   const auto dateOf = [&](TextView part) {
     const auto date = CurrentPlatform().ParseDate(part);
-    return date ? *date : ReferenceDate();
+    return date ? *date : DateOrToday(session_.LoginDate);
   };
   switch (type_->EditedBy()) {
     case Editor::Texts:
@@ -264,13 +263,7 @@ void frmFilter::EmptyEditors() {
   txtTo.Text(Text());
   // A date picker always shows a date.
   for (DateSpinner* dates : {&datFrom, &datTo, &datDate})
-    dates->Value(ReferenceDate());
-}
-
-// A login date that cannot be read counts as none here, while it makes a date word fail.
-Date frmFilter::ReferenceDate() const {
-  const auto login = CurrentPlatform().ParseDate(session_.LoginDate);
-  return login ? *login : MActivity::SystemDate();
+    dates->Value(DateOrToday(session_.LoginDate));
 }
 
 bool frmFilter::Edits(Editor editor) const {

@@ -75,7 +75,6 @@ class frmFilter final : public Form {
   void ShowCondition();
   void ArrangeEditors();
   void EmptyEditors();
-  Date ReferenceDate() const;
 
   // What the open editor edits; all false while none is open.
   bool Edits(FieldType::Editor editor) const;

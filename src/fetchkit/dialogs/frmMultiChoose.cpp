@@ -84,11 +84,8 @@ void frmMultiChoose::LoadRows(Recordset& rows, TextView choosed) {
       Step(u"frmMultiChoose: column", [&] { columns.push_back(rows.Column(name)); });
   for (; !rows.Eof(); rows.MoveNext()) {
     Text item;
-    for (const std::size_t column : columns) {
-      const Text value = ToTextOrEmpty(rows.At(column));
-      if (!item.empty()) item.push_back(u' ');
-      item.append(value);
-    }
+    for (const std::size_t column : columns)
+      AppendWith(item, u' ', ToTextOrEmpty(rows.At(column)));
     const bool chosen = !choosed.empty() && FindText(choosed, item) != TextView::npos;
     (chosen ? lstSelected : lstAll).AddItem(std::move(item));
   }

@@ -85,10 +85,8 @@ Text FindAllKeyID(Session& session, TextView strCodeTableName, TextView strMulCo
         const auto found = given.find(trimmed.substr(0, at));
         if (found == given.end()) continue;
         const Piece id(ToLong(rows->At(idColumn)));
-        for (int times = 0; times < found->second; ++times) {
-          if (!ids.empty()) ids.push_back(u',');
-          ids.append(id.view());
-        }
+        for (int times = 0; times < found->second; ++times)
+          AppendWith(ids, u',', id.view());
       }
     }
     rows.Close();

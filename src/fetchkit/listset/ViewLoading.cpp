@@ -223,9 +223,7 @@ void ReadCodes(Session& session, std::int32_t listId, const Text& path, StoredCo
     Text ids;
     Text names;
     const auto append = [](Text& all, const Text& one, char16_t separator) {
-      if (TrimBlanks(one).empty()) return;
-      if (!all.empty()) all.push_back(separator);
-      all.append(one);
+      if (!TrimBlanks(one).empty()) AppendWith(all, separator, one);
     };
     for (; !rows->Eof(); rows->MoveNext()) {
       append(ids, ToTextOrEmpty(rows->At(idColumn)), u',');

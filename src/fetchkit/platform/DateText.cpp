@@ -1,5 +1,7 @@
 #include "fetchkit/platform/DateText.h"
 
+#include <cmath>
+
 #include "fetchkit/platform/Platform.h"
 
 namespace fetchkit {
@@ -18,6 +20,15 @@ Text ToDateText(const Value& value) {
   if (const auto* text = std::get_if<Text>(&value.data()); text && TrimBlanks(*text).empty())
     return {};
   return FormatDate(ToDate(value));
+}
+
+Date SystemDate() {
+  return {std::trunc(CurrentPlatform().Now().serial)};
+}
+
+Date DateOrToday(TextView text) {
+  const auto date = CurrentPlatform().ParseDate(text);
+  return date ? *date : SystemDate();
 }
 
 }  // namespace fetchkit

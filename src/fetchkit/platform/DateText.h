@@ -1,4 +1,4 @@
-// Reading dates out of values, with the date texts that the platform understands.
+// Reading dates out of values, with the date texts that the platform understands, and its today.
 #pragma once
 
 #include "fetchkit/base/Date.h"
@@ -13,5 +13,11 @@ Date ToDate(const Value& value);
 // "yyyy-MM-dd" of ToDate's date; the empty text for Empty and for a text without anything but
 // blanks. ConvertError for Null and for what is no date.
 Text ToDateText(const Value& value);
+
+// Today by the platform's clock, without the time of day.
+Date SystemDate();
+
+// The date that a text stands for by the platform's parser, today for what is none.
+Date DateOrToday(TextView text);
 
 }  // namespace fetchkit

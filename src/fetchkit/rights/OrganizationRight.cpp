@@ -15,10 +15,8 @@ namespace {
 Text IdList(const std::vector<std::int32_t>& ids) {
   if (ids.empty()) return u"0";
   Text list;
-  for (const std::int32_t id : ids) {
-    if (!list.empty()) list.push_back(u',');
-    list.append(Piece(id).view());
-  }
+  for (const std::int32_t id : ids)
+    AppendWith(list, u',', Piece(id).view());
   return list;
 }
 

@@ -1,51 +1,25 @@
 #include "fetchkit/listset/model/ConditionWords.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 namespace fetchkit {
 namespace {
 
-// One code, the operator words and the date word that share it. The first match counts, row by
-// row, operator words before the date word.
-struct CodeRow {
-  TextView code;
-  std::array<TextView, 2> operators;
-  TextView date;
-};
-
-constexpr CodeRow kCodes[] = {
-    {u"1", {words::kEqual}, u"今天"},
-    {u"2", {words::kGreater}, u"本周"},
-    {u"3", {words::kLess}, u"本周至今日"},
-    {u"4", {words::kGreaterEqual}, u"本期"},
-    {u"5", {words::kLessEqual}, u"本期至今日"},
-    {u"6", {words::kBeginsWith, words::kBetween}, u"本月"},
-    {u"7", {words::kContains, words::kZeroOrNull}, u"本月至今日"},
-    {u"8", {words::kSimilar}, u"本季度"},
-    {u"9", {words::kNotEqual}, u"本季至今日"},
-    {u"10", {}, u"本年"},
-    {u"11", {words::kNull}, u"本年至今日"},
-    {u"12", {}, u"上周"},
-    {u"13", {}, u"上期"},
-    {u"14", {}, u"上月"},
-    {u"15", {}, u"上季度"},
-    {u"16", {}, u"去年"},
-    {u"17", {}, u"自定义"},
-    {u"18", {}, words::kAll},
-    {u"19", {}, u"去年初至去年今日"},
-    {u"20", {}, u"本月上旬"},
-    {u"21", {}, u"本月中旬"},
-    {u"22", {}, u"本月下旬"},
-    {u"23", {}, u"去年初至去年本期"},
-    {u"24", {}, u"年初至本期"},
-};
-
 constexpr Comparison kComparisons[] = {
     {words::kEqual, u"1", u" = "},      {words::kGreater, u"2", u" > "},
     {words::kLess, u"3", u" < "},       {words::kGreaterEqual, u"4", u" >= "},
     {words::kLessEqual, u"5", u" <= "}, {words::kNotEqual, u"9", u" <> "},
+};
+
+struct OperatorCode {
+  TextView word, code;
+};
+
+// Of the operators that are more than a comparison. Date words have codes of the same numbers.
+constexpr OperatorCode kOperatorCodes[] = {
+    {words::kBeginsWith, u"6"}, {words::kBetween, u"6"}, {words::kContains, u"7"},
+    {words::kZeroOrNull, u"7"}, {words::kSimilar, u"8"}, {words::kNull, u"11"},
 };
 
 constexpr TextView kCodeCaptions[] = {
@@ -85,12 +59,12 @@ auto FindRow(const Rows& rows, Matches&& matches) {
 }  // namespace
 
 TextView CondStrToNum(TextView strOperate) {
-  if (strOperate.empty()) return {};
-  const auto* row = FindRow(kCodes, [&](const CodeRow& code) {
-    return code.operators[0] == strOperate || code.operators[1] == strOperate ||
-           code.date == strOperate;
-  });
-  return row == nullptr ? TextView() : row->code;
+  if (const auto* comparison = ComparisonByWord(strOperate)) return comparison->code;
+  const auto* row =
+      FindRow(kOperatorCodes, [&](const OperatorCode& each) { return each.word == strOperate; });
+  if (row != nullptr) return row->code;
+  const DateWord* date = FindDateWord(&DateWord::word, strOperate);
+  return date == nullptr ? TextView() : date->code;
 }
 
 const Comparison* ComparisonByWord(TextView word) {
@@ -102,8 +76,9 @@ const Comparison* ComparisonByCode(TextView code) {
 }
 
 TextView DateWordByCode(TextView code) {
-  const auto* row = FindRow(kCodes, [&](const CodeRow& stored) { return stored.code == code; });
-  return row == nullptr ? TextView() : row->date;
+  if (code.empty()) return {};  // as the words are that no condition can hold
+  const DateWord* row = FindDateWord(&DateWord::code, code);
+  return row == nullptr ? TextView() : row->word;
 }
 
 bool IsCodeCaption(TextView caption) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fetchkit/base/Text.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit {
 
@@ -19,7 +20,7 @@ inline constexpr TextView kBetween = u"介于";
 inline constexpr TextView kNull = u"空值";
 inline constexpr TextView kZeroOrNull = u"零或空值";
 inline constexpr TextView kAny = u"任意";
-inline constexpr TextView kAll = u"所有";
+inline constexpr TextView kAll = kAllDates;
 inline constexpr TextView kYes = u"是";
 inline constexpr TextView kNo = u"否";
 }  // namespace words

@@ -11,11 +11,7 @@ class Period final : public FieldType {
   Editor EditedBy() const override { return Editor::Periods; }
 
   std::vector<Text> Words() const override {
-    return {Text(words::kAll), u"今天",           u"本周",       u"本周至今日", u"上周",
-            u"本期",           u"本期至今日",     u"上期",       u"本月",       u"本月上旬",
-            u"本月中旬",       u"本月下旬",       u"本月至今日", u"上月",       u"本季度",
-            u"本季至今日",     u"上季度",         u"本年",       u"本年至今日", u"去年初至去年今日",
-            u"去年",           Text(kCustomRange)};
+    return {kOfferedDateWords.begin(), kOfferedDateWords.end()};
   }
 
   std::vector<StoredColumn> Stored(const ListFieldType& field) const override {
