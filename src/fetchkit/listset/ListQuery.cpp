@@ -1,7 +1,5 @@
 #include "fetchkit/listset/ListQuery.h"
 
-#include <algorithm>
-#include <iterator>
 #include <unordered_map>
 
 #include "fetchkit/base/Guard.h"
@@ -23,24 +21,6 @@ Text BelowCodes(TextView stem, const std::vector<TextView>& codes) {
   }
   if (!condition.empty()) condition.push_back(u')');
   return condition;
-}
-
-Text CodeStatement(TextView strCodeTableName, const std::vector<TextView>& codes) {
-  static constexpr TextView kTwoBlanks[] = {u"BUSINESSADDRESS", u"EMPLOYEETYPE", u"AREA",
-                                            u"ORGANIZATION"};
-  const Text keyword = UpperAscii(strCodeTableName);
-  const TextView stem = CodeStem(keyword);
-  const Text condition = BelowCodes(stem, codes);
-  if (stem == u"Field" && keyword != u"FIELD")
-    return Join(u"SELECT strFieldCode  as a1, lngFieldID as b1 FROM ", strCodeTableName, u" WHERE ",
-                condition);
-  if (stem != keyword)
-    return Join(u"SELECT str", stem, u"Code  as a1,lng", stem, u"ID as b1 FROM ", strCodeTableName,
-                u" WHERE ", condition);
-  const bool twoBlanks =
-      std::find(std::begin(kTwoBlanks), std::end(kTwoBlanks), keyword) != std::end(kTwoBlanks);
-  return Join(u"SELECT str", keyword, u"Code  as a1, lng", keyword, u"ID as b1 FROM ", keyword,
-              twoBlanks ? u" WHERE  " : u" WHERE ", condition);
 }
 
 }  // namespace
@@ -68,7 +48,9 @@ Text FindAllKeyID(Session& session, TextView strCodeTableName, TextView strMulCo
   return Guarded(u"ListSet.FindAllKeyID", Text(), [&](Text& ids) {
     const auto codes = Split(TrimBlanks(strMulCode), u" ");
     if (codes.empty()) return;  // nothing can be below no code
-    OpenedRecordset rows(MAction::ConnectionOf(session), CodeStatement(strCodeTableName, codes),
+    OpenedRecordset rows(MAction::ConnectionOf(session),
+                         Join(CodeIdSelect(strCodeTableName),
+                              BelowCodes(CodeStem(UpperAscii(strCodeTableName)), codes)),
                          Cursor::Static);
     if (!rows.HasRow()) return;
     // How often each code was given: a row is tested by its own prefixes, not against every code.

@@ -6,7 +6,6 @@
 
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/TextSearch.h"
-#include "fetchkit/utility/CodeTables.h"
 
 namespace fetchkit {
 namespace {
@@ -82,22 +81,6 @@ Text AssetCondition(TextView table, TextView keyStem, const std::vector<TextView
 }
 
 }  // namespace
-
-TextView ConditionKeyStem(TextView strKeyField) {
-  static constexpr TextView kWithoutFirstTwo[] = {u"MMROUTE",     u"MMROUTEPLAN",  u"MMWORKCENTER",
-                                                  u"MMWORKPAPER", u"MMBOMROUTE",   u"MMBOMTYPE",
-                                                  u"MMCALENDAR",  u"MMCALENDARSET"};
-  if (std::any_of(std::begin(kWithoutFirstTwo), std::end(kWithoutFirstTwo),
-                  [&](TextView keyword) { return EqualFolded(keyword, strKeyField); }))
-    return strKeyField.substr(2);
-  return CodeStem(strKeyField);
-}
-
-TextView FilterKeyStem(TextView strKeyField) {
-  static constexpr TextView kFlexible = u"FLEXIBLEFIELD";
-  if (EqualFolded(strKeyField.substr(0, kFlexible.size()), kFlexible)) return strKeyField;
-  return ConditionKeyStem(strKeyField);
-}
 
 Text CodeCondition(TextView table, TextView keyStem, TextView ids, TextView keyword) {
   if (ids.empty()) return {};

@@ -13,15 +13,6 @@ namespace fetchkit {
 inline constexpr std::size_t kLongestIdIndex = 1000;
 inline constexpr std::size_t kIdChunk = 800;
 
-// What stands between "lng" and "ID" in the key column of a CODE condition's table: CodeStem's
-// answer, but the manufacturing tables' keyword without its first two letters. Compared without
-// regard to letter case, cut from the text as it stands.
-TextView ConditionKeyStem(TextView strKeyField);
-
-// The same in the filter dialog's own conditions, where the flexible fields keep their keyword
-// whole; what is read back later names their real column.
-TextView FilterKeyStem(TextView strKeyField);
-
 // The condition that the table's key is among the comma-separated ids; empty for no ids. Ids of
 // the keyword "AssetType" are pairs of type and kind joined by "-". A text of more than one chunk
 // or pair holds a bare " or ": see Bracketed.

@@ -22,34 +22,6 @@ constexpr OperatorCode kOperatorCodes[] = {
     {words::kZeroOrNull, u"7"}, {words::kSimilar, u"8"}, {words::kNull, u"11"},
 };
 
-constexpr TextView kCodeCaptions[] = {
-    u"科目编码",
-    u"部门编码",
-    u"统计编码",
-    u"项目编码",
-    u"货位编码",
-    u"物品类型编码",
-    u"单位类型编码",
-    u"固资类别编码",
-    u"职员类别编码",
-    u"科目编号",
-    u"部门编号",
-    u"统计编号",
-    u"项目编号",
-    u"货位编号",
-    u"物品类型编号",
-    u"单位类型编号",
-    u"固资类别编号",
-    u"职员类别编号",
-    u"编码",
-    u"功能分类科目编码",
-    u"政府经济分类科目编码",
-    u"部门经济分类科目编码",
-    u"功能分类科目编号",
-    u"政府经济分类科目编号",
-    u"部门经济分类科目编号",
-};
-
 template <class Rows, class Matches>
 auto FindRow(const Rows& rows, Matches&& matches) {
   const auto found = std::find_if(std::begin(rows), std::end(rows), matches);
@@ -79,11 +51,6 @@ TextView DateWordByCode(TextView code) {
   if (code.empty()) return {};  // as the words are that no condition can hold
   const DateWord* row = FindDateWord(&DateWord::code, code);
   return row == nullptr ? TextView() : row->word;
-}
-
-bool IsCodeCaption(TextView caption) {
-  return std::find(std::begin(kCodeCaptions), std::end(kCodeCaptions), caption) !=
-         std::end(kCodeCaptions);
 }
 
 }  // namespace fetchkit

@@ -44,7 +44,4 @@ const Comparison* ComparisonByCode(TextView code);
 // "自定义" and two of older data) are included.
 TextView DateWordByCode(TextView code);
 
-// Whether "等于" on a STRING field with this caption also finds the codes below the given one.
-bool IsCodeCaption(TextView caption);
-
 }  // namespace fetchkit

@@ -2,6 +2,7 @@
 #include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/listset/model/types/SqlParts.h"
 #include "fetchkit/listset/model/types/Types.h"
+#include "fetchkit/utility/CodeTables.h"
 
 namespace fetchkit {
 namespace {
