@@ -69,7 +69,7 @@ void RegisterFor(int count) {
         std::string("DecomposeInClause, ") + (quoted ? "quoted, " : "plain, ") + size,
         "Abseil split and join",
         [=] {
-          return Either{MUtility::DecomposeInClause(u"lngX", ids, quoted, u""), {}};
+          return Either{SqlClauses::DecomposeInClause(u"lngX", ids, quoted, u""), {}};
         },
         [=] {
           return Either{{}, DecomposedPeer(narrow, quoted)};
@@ -77,7 +77,7 @@ void RegisterFor(int count) {
   Pair(
       "SplitInClause, " + size, "Abseil split and join",
       [=] {
-        return Either{MUtility::SplitInClause(ids, u",", u"lngX"), {}};
+        return Either{SqlClauses::SplitInClause(ids, u",", u"lngX"), {}};
       },
       [=] {
         return Either{{}, SplitPeer(narrow)};
@@ -94,7 +94,7 @@ void RegisterClauses() {
   const std::vector<Text> values = {u"lngID", u"Voucher", u"blnPosted=1", u"strDate>='2004-01-01'"};
   Pair(
       "FormatString, 4 values", "Boost replace_all",
-      [=] { return MUtility::FormatString(format, values); },
+      [=] { return SqlClauses::FormatString(format, values); },
       [=] {
         Text text = format;
         for (std::size_t i = 0; i < values.size(); ++i)

@@ -52,7 +52,7 @@ std::int32_t NthWithFind(TextView text, std::int16_t number, TextView find) {
 void RegisterFor(const std::string& size, const Text& text) {
   Pair(
       "GetNoXString, last piece, " + size, "Boost split and trim",
-      [text] { return MUtility::GetNoXString(text, 32767, u","); },
+      [text] { return StringHelpers::GetNoXString(text, 32767, u","); },
       [text] {
         std::vector<Text> pieces;
         boost::split(pieces, text, [](char16_t unit) { return unit == u','; });
@@ -61,11 +61,11 @@ void RegisterFor(const std::string& size, const Text& text) {
         return boost::trim_copy_if(pieces[index], [](char16_t unit) { return unit == u' '; });
       });
   Pair(
-      "StrCount, " + size, "std::count", [text] { return MUtility::StrCount(text, u","); },
+      "StrCount, " + size, "std::count", [text] { return StringHelpers::StrCount(text, u","); },
       [text] { return static_cast<std::int32_t>(std::count(text.begin(), text.end(), u',')); });
   Pair(
       "StrCount, two characters, " + size, "Boost find_all",
-      [text] { return MUtility::StrCount(text, u", "); },
+      [text] { return StringHelpers::StrCount(text, u", "); },
       [text] {
         std::vector<boost::iterator_range<Text::const_iterator>> hits;
         boost::find_all(hits, text, Text(u", "));
@@ -73,19 +73,19 @@ void RegisterFor(const std::string& size, const Text& text) {
       });
   Pair(
       "TextCount, " + size, "std find",
-      [text] { return MUtility::TextCount(text, u"车间", CompareMethod::Binary); },
+      [text] { return StringHelpers::TextCount(text, u"车间", CompareMethod::Binary); },
       [text] { return CountWithFind(text, u"车间"); });
   Pair(
       "GetNoXPos, " + size, "std find",
-      [text] { return MUtility::GetNoXPos(text, 30000, u"车间"); },
+      [text] { return StringHelpers::GetNoXPos(text, 30000, u"车间"); },
       [text] { return NthWithFind(text, 30000, u"车间"); });
   Pair(
       "ContainErrorChar, none, " + size, "std find_first_of",
-      [text] { return MUtility::ContainErrorChar(text, MUtility::kErrorChars, u",/"); },
+      [text] { return StringHelpers::ContainErrorChar(text, StringHelpers::kErrorChars, u",/"); },
       [text] { return text.find_first_of(u"`~!@#$%^&*=+'\";:?|\\") != Text::npos; });
   Pair(
       "StrLen, " + size, "ICU converter",
-      [text] { return static_cast<std::size_t>(MUtility::StrLen(text)); },
+      [text] { return static_cast<std::size_t>(StringHelpers::StrLen(text)); },
       [text] { return IcuLength(text); });
 }
 

@@ -12,7 +12,7 @@ namespace fetchkit {
 // Any object with an Item(key): a tree's nodes, a collection, a dictionary. Asked late-bound, by
 // Exists(key) where it has that (a dictionary's Item would add the key), else by Item. Not counted;
 // for the time of one call.
-class KeyedItemsOf : public MUtility::KeyedItems {
+class KeyedItemsOf : public KeyedItems {
  public:
   explicit KeyedItemsOf(IDispatch* object) : object_(object) {}
 

@@ -3,155 +3,55 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
-#include <map>
-#include <optional>
-#include <stdexcept>
 #include <thread>
 
 #include "fetchkit/base/Guard.h"
-#include "fetchkit/base/Utf8.h"
-#include "fetchkit/platform/PortablePlatform.h"
 #include "fetchkit/utility/GridAndKeys.h"
 #include "support/FakeConnection.h"
+#include "support/FakePlatform.h"
+#include "support/Table.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr WindowHandle kDesktop = 1;
 constexpr WindowHandle kWindow = 7;
 constexpr WindowHandle kOther = 9;  // the foreground window
-constexpr std::int32_t kProcess = 100;
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
-struct FakeWindow {
-  std::int32_t isWindow = 1;
-  std::int32_t style = 0;
-  std::int32_t extendedStyle = 0;
-  WindowRect rect;
-  std::int32_t process = kProcess;  // 0: not told
-  std::int32_t rectKnown = 1;
-};
+FakeWindow Window(WindowRect rect) {
+  return {1, 0, 0, rect};
+}
 
-// Answers from its state and writes down every call that changes or shows something.
-class FakeWindows : public NoWindows {
- public:
-  std::map<WindowHandle, FakeWindow> windows;
-  WindowHandle foreground = kOther;
-  WindowPoint cursor;
-  bool cursorKnown = true;
-  std::vector<std::string> calls;
-
-  WindowHandle GetActiveWindow() override { return kWindow; }
-  WindowHandle GetDesktopWindow() override { return kDesktop; }
-  WindowHandle GetForegroundWindow() override { return foreground; }
-  WindowHandle FindWindowEx(WindowHandle parent, WindowHandle after, TextView className,
-                            TextView caption) override {
-    Note(u"FindWindowEx ", parent, u" ", after, u" ", className, u" ", caption);
-    return kWindow;
-  }
-  std::int32_t IsWindow(WindowHandle window) override {
-    return windows.contains(window) ? windows[window].isWindow : 0;
-  }
-  std::int32_t GetWindowThreadProcessId(WindowHandle window, std::int32_t& process) override {
-    if (!windows.contains(window) || windows[window].process == 0) return 0;
-    process = windows[window].process;
-    return 55;
-  }
-  std::int32_t GetCurrentProcessId() override { return kProcess; }
-  std::int32_t GetWindowLong(WindowHandle window, std::int32_t index) override {
-    return index == -20 ? windows[window].extendedStyle : index == -16 ? windows[window].style : 0;
-  }
-  std::int32_t SetWindowLong(WindowHandle window, std::int32_t index, std::int32_t value) override {
-    Note(u"SetWindowLong ", window, u" ", index, u" ", value);
-    return 0;
-  }
-  std::int32_t SetWindowPos(WindowHandle window, WindowHandle after, std::int32_t x, std::int32_t y,
-                            std::int32_t width, std::int32_t height, std::int32_t flags) override {
-    Note(u"SetWindowPos ", window, u" ", after, u" ", x, u",", y, u" ", width, u"x", height, u" ",
-         flags);
-    return 1;
-  }
-  std::int32_t GetWindowRect(WindowHandle window, WindowRect& rect) override {
-    if (!windows.contains(window) || windows[window].rectKnown == 0) return 0;
-    rect = windows[window].rect;
-    return 1;
-  }
-  std::int32_t GetCursorPos(WindowPoint& point) override {
-    point = cursor;
-    return cursorKnown ? 1 : 0;
-  }
-  std::int32_t ScreenToClient(WindowHandle window, WindowPoint& point) override {
-    point.x -= windows[window].rect.left;
-    point.y -= windows[window].rect.top;
-    return 1;
-  }
-  std::int32_t MessageBox(TextView text, std::int32_t style, TextView title) override {
-    Note(u"MessageBox ", text, u"|", style, u"|", title);
-    return 6;
-  }
-
- private:
-  template <class... Pieces>
-  void Note(const Pieces&... pieces) {
-    calls.push_back(ToUtf8(Join(pieces...)));
-  }
-};
-
-class FakeLog : public LogComponent {
- public:
-  explicit FakeLog(std::vector<std::string>& entries) : entries_(entries) {}
-  bool Write(TextView message, TextView strA, TextView strB, std::int32_t lngC) override {
-    entries_.push_back(ToUtf8(Join(message, u"|", strA, u"|", strB, u"|", lngC)));
-    if (strA == u"throw") throw std::runtime_error("disk full");
-    return strA != u"refuse";
-  }
-
- private:
-  std::vector<std::string>& entries_;
-};
-
-class FakePlatform : public PortablePlatform {
- public:
-  FakePlatform() : before_(SetPlatform(this)) {}
-  ~FakePlatform() override { SetPlatform(before_); }
-  FakePlatform(const FakePlatform&) = delete;
-  FakePlatform& operator=(const FakePlatform&) = delete;
-
-  WindowSystem& Windows() override { return windows; }
-  std::shared_ptr<LogComponent> CreateLog() override {
-    ++logsAsked;
-    return createLog();
-  }
-
-  FakeWindows windows;
-  std::vector<std::string> entries;
-  int logsAsked = 0;
-  std::function<std::shared_ptr<LogComponent>()> createLog = [this] {
-    return std::make_shared<FakeLog>(entries);
-  };
-
- private:
-  Platform* before_;
-};
-
-class WindowServices : public testing::Test {
+class WindowServices : public testing::Test,
+                       protected fetchkit::WindowServices,
+                       protected GridAndKeys {
  protected:
-  WindowServices() {
-    windows[kDesktop].rect = {0, 0, 1024, 768};
-    windows[kWindow].rect = {10, 20, 311, 221};  // 301 x 201
-    windows[kOther].rect = {500, 400, 901, 701};
+  // The calls of an act; where it raises, the kind of that behind them.
+  template <class Act>
+  std::string CallsOf(Act&& act) {
+    platform.windows.calls.clear();
+    std::string all;
+    try {
+      act();
+    } catch (const Error& error) {
+      all = error.kind() == ErrorKind::Overflow      ? "overflow"
+            : error.kind() == ErrorKind::InvalidCall ? "invalid call"
+                                                     : "another error";
+    }
+    for (auto call = calls.rbegin(); call != calls.rend(); ++call)
+      all = *call + (all.empty() ? "" : "; ") + all;
+    return all;
   }
 
-  test::FreshThread thread_;
+  FreshThread thread_;
   FakePlatform platform;
   std::map<WindowHandle, FakeWindow>& windows = platform.windows.windows;
-  std::vector<std::string>& calls = platform.windows.calls;
+  const std::vector<std::string>& calls = platform.windows.calls;
 };
 
 TEST_F(WindowServices, Handles) {
@@ -163,232 +63,171 @@ TEST_F(WindowServices, Handles) {
 }
 
 TEST_F(WindowServices, TopMost) {
-  const struct {
-    const char* name;
-    WindowHandle asked;
-    FakeWindow state;  // of kWindow and, for 0, of the foreground window
-    bool expected;
-    WindowHandle after;
-  } kRows[] = {
-      {"the bit is set", kWindow, {1, 0, 0x188, {}}, true, kWindow},
-      {"other bits only", kWindow, {1, -1, 0x180, {}}, false, kWindow},
-      {"no window", kWindow, {0, 0, 8, {}}, false, kWindow},
-      {"IsWindow must answer 1 here", kWindow, {2, 0, 8, {}}, false, kWindow},
-      {"the process is not asked for a given window", kWindow, {1, 0, 8, {}, 200}, true, kWindow},
-      {"foreground, ours, set", 0, {1, 0, 8, {}}, true, kOther},
-      {"foreground, ours, not set", 0, {1, 0, 0, {}}, false, kOther},
-      {"another process's", 0, {1, 0, 8, {}, 200}, false, kOther},
-      {"a process that is not told", 0, {1, 0, 8, {}, 0}, false, kOther},
-      {"IsWindow is not asked for the foreground window", 0, {0, 0, 8, {}}, true, kOther},
-  };
-  for (const auto& row : kRows) {
-    windows[row.asked == 0 ? kOther : kWindow] = row.state;
-    WindowHandle handle = row.asked;
-    EXPECT_EQ(IsTopMostWindow(handle), row.expected) << row.name;
-    EXPECT_EQ(handle, row.after) << row.name;
+  // The state is that of the asked window and, for 0, of the foreground window.
+  Table<WindowHandle, FakeWindow, bool>{
+      {"the bit is set", kWindow, {1, 0, 0x188, {}}, true},
+      {"other bits only", kWindow, {1, -1, 0x180, {}}, false},
+      {"no window", kWindow, {0, 0, 8, {}}, false},
+      {"IsWindow must answer 1 here", kWindow, {2, 0, 8, {}}, false},
+      {"the process is not asked for a given window", kWindow, {1, 0, 8, {}, 200}, true},
+      {"foreground, not set", 0, {1, 0, 0, {}}, false},
+      {"another process's", 0, {1, 0, 8, {}, 200}, false},
+      {"a process that is not told", 0, {1, 0, 8, {}, 0}, false},
+      {"IsWindow is not asked for the foreground window", 0, {0, 0, 8, {}}, true},
   }
-  platform.windows.foreground = 0;
-  WindowHandle none = 0;
-  EXPECT_FALSE(IsTopMostWindow(none));
-  EXPECT_EQ(none, 0);
+      .Check([&](WindowHandle asked, const FakeWindow& state, bool expected) {
+        windows[asked == 0 ? kOther : kWindow] = state;
+        WindowHandle handle = asked;
+        EXPECT_EQ(IsTopMostWindow(handle), expected);
+        EXPECT_EQ(handle, asked == 0 ? kOther : kWindow);
+      });
 }
 
 TEST_F(WindowServices, Placing) {
-  const struct {
-    const char* name;
-    bool onTop;
-    std::int32_t mode;
-    WindowRect given;  // left, top, width, height
-    const char* expected;
-  } kRows[] = {
-      {"screen centre keeps the size", true, wpScreenCenter, {1, 2, 3, 4}, "361,283 301x201 64"},
-      {"owner centre as if it stood at the origin", false, wpOwnerCenter, {}, "50,50 301x201 64"},
-      {"manual", true, wpManual, {-5, 6, 70, 80}, "-5,6 70x80 64"},
-      {"manual, all zeros: its own", false, wpManual, {}, "10,20 301x201 64"},
-      {"manual, one zero", true, wpManual, {5, 0, 0, 80}, "5,20 301x80 64"},
-      {"default hands the numbers over", true, wpDefault, {1, 2, 3, 4}, "1,2 3x4 67"},
-      {"any other mode too", false, 9, {1, 2, 3, 4}, "1,2 3x4 67"},
-  };
-  for (const auto& row : kRows) {
-    calls.clear();
-    SetWindowTopPos(kWindow, row.onTop, static_cast<WindowPositionConstants>(row.mode),
-                    row.given.left, row.given.top, row.given.right, row.given.bottom);
-    EXPECT_THAT(calls, ElementsAre(std::string("SetWindowPos 7 ") + (row.onTop ? "-1 " : "-2 ") +
-                                   row.expected))
-        << row.name;
+  const FakeWindow own = Window({10, 20, 311, 221});  // 301 x 201
+  const WindowRect screen = {0, 0, 1024, 768};
+  const WindowRect wide = {-1, 0, kMost, 0};
+  windows[kOther].rect = {500, 400, 901, 701};
+  // given: left, top, width, height.
+  Table<int, WindowRect, FakeWindow, WindowRect, std::string>{
+      {"screen centre keeps the size",
+       wpScreenCenter,
+       {1, 2, 3, 4},
+       own,
+       screen,
+       "361,283 301x201 64"},
+      {"owner centre as if it stood at the origin",
+       wpOwnerCenter,
+       {},
+       own,
+       screen,
+       "50,50 301x201 64"},
+      {"halves of negative numbers go toward zero",
+       wpScreenCenter,
+       {},
+       Window({0, 0, 1027, 769}),
+       screen,
+       "-1,0 1027x769 64"},
+      {"manual", wpManual, {-5, 6, 70, 80}, own, screen, "-5,6 70x80 64"},
+      {"manual, all zeros: its own", wpManual, {}, own, screen, "10,20 301x201 64"},
+      {"default hands the numbers over", wpDefault, {1, 2, 3, 4}, own, screen, "1,2 3x4 67"},
+      {"any other mode too", 9, {1, 2, 3, 4}, own, screen, "1,2 3x4 67"},
+      {"any answer of IsWindow but 0 will do", wpDefault, {}, {2, 0, 0, {}}, screen, "0,0 0x0 67"},
+      {"no window", wpManual, {1, 2, 3, 4}, {0, 0, 0, {}}, screen, ""},
+      {"its own width", wpScreenCenter, {}, Window(wide), screen, "overflow"},
+      {"the screen's height", wpScreenCenter, {}, own, {0, kLeast, 0, 1}, "overflow"},
+      {"the difference of both",
+       wpScreenCenter,
+       {},
+       Window({0, 0, kMost, 0}),
+       {1, 0, -3, 0},
+       "overflow"},
+      {"just not",
+       wpScreenCenter,
+       {},
+       Window({0, 0, kMost, 0}),
+       {1, 0, 0, 0},
+       "-1073741824,0 2147483647x0 64"},
+      {"a width that is replaced", wpManual, {}, Window(wide), screen, "overflow"},
+      {"a width that is given", wpManual, {0, 0, 5, 0}, Window(wide), screen, "-1,0 5x0 64"},
+      {"nothing is subtracted by default", wpDefault, {}, Window(wide), screen, "0,0 0x0 67"},
   }
-
-  calls.clear();
-  windows[kWindow].rect = {0, 0, 1027, 769};
-  SetWindowTopPos(kWindow, true, wpScreenCenter, 0, 0, 0, 0);
-  EXPECT_THAT(calls, ElementsAre("SetWindowPos 7 -1 -1,0 1027x769 64"))
-      << "halves of negative numbers go toward zero";
-
-  calls.clear();
-  windows[kWindow].isWindow = 2;
-  SetWindowTopPos(kWindow, true, wpDefault, 0, 0, 0, 0);
-  EXPECT_THAT(calls, ElementsAre("SetWindowPos 7 -1 0,0 0x0 67")) << "any answer but 0 will do";
-
-  calls.clear();
-  windows[kWindow].isWindow = 0;
-  SetWindowTopPos(kWindow, true, wpManual, 1, 2, 3, 4);
-  EXPECT_THAT(calls, IsEmpty());
-}
-
-TEST_F(WindowServices, PlacingOverflows) {
-  const struct {
-    const char* name;
-    WindowPositionConstants mode;
-    std::int32_t width;
-    WindowRect own, desktop;
-    bool raises;
-  } kRows[] = {
-      {"its own width", wpScreenCenter, 0, {-1, 0, kMost, 0}, {}, true},
-      {"the screen's height", wpScreenCenter, 0, {}, {0, kLeast, 0, 1}, true},
-      {"the difference of both", wpScreenCenter, 0, {0, 0, kMost, 0}, {1, 0, -3, 0}, true},
-      {"just not", wpScreenCenter, 0, {0, 0, kMost, 0}, {1, 0, 0, 0}, false},
-      {"a width that is replaced", wpManual, 0, {-1, 0, kMost, 0}, {}, true},
-      {"a width that is given", wpManual, 5, {-1, 0, kMost, 0}, {}, false},
-      {"nothing is subtracted by default", wpDefault, 0, {-1, 0, kMost, 0}, {}, false},
-  };
-  for (const auto& row : kRows) {
-    calls.clear();
-    windows[kWindow].rect = row.own;
-    windows[kDesktop].rect = row.desktop;
-    bool raised = false;
-    try {
-      SetWindowTopPos(kWindow, true, row.mode, 0, 0, row.width, 0);
-    } catch (const Error& error) {
-      raised = error.kind() == ErrorKind::Overflow;
-    }
-    EXPECT_EQ(raised, row.raises) << row.name;
-    EXPECT_EQ(calls.empty(), row.raises) << row.name;
-  }
+      .Check([&](int mode, const WindowRect& given, const FakeWindow& state,
+                 const WindowRect& desktop, const std::string& expected) {
+        windows[kWindow] = state;
+        windows[kDesktop].rect = desktop;
+        const bool placed = expected.find(' ') != std::string::npos;
+        for (const bool onTop : {false, true})
+          EXPECT_EQ(CallsOf([&] {
+                      SetWindowTopPos(kWindow, onTop, static_cast<WindowPositionConstants>(mode),
+                                      given.left, given.top, given.right, given.bottom);
+                    }),
+                    (placed ? onTop ? "SetWindowPos 7 -1 " : "SetWindowPos 7 -2 " : "") + expected);
+      });
 }
 
 TEST_F(WindowServices, StyleBits) {
   constexpr auto kPopup = static_cast<std::int32_t>(0x80880000u);
-  const struct {
-    const char* name;
-    bool popup, enabled;
-    std::int32_t before;
-    std::string expected;
-  } kRows[] = {
-      {"pop-up on", true, true, 0x00080001, std::to_string(kPopup | 1)},
-      {"pop-up off where it was on", true, false, kPopup | 1, "1"},
-      {"pop-up off where it was not gives the bits", true, false, 1, std::to_string(kPopup | 1)},
-      {"tool window on", false, true, 0x80 | 8, "136"},
-      {"tool window off where it was on", false, false, 0x80 | 8, "8"},
-      {"tool window off where it was not gives the bit", false, false, 8, "136"},
-  };
-  for (const auto& row : kRows) {
-    calls.clear();
-    windows[kWindow] = {};
-    (row.popup ? windows[kWindow].style : windows[kWindow].extendedStyle) = row.before;
-    (row.popup ? SetPopupWindow : SetToolWindow)(kWindow, row.enabled);
-    EXPECT_THAT(calls, ElementsAre((row.popup ? "SetWindowLong 7 -16 " : "SetWindowLong 7 -20 ") +
-                                       row.expected,
-                                   "SetWindowPos 7 -1 0,0 0x0 39"))
-        << row.name;
+  Table<bool, bool, std::int32_t, std::int32_t>{
+      {"pop-up on", true, true, 0x00080001, kPopup | 1},
+      {"pop-up off where it was on", true, false, kPopup | 1, 1},
+      {"pop-up off where it was not gives the bits", true, false, 1, kPopup | 1},
+      {"tool window on", false, true, 0x80 | 8, 136},
+      {"tool window off where it was on", false, false, 0x80 | 8, 8},
+      {"tool window off where it was not gives the bit", false, false, 8, 136},
   }
-  calls.clear();
-  windows[kWindow].isWindow = 0;
-  SetPopupWindow(kWindow, true);
-  SetToolWindow(kWindow, true);
-  EXPECT_THAT(calls, IsEmpty());
+      .Check([&](bool popup, bool enabled, std::int32_t before, std::int32_t after) {
+        const auto act = [&] { (popup ? SetPopupWindow : SetToolWindow)(kWindow, enabled); };
+        windows[kWindow] = {};
+        (popup ? windows[kWindow].style : windows[kWindow].extendedStyle) = before;
+        EXPECT_EQ(CallsOf(act), (popup ? "SetWindowLong 7 -16 " : "SetWindowLong 7 -20 ") +
+                                    std::to_string(after) + "; SetWindowPos 7 -1 0,0 0x0 39");
+        windows[kWindow].isWindow = 0;
+        EXPECT_EQ(CallsOf(act), "");
+      });
 }
 
 TEST_F(WindowServices, Area) {
-  const struct {
-    const char* name;
-    FakeWindow state;
-    bool expected;
-    std::vector<std::int32_t> area;
-  } kRows[] = {
-      {"known", {1, 0, 0, {-10, 20, 311, 221}}, true, {-10, 20, 321, 201}},
-      {"no window leaves the outputs", {0, 0, 0, {1, 2, 3, 4}}, false, {-1, -1, -1, -1}},
-      {"IsWindow must answer 1 here", {2, 0, 0, {1, 2, 3, 4}}, false, {-1, -1, -1, -1}},
-      {"not told", {1, 0, 0, {1, 2, 3, 4}, kProcess, 0}, false, {0, 0, 0, 0}},
-  };
-  std::int32_t left, top, width, height;
-  for (const auto& row : kRows) {
-    left = top = width = height = -1;
-    windows[kWindow] = row.state;
-    EXPECT_EQ(GetWindowArea(kWindow, left, top, width, height), row.expected) << row.name;
-    EXPECT_EQ((std::vector{left, top, width, height}), row.area) << row.name;
+  using Area = std::vector<std::int32_t>;
+  const Area untouched(4, -1);
+  Table<FakeWindow, bool, Area>{
+      {"known", Window({-10, 20, 311, 221}), true, {-10, 20, 321, 201}},
+      {"no window", {0, 0, 0, {1, 2, 3, 4}}, false, untouched},
+      {"IsWindow must answer 1 here", {2, 0, 0, {1, 2, 3, 4}}, false, untouched},
+      {"not told", {1, 0, 0, {1, 2, 3, 4}, 100, 0}, false, {0, 0, 0, 0}},
+      {"too high: raises", Window({5, kLeast, 9, 1}), false, untouched},
   }
-  left = top = width = height = -1;
-  windows[kWindow] = {1, 0, 0, {5, kLeast, 9, 1}};
-  EXPECT_THROW(GetWindowArea(kWindow, left, top, width, height), Error);
-  EXPECT_EQ((std::vector{left, top, width, height}), (std::vector<std::int32_t>(4, -1)));
+      .Check([&](const FakeWindow& state, bool expected, const Area& area) {
+        std::int32_t left = -1, top = -1, width = -1, height = -1;
+        bool known = false;
+        windows[kWindow] = state;
+        EXPECT_EQ(CallsOf([&] { known = GetWindowArea(kWindow, left, top, width, height); }),
+                  state.rect.top == kLeast ? "overflow" : "");
+        EXPECT_EQ(known, expected);
+        EXPECT_EQ((Area{left, top, width, height}), area);
+      });
 }
 
 TEST_F(WindowServices, MessageBoxStepsAside) {
-  const std::string box = "MessageBox 余额不足|49|提示";
-  const std::vector<std::string> aside7 = {"SetWindowPos 7 -2 0,0 0x0 67", box,
-                                           "SetWindowPos 7 -1 0,0 0x0 67"};
-  const std::vector<std::string> aside9 = {"SetWindowPos 9 -2 0,0 0x0 67", box,
-                                           "SetWindowPos 9 -1 0,0 0x0 67"};
-  const struct {
-    const char* name;
-    WindowHandle owner;
-    FakeWindow state;
-    std::vector<std::string> expected;
-  } kRows[] = {
-      {"top-most owner", kWindow, {1, 0, 8, {}}, aside7},
-      {"an ordinary owner is left alone", kWindow, {1, 0, 0, {}}, {box}},
-      {"no window", kWindow, {0, 0, 8, {}}, {box}},
-      {"top-most foreground window", 0, {1, 0, 8, {}}, aside9},
-      {"a foreground window of another process", 0, {1, 0, 8, {}, 200}, {box}},
-      {"a foreground window that is gone", 0, {0, 0, 8, {}}, {box}},
-  };
-  for (const auto& row : kRows) {
-    calls.clear();
-    windows[row.owner == 0 ? kOther : kWindow] = row.state;
-    EXPECT_EQ(MessageBox(u"余额不足", 49, u"提示", row.owner), 6) << row.name;
-    EXPECT_EQ(calls, row.expected) << row.name;
+  Table<WindowHandle, FakeWindow, WindowHandle>{
+      {"top-most owner", kWindow, {1, 0, 8, {}}, kWindow},
+      {"an ordinary owner is left alone", kWindow, {1, 0, 0, {}}, 0},
+      {"no window", kWindow, {0, 0, 8, {}}, 0},
+      {"top-most foreground window", 0, {1, 0, 8, {}}, kOther},
+      {"a foreground window of another process", 0, {1, 0, 8, {}, 200}, 0},
+      {"a foreground window that is gone", 0, {0, 0, 8, {}}, 0},
   }
+      .Check([&](WindowHandle owner, const FakeWindow& state, WindowHandle aside) {
+        windows[owner == 0 ? kOther : kWindow] = state;
+        const std::string moved = "SetWindowPos " + std::to_string(aside);
+        const std::string box = "MessageBox 余额不足|49|提示";
+        EXPECT_EQ(
+            CallsOf([&] { EXPECT_EQ(MessageBox(u"余额不足", 49, u"提示", owner), 6); }),
+            aside == 0 ? box : moved + " -2 0,0 0x0 67; " + box + "; " + moved + " -1 0,0 0x0 67");
+      });
 }
 
 TEST(PortableWindows, ThereAreNone) {
-  const test::FreshThread thread;
+  using Services = fetchkit::WindowServices;
+  const FreshThread thread;
   WindowHandle handle = 0;
-  EXPECT_FALSE(IsTopMostWindow(handle));
+  EXPECT_FALSE(Services::IsTopMostWindow(handle));
   EXPECT_EQ(handle, 0);
-  EXPECT_EQ(GetForegroundWindowHandle(), 0);
-  EXPECT_EQ(MessageBox(u"text", 0, u"title", 0), 0);
-  EXPECT_FALSE(WriteLog(u"a", u"b", 1));
+  EXPECT_EQ(Services::MessageBox(u"text", 0, u"title", 0), 0);
+  EXPECT_FALSE(Services::WriteLog(u"a", u"b", 1));
 }
 
-TEST(Security, Scrambles) {
+TEST_F(WindowServices, Security) {
   // 'q' ^ 'y' ^ 'a', 'z' ^ 'f' ^ 'b', 'l' ^ 'u' ^ 'c' by the ASCII table.
   EXPECT_EQ(ToUtf8(Security(u"abc")), "i~z");
-  EXPECT_EQ(Security(u""), u"");
-  for (const Text& text : {Text(u"Passw0rd!~"), Text(u"12345678901234567890123"), Text(u"部门Aa1"),
-                           Text(u"a\0b\x7F", 4)}) {
-    const Text scrambled = Security(text);
-    EXPECT_NE(scrambled, text);
-    EXPECT_EQ(Security(scrambled), text) << ToUtf8(text);
-  }
-}
-
-TEST(Security, Limits) {
-  const auto kindOf = [](const Text& text) -> std::optional<ErrorKind> {
-    try {
-      Security(text);
-    } catch (const Error& error) {
-      return error.kind();
-    }
-    return std::nullopt;
-  };
-  EXPECT_EQ(kindOf(Text(23, u'a')), std::nullopt);
-  EXPECT_EQ(kindOf(Text(23, u'部')), std::nullopt);
-  EXPECT_EQ(kindOf(Text(24, u'a')), ErrorKind::InvalidCall);
-  EXPECT_EQ(kindOf(Text(1000, u'a')), ErrorKind::InvalidCall);
-  // 0x8140 becomes 0x8148 in the first place, but 0x8103, which is no character, in the ninth.
-  EXPECT_EQ(kindOf(u"丂"), std::nullopt);
-  EXPECT_EQ(kindOf(u"12345678丂"), ErrorKind::InvalidCall);
+  for (const Text& text : {Text(), Text(u"12345678901234567890123"), Text(23, u'部'),
+                           Text(u"部门Aa1"), Text(u"a\0b\x7F", 4)})
+    EXPECT_EQ(Security(Security(text)), text) << ToUtf8(text);
   EXPECT_EQ(Security(Security(u"\u0E01")), u"?") << "what the code page lacks is a '?'";
+  // 0x8140 becomes 0x8148 in the first place, but 0x8103, which is no character, in the ninth.
+  EXPECT_EQ(Security(u"丂").size(), 1u);
+  for (const Text& text : {Text(24, u'a'), Text(u"12345678丂")})
+    EXPECT_EQ(CallsOf([&] { Security(text); }), "invalid call") << ToUtf8(text);
 }
 
 TEST_F(WindowServices, Log) {
@@ -427,40 +266,37 @@ TEST_F(WindowServices, LogThatCannotBeCreated) {
 TEST_F(WindowServices, GridHits) {
   const std::vector<std::int32_t> columns = {5, 25, 25, 60};  // the second one is hidden
   const std::vector<std::int32_t> rows = {0, 10, 20};
-  const struct {
-    const char* name;
-    WindowPoint client;
-    bool inArea, inCell;
-    std::int32_t row, column;
-  } kRows[] = {
-      {"first cell", {5, 0}, true, true, 0, 0},
-      {"an edge belongs to the cell behind it", {24, 10}, true, true, 1, 0},
-      {"a hidden column is never hit", {25, 19}, true, true, 1, 2},
-      {"last pixel", {59, 19}, true, true, 1, 2},
-      {"right of the cells", {60, 5}, false, false, -1, -1},
-      {"below them", {30, 20}, false, false, -1, -1},
-      {"left of them", {4, 5}, false, false, -1, -1},
-      {"above them", {30, -1}, false, false, -1, -1},
-  };
-  std::int32_t row, column;
-  for (const auto& hit : kRows) {
-    row = column = -1;
-    platform.windows.cursor = {hit.client.x + 10, hit.client.y + 20};  // kWindow's left and top
-    EXPECT_EQ(PtInGridAvailRect(kWindow, 5, 0, 55, 20), hit.inArea) << hit.name;
-    EXPECT_EQ(PtInGridCell(kWindow, columns, rows, row, column), hit.inCell) << hit.name;
-    EXPECT_EQ(row, hit.row) << hit.name;
-    EXPECT_EQ(column, hit.column) << hit.name;
+  // -1: outside of the cells.
+  Table<WindowPoint, std::int32_t, std::int32_t>{
+      {"first cell", {5, 0}, 0, 0},
+      {"an edge belongs to the cell behind it", {24, 10}, 1, 0},
+      {"a hidden column is never hit", {25, 19}, 1, 2},
+      {"last pixel", {59, 19}, 1, 2},
+      {"right of the cells", {60, 5}, -1, -1},
+      {"below them", {30, 20}, -1, -1},
+      {"left of them", {4, 5}, -1, -1},
+      {"above them", {30, -1}, -1, -1},
   }
+      .Check([&](WindowPoint client, std::int32_t row, std::int32_t column) {
+        std::int32_t lngRow = -1;
+        std::int32_t lngCol = -1;
+        windows[kWindow].rect = {10, 20, 311, 221};
+        platform.windows.cursor = {client.x + 10, client.y + 20};
+        EXPECT_EQ(PtInGridAvailRect(kWindow, 5, 0, 55, 20), row >= 0);
+        EXPECT_EQ(PtInGridCell(kWindow, columns, rows, lngRow, lngCol), row >= 0);
+        EXPECT_EQ(lngRow, row);
+        EXPECT_EQ(lngCol, column);
+      });
+  std::int32_t row, column;
   platform.windows.cursor = {30, 30};
   EXPECT_TRUE(PtInGridAvailRect(kWindow, 5, 0, kMost, kMost)) << "an endless area";
   EXPECT_FALSE(PtInGridCell(kWindow, {}, rows, row, column)) << "a grid without columns";
   EXPECT_FALSE(PtInGridAvailRect(kWindow + 1, 0, 0, 100, 100)) << "no window";
   platform.windows.cursorKnown = false;
   EXPECT_FALSE(PtInGridAvailRect(kWindow, 0, 0, 100, 100));
-  EXPECT_FALSE(PtInGridCell(kWindow, columns, rows, row, column));
 }
 
-TEST(KeyedItems, EntryUnderAKey) {
+TEST_F(WindowServices, EntryUnderAKey) {
   class Throwing : public KeyedItems {
    public:
     bool Has(TextView key) const override {
@@ -468,11 +304,11 @@ TEST(KeyedItems, EntryUnderAKey) {
       return true;
     }
   } items;
-  EXPECT_TRUE(ObjectInNodes(items, u"K1"));
-  EXPECT_FALSE(ObjectInNodes(items, u"K2"));
-  EXPECT_TRUE(ObjectInCollection(items, u"K1"));
-  EXPECT_FALSE(ObjectInCollection(items, u"K2"));
+  for (const auto& found : {ObjectInNodes, ObjectInCollection}) {
+    EXPECT_TRUE(found(items, u"K1"));
+    EXPECT_FALSE(found(items, u"K2"));
+  }
 }
 
 }  // namespace
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit::test

@@ -1,5 +1,4 @@
-// The public class Activity: each member is the module's function of the same name, on the calling
-// thread's session.
+// The public class Activity.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +11,10 @@
 
 namespace fetchkit {
 
-// Without state of its own; one per thread from Interface.Activity, or created by the host. No
-// member throws. What the members promise stands with the functions in Identifiers.h,
-// AccountingPeriods.h, DateRanges.h and Formatting.h.
+// Each member fetches the calling thread's session and hands it to the module's function of the
+// same name, where its contract stands: in Identifiers.h, AccountingPeriods.h, DateRanges.h and
+// Formatting.h. No member throws. Without state of its own; one per thread from Interface.Activity,
+// or created by the host.
 class Activity {
  public:
   std::int32_t GetNewID(TextView strTabName) const {

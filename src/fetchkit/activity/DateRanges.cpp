@@ -176,8 +176,8 @@ std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference
   if (const TextView trimmed = TrimBlanks(word);
       trimmed.size() > kCustomRange.size() && trimmed.starts_with(kCustomRange)) {
     const TextView dates = word.substr(kCustomRange.size() + 1);
-    return InOrder(DateOrToday(MUtility::GetNoXString(dates, 1, u",")),
-                   DateOrToday(MUtility::GetNoXString(dates, 2, u",")));
+    return InOrder(DateOrToday(StringHelpers::GetNoXString(dates, 1, u",")),
+                   DateOrToday(StringHelpers::GetNoXString(dates, 2, u",")));
   }
   const DateWord* keyword = FindDateWord(&DateWord::word, word);
   if (keyword == nullptr) return std::nullopt;
@@ -209,8 +209,8 @@ bool GetDateRange(Session& session, TextView strDate, Date& dteBegin, Date& dteE
       return GetBeginAndEndDate(session, strDate, now, dteBegin, dteEnd, true);
     }
     const TextView trimmed = TrimBlanks(strDate);
-    const Text begin = MUtility::GetStrBetween(trimmed, custom, u",", false, true);
-    const Text end = MUtility::GetStrAfter(trimmed, Join(begin, u","), false);
+    const Text begin = StringHelpers::GetStrBetween(trimmed, custom, u",", false, true);
+    const Text end = StringHelpers::GetStrAfter(trimmed, Join(begin, u","), false);
     const DateRange range = InOrder(DateOrToday(begin), DateOrToday(end));
     dteBegin = range.begin;
     dteEnd = range.end;

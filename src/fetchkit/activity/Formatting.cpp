@@ -23,7 +23,7 @@ int ReadAmountDecimals(Session& session) {
 }  // namespace
 
 Text GetFormat(std::int16_t intDec) {
-  return Guarded(u"Activity.GetFormat", Text(), [&] { return MUtility::FormatDec(intDec); });
+  return Guarded(u"Activity.GetFormat", Text(), [&] { return CellNames::FormatDec(intDec); });
 }
 
 Text FormatValue(Session& session, double dblValue) {

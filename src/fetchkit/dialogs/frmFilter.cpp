@@ -408,7 +408,7 @@ frmFilter::Commit frmFilter::CommitValue() {
     for (TextBox* box : boxes)
       if (!IsNum(box->Text())) return refuse(*box);
   for (TextBox* box : boxes)
-    if (MUtility::ContainErrorChar(box->Text(), MUtility::kErrorChars, u"")) return refuse(*box);
+    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u"")) return refuse(*box);
   const bool reversed =
       between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
   if (reversed) return refuse(txtTo);

@@ -114,7 +114,7 @@ void frmMultiChoose::Exchange(int step) {
 void frmMultiChoose::PointAt(int item) {
   Text tip;
   if (item >= 0 &&
-      MUtility::StrLen(lstAll.List(item)) * lstAll.extent.letterWidth > lstAll.extent.width)
+      StringHelpers::StrLen(lstAll.List(item)) * lstAll.extent.letterWidth > lstAll.extent.width)
     tip = lstAll.List(item);
   lstAll.ToolTipText(std::move(tip));
 }

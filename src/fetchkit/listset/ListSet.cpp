@@ -19,7 +19,7 @@ namespace {
 class OwnerBelowDialog {
  public:
   explicit OwnerBelowDialog(std::int32_t owner)
-      : owner_(owner), topMost_(MUtility::IsTopMostWindow(owner_)) {
+      : owner_(owner), topMost_(WindowServices::IsTopMostWindow(owner_)) {
     if (topMost_) Place(false);
   }
   ~OwnerBelowDialog() {
@@ -30,7 +30,7 @@ class OwnerBelowDialog {
 
  private:
   void Place(bool onTop) {
-    MUtility::SetWindowTopPos(owner_, onTop, WindowPositionConstants::wpDefault, 0, 0, 0, 0);
+    WindowServices::SetWindowTopPos(owner_, onTop, WindowPositionConstants::wpDefault, 0, 0, 0, 0);
   }
 
   std::int32_t owner_;

@@ -18,13 +18,13 @@ namespace fetchkit::MListSet {
 namespace {
 
 Text TextOf(const Value& value) {
-  return ToText(MUtility::NotNull(value, u""));
+  return ToText(StringHelpers::NotNull(value, u""));
 }
 
 // A Boolean counts as -1 or 0 here: the text "True" would read as the number 0.
 Value NumberOf(const Value& value) {
   if (value.Is<bool>()) return ToLong(value);
-  return MUtility::NotNull(value, std::int32_t{0});
+  return StringHelpers::NotNull(value, std::int32_t{0});
 }
 
 bool FlagOf(const Value& value) {

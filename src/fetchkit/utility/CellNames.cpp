@@ -9,7 +9,7 @@
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/utility/StringHelpers.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit {
 namespace {
 
 struct CellParts {
@@ -56,13 +56,13 @@ double RoundToNineDecimals(double value) {
 
 }  // namespace
 
-Text CellNameToAbsolute(TextView strCellName) {
+Text CellNames::CellNameToAbsolute(TextView strCellName) {
   const auto [column, row] = CutAtFirstDigit(strCellName);
   if (column.empty() || !IsNumericText(row)) return {};
   return Join(u"$", column, u"$", row);
 }
 
-bool CellNameToRowCol(TextView strCellName, std::int32_t& lngRow, std::int32_t& lngCol) {
+bool CellNames::CellNameToRowCol(TextView strCellName, std::int32_t& lngRow, std::int32_t& lngCol) {
   const auto parts = CutAtFirstDigit(strCellName);
   const auto column = ReadPlaces(parts.column, 26, LetterValue);
   const auto row = ReadPlaces(parts.row, 10, DigitValue);
@@ -72,7 +72,7 @@ bool CellNameToRowCol(TextView strCellName, std::int32_t& lngRow, std::int32_t& 
   return true;
 }
 
-bool CellIsValid(TextView strCell, Text& strMsg) {
+bool CellNames::CellIsValid(TextView strCell, Text& strMsg) {
   std::int32_t row = 0;
   std::int32_t column = 0;
   // Aside: strMsg may be the text that strCell looks into.
@@ -83,14 +83,14 @@ bool CellIsValid(TextView strCell, Text& strMsg) {
     message = u"不允许多单元格！";
   } else {
     const bool onSheet = strCell.find(u'!') != TextView::npos;
-    const Text cell = onSheet ? GetNoXString(strCell, 2, u"!") : Text(strCell);
+    const Text cell = onSheet ? StringHelpers::GetNoXString(strCell, 2, u"!") : Text(strCell);
     if (!CellNameToRowCol(cell, row, column)) message = u"无效的单元格！";
   }
   strMsg = std::move(message);
   return strMsg.empty();
 }
 
-Text CellColToString(std::int16_t intCol) {
+Text CellNames::CellColToString(std::int16_t intCol) {
   if (intCol < 1) return {};
   Text name;
   if (intCol > 26)
@@ -99,7 +99,7 @@ Text CellColToString(std::int16_t intCol) {
   return name;
 }
 
-double C2Dbl(const Value& varText) {
+double CellNames::C2Dbl(const Value& varText) {
   return Guarded(u"Utility.C2Dbl", 0.0, [&] {
     if (const auto* number = std::get_if<double>(&varText.data()))
       return RoundToNineDecimals(*number);
@@ -109,7 +109,7 @@ double C2Dbl(const Value& varText) {
   });
 }
 
-double FourLostFiveAdd(double dblValue, std::uint8_t bytNaturalCurDec) {
+double CellNames::FourLostFiveAdd(double dblValue, std::uint8_t bytNaturalCurDec) {
   return Guarded(u"Utility.FourLostFiveAdd", 0.0, [&] {
     const Text zeros(bytNaturalCurDec, u'0');
     const double half = LeadingNumber(Join(u"0.", zeros, u"5"));
@@ -121,9 +121,9 @@ double FourLostFiveAdd(double dblValue, std::uint8_t bytNaturalCurDec) {
   });
 }
 
-Text FormatDec(std::int16_t intDec) {
+Text CellNames::FormatDec(std::int16_t intDec) {
   if (intDec <= 0) return {};
   return Join(u"#0.", Text(static_cast<std::size_t>(intDec), u'0'));
 }
 
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit

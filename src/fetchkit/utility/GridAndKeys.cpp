@@ -7,7 +7,7 @@
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/platform/Platform.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit {
 namespace {
 
 // Where the cursor is, in the window's client area.
@@ -36,8 +36,8 @@ std::optional<std::int32_t> BandAt(const std::vector<std::int32_t>& edges, std::
 
 }  // namespace
 
-bool PtInGridAvailRect(std::int32_t hWnd, std::int32_t lngLeft, std::int32_t lngTop,
-                       std::int32_t lngWidth, std::int32_t lngHeight) {
+bool GridAndKeys::PtInGridAvailRect(std::int32_t hWnd, std::int32_t lngLeft, std::int32_t lngTop,
+                                    std::int32_t lngWidth, std::int32_t lngHeight) {
   return Guarded(u"Utility.PtInGridAvailRect", false, [&] {
     const auto cursor = CursorIn(hWnd);
     return cursor &&
@@ -46,9 +46,9 @@ bool PtInGridAvailRect(std::int32_t hWnd, std::int32_t lngLeft, std::int32_t lng
   });
 }
 
-bool PtInGridCell(std::int32_t hWnd, const std::vector<std::int32_t>& arrColumnEdges,
-                  const std::vector<std::int32_t>& arrRowEdges, std::int32_t& lngRow,
-                  std::int32_t& lngCol) {
+bool GridAndKeys::PtInGridCell(std::int32_t hWnd, const std::vector<std::int32_t>& arrColumnEdges,
+                               const std::vector<std::int32_t>& arrRowEdges, std::int32_t& lngRow,
+                               std::int32_t& lngCol) {
   return Guarded(u"Utility.PtInGridCell", false, [&] {
     const auto cursor = CursorIn(hWnd);
     if (!cursor) return false;
@@ -61,12 +61,12 @@ bool PtInGridCell(std::int32_t hWnd, const std::vector<std::int32_t>& arrColumnE
   });
 }
 
-bool ObjectInNodes(const KeyedItems& objNodes, TextView strKey) {
+bool GridAndKeys::ObjectInNodes(const KeyedItems& objNodes, TextView strKey) {
   return Guarded(u"Utility.ObjectInNodes", false, [&] { return objNodes.Has(strKey); });
 }
 
-bool ObjectInCollection(const KeyedItems& objCollection, TextView strKey) {
+bool GridAndKeys::ObjectInCollection(const KeyedItems& objCollection, TextView strKey) {
   return Guarded(u"Utility.ObjectInCollection", false, [&] { return objCollection.Has(strKey); });
 }
 
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit

@@ -9,7 +9,7 @@
 #include "fetchkit/platform/Platform.h"
 #include "fetchkit/utility/StringHelpers.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit {
 namespace {
 
 // Appends count items of list, the first one at from, with joint between them in the place of
@@ -78,8 +78,8 @@ bool OpenBraceLeadsTo(char16_t unit, bool orEnd, TextView text) {
 
 }  // namespace
 
-Text DecomposeInClause(TextView strCondName, TextView strIdList, bool blnIsCharInClause,
-                       const Value& varEmptyItem) {
+Text SqlClauses::DecomposeInClause(TextView strCondName, TextView strIdList, bool blnIsCharInClause,
+                                   const Value& varEmptyItem) {
   return Guarded(u"Utility.DecomposeInClause", Text(), [&] {
     // What stands in for an empty list is one item, even when it holds commas.
     const bool standsIn = TrimBlanks(strIdList).empty();
@@ -108,9 +108,9 @@ Text DecomposeInClause(TextView strCondName, TextView strIdList, bool blnIsCharI
   });
 }
 
-Text SplitInClause(TextView strList, TextView strSeparator, TextView strField) {
+Text SqlClauses::SplitInClause(TextView strList, TextView strSeparator, TextView strField) {
   constexpr std::size_t kGroup = 800;
-  const std::int32_t separators = StrCount(strList, strSeparator);
+  const std::int32_t separators = StringHelpers::StrCount(strList, strSeparator);
   if (separators < 999) return Join(strField, u" IN (", strList, u")");
   const std::size_t items = static_cast<std::size_t>(separators) + 1;
   const std::size_t groups = (items + kGroup - 1) / kGroup;
@@ -125,8 +125,8 @@ Text SplitInClause(TextView strList, TextView strSeparator, TextView strField) {
   return sql;
 }
 
-Text FormatDateCond(TextView strDateField, TextView strBeginDate, TextView strEndDate,
-                    bool IsShowAnd) {
+Text SqlClauses::FormatDateCond(TextView strDateField, TextView strBeginDate, TextView strEndDate,
+                                bool IsShowAnd) {
   return Guarded(u"Utility.FormatDateCond", Text(), [&] {
     const TextView prefix = IsShowAnd ? u" And " : u"";
     const Text begin = ToDateText(strBeginDate);
@@ -140,18 +140,18 @@ Text FormatDateCond(TextView strDateField, TextView strBeginDate, TextView strEn
   });
 }
 
-Text FormatCond(TextView strCond) {
+Text SqlClauses::FormatCond(TextView strCond) {
   if (TrimBlanks(strCond).empty()) return u" AND 1=1 ";
   return Join(u" AND ", strCond, u" ");
 }
 
-Text FormatLink(TextView strClause, TextView strText, TextView strLinkSign) {
+Text SqlClauses::FormatLink(TextView strClause, TextView strText, TextView strLinkSign) {
   if (strClause.empty()) return Text(strText);
   if (strText.empty()) return Text(strClause);
   return Join(strText, strLinkSign, strClause);
 }
 
-Text FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
+Text SqlClauses::FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
   std::size_t length = 0;
   // An insertion can become part of a placeholder in two ways only: behind an open brace of the
   // format, as in "{1{0}}", and by bringing in one itself.
@@ -180,7 +180,7 @@ Text FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
   return text;
 }
 
-Text FormatString(TextView strFormatText, const Value& arrValues) {
+Text SqlClauses::FormatString(TextView strFormatText, const Value& arrValues) {
   return Guarded(u"Utility.FormatString", Text(), [&] {
     const auto* array = std::get_if<Value::Array>(&arrValues.data());
     if (array == nullptr || *array == nullptr)
@@ -193,4 +193,4 @@ Text FormatString(TextView strFormatText, const Value& arrValues) {
   });
 }
 
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit

@@ -9,7 +9,7 @@
 #include "fetchkit/platform/Platform.h"
 #include "fetchkit/utility/DateKeywords.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit {
 namespace {
 
 // Offsets count from 0 inside; npos + 1 is 0, which is what "not found" is outside.
@@ -24,7 +24,8 @@ std::size_t FindWith(CompareMethod method, TextView text, TextView find, std::si
 
 }  // namespace
 
-bool ContainErrorChar(TextView strText, TextView strCheckChar, TextView strFilterChar) {
+bool StringHelpers::ContainErrorChar(TextView strText, TextView strCheckChar,
+                                     TextView strFilterChar) {
   // Marks for the ASCII part, where the sets in use lie, so that a long text is walked once.
   std::bitset<0x80> marked;
   Text others;
@@ -41,7 +42,7 @@ bool ContainErrorChar(TextView strText, TextView strCheckChar, TextView strFilte
   });
 }
 
-Text GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
+Text StringHelpers::GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
   // Walks no further than the piece that is asked for.
   std::size_t from = 0;
   for (int piece = 1;; ++piece) {
@@ -53,7 +54,8 @@ Text GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimite
   }
 }
 
-std::int32_t GetNoXPos(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
+std::int32_t StringHelpers::GetNoXPos(TextView strText, std::int16_t intNumber,
+                                      TextView strDelimiter) {
   std::size_t from = 0;
   for (int hit = 1; hit <= intNumber; ++hit) {
     // A search that starts behind the text finds nothing, not even the empty delimiter.
@@ -66,7 +68,7 @@ std::int32_t GetNoXPos(TextView strText, std::int16_t intNumber, TextView strDel
   return 0;
 }
 
-std::int32_t StrCount(TextView strText, TextView strDelimiter) {
+std::int32_t StringHelpers::StrCount(TextView strText, TextView strDelimiter) {
   if (strText.empty()) return -1;
   if (strDelimiter.empty()) return 0;
   if (strDelimiter.size() == 1)
@@ -78,7 +80,8 @@ std::int32_t StrCount(TextView strText, TextView strDelimiter) {
   return count;
 }
 
-std::int32_t TextCount(TextView strText, TextView strFind, CompareMethod enmCompareMethod) {
+std::int32_t StringHelpers::TextCount(TextView strText, TextView strFind,
+                                      CompareMethod enmCompareMethod) {
   std::int32_t count = 0;
   for (std::size_t from = 0; from < strText.size();) {
     const std::size_t at = FindWith(enmCompareMethod, strText, strFind, from);
@@ -89,44 +92,44 @@ std::int32_t TextCount(TextView strText, TextView strFind, CompareMethod enmComp
   return count;
 }
 
-std::int32_t CharCount(TextView strText, TextView strChar) {
+std::int32_t StringHelpers::CharCount(TextView strText, TextView strChar) {
   if (strChar.size() != 1) return 0;
   return static_cast<std::int32_t>(CountUnit(strText, strChar.front()));
 }
 
-std::int32_t StrLen(TextView strText) {
+std::int32_t StringHelpers::StrLen(TextView strText) {
   return static_cast<std::int32_t>(
       CurrentPlatform().AnsiLength(strText.substr(0, FindText(strText, TextView(u"\0", 1)))));
 }
 
-Text StrLeft(TextView strText, std::int32_t n) {
+Text StringHelpers::StrLeft(TextView strText, std::int32_t n) {
   const TextView left = strText.substr(0, static_cast<std::size_t>(std::max(n, 0)));
   return Join(left, TextView(u"\0", 1));
 }
 
-Text GetFilePath(TextView strFile) {
+Text StringHelpers::GetFilePath(TextView strFile) {
   return Text(strFile.substr(0, strFile.rfind(u'\\') + 1));
 }
 
-Text GetFileName(TextView strFile) {
+Text StringHelpers::GetFileName(TextView strFile) {
   return Text(strFile.substr(strFile.rfind(u'\\') + 1));
 }
 
-Text GetStrAfter(TextView strInfo, TextView strSearch, bool bMustFind) {
+Text StringHelpers::GetStrAfter(TextView strInfo, TextView strSearch, bool bMustFind) {
   const std::size_t at = FindText(strInfo, strSearch);
   if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
   return Text(strInfo.substr(at + strSearch.size()));
 }
 
-Text GetStrBefore(TextView strInfo, TextView strSearch, bool bMustFind) {
+Text StringHelpers::GetStrBefore(TextView strInfo, TextView strSearch, bool bMustFind) {
   if (strInfo.empty() || strSearch.empty()) return {};
   const std::size_t at = FindText(strInfo, strSearch);
   if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
   return Text(strInfo.substr(0, at));
 }
 
-Text GetStrBetween(TextView strSource, TextView strFrom, TextView strTo, bool bInclude,
-                   [[maybe_unused]] bool bMustFind) {
+Text StringHelpers::GetStrBetween(TextView strSource, TextView strFrom, TextView strTo,
+                                  bool bInclude, [[maybe_unused]] bool bMustFind) {
   if (strSource.empty()) return {};
   const std::size_t from = FindText(strSource, strFrom);
   if (from == TextView::npos) return {};
@@ -140,7 +143,7 @@ Text GetStrBetween(TextView strSource, TextView strFrom, TextView strTo, bool bI
                        : strSource.substr(inner, to - inner));
 }
 
-Text GetSpace(TextView strText, std::int16_t intNumber) {
+Text StringHelpers::GetSpace(TextView strText, std::int16_t intNumber) {
   Text repeated;
   if (intNumber > 0) repeated.reserve(strText.size() * static_cast<std::size_t>(intNumber));
   for (int i = 0; i < intNumber; ++i)
@@ -148,8 +151,8 @@ Text GetSpace(TextView strText, std::int16_t intNumber) {
   return repeated;
 }
 
-bool StrInStr(TextView strSource, TextView strText, TextView strDelimiter,
-              CompareMethod enmCompareMethod) {
+bool StringHelpers::StrInStr(TextView strSource, TextView strText, TextView strDelimiter,
+                             CompareMethod enmCompareMethod) {
   const bool folded = enmCompareMethod != CompareMethod::Binary;
   const auto pieces = Split(strSource, strDelimiter, folded);
   return std::any_of(pieces.begin(), pieces.end(), [&](TextView piece) {
@@ -157,12 +160,12 @@ bool StrInStr(TextView strSource, TextView strText, TextView strDelimiter,
   });
 }
 
-bool ArrayIsEmpty(const Value& varArray) {
+bool StringHelpers::ArrayIsEmpty(const Value& varArray) {
   const auto* array = std::get_if<Value::Array>(&varArray.data());
   return array == nullptr || *array == nullptr || !(*array)->dimensioned;
 }
 
-bool DateIsValid(const Value& varDate) {
+bool StringHelpers::DateIsValid(const Value& varDate) {
   return Guarded(u"Utility.DateIsValid", false, [&] {
     const Text text = ToTextOrEmpty(varDate);
     if (std::find(kDateKeywords.begin(), kDateKeywords.end(), text) != kDateKeywords.end())
@@ -178,7 +181,7 @@ bool DateIsValid(const Value& varDate) {
   });
 }
 
-Value NotNull(const Value& varValue, const Value& varDefaultValue) {
+Value StringHelpers::NotNull(const Value& varValue, const Value& varDefaultValue) {
   if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
   if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
     return varDefaultValue;
@@ -189,4 +192,4 @@ Value NotNull(const Value& varValue, const Value& varDefaultValue) {
   return varValue;
 }
 
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit

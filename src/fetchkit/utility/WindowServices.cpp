@@ -8,7 +8,7 @@
 #include "fetchkit/base/ThreadState.h"
 #include "fetchkit/platform/Platform.h"
 
-namespace fetchkit::MUtility {
+namespace fetchkit {
 namespace {
 
 constexpr TextView kFormClass = u"ThunderRT6FormDC";
@@ -83,24 +83,24 @@ LogComponent& LogOfThread() {
 
 }  // namespace
 
-std::int32_t GetActiveWindowHandle() {
+std::int32_t WindowServices::GetActiveWindowHandle() {
   return Windows().GetActiveWindow();
 }
 
-std::int32_t GetDesktopWindowHandle() {
+std::int32_t WindowServices::GetDesktopWindowHandle() {
   return Windows().GetDesktopWindow();
 }
 
-std::int32_t GetForegroundWindowHandle() {
+std::int32_t WindowServices::GetForegroundWindowHandle() {
   return Windows().GetForegroundWindow();
 }
 
-std::int32_t FindWindowHandle(TextView strCaption) {
+std::int32_t WindowServices::FindWindowHandle(TextView strCaption) {
   // The search starts behind the child that is passed: 0 includes the desktop's first one.
   return Windows().FindWindowEx(0, 0, kFormClass, strCaption);
 }
 
-bool IsTopMostWindow(std::int32_t& hWnd) {
+bool WindowServices::IsTopMostWindow(std::int32_t& hWnd) {
   WindowSystem& windows = Windows();
   if (hWnd != 0) return windows.IsWindow(hWnd) == 1 && HasTopMostBit(hWnd);
   hWnd = windows.GetForegroundWindow();
@@ -109,9 +109,10 @@ bool IsTopMostWindow(std::int32_t& hWnd) {
          process == windows.GetCurrentProcessId() && HasTopMostBit(hWnd);
 }
 
-void SetWindowTopPos(std::int32_t hWnd, bool blnOnTop, WindowPositionConstants enmPosition,
-                     std::int32_t lngLeft, std::int32_t lngTop, std::int32_t lngWidth,
-                     std::int32_t lngHeight) {
+void WindowServices::SetWindowTopPos(std::int32_t hWnd, bool blnOnTop,
+                                     WindowPositionConstants enmPosition, std::int32_t lngLeft,
+                                     std::int32_t lngTop, std::int32_t lngWidth,
+                                     std::int32_t lngHeight) {
   WindowSystem& windows = Windows();
   if (windows.IsWindow(hWnd) == 0) return;
   const WindowRect own = RectOf(hWnd);
@@ -144,16 +145,16 @@ void SetWindowTopPos(std::int32_t hWnd, bool blnOnTop, WindowPositionConstants e
                        lngHeight, flags);
 }
 
-void SetPopupWindow(std::int32_t hWnd, bool blnEnabled) {
+void WindowServices::SetPopupWindow(std::int32_t hWnd, bool blnEnabled) {
   SwitchBits(hWnd, kStyle, kPopupBits, blnEnabled);
 }
 
-void SetToolWindow(std::int32_t hWnd, bool blnEnabled) {
+void WindowServices::SetToolWindow(std::int32_t hWnd, bool blnEnabled) {
   SwitchBits(hWnd, kExtendedStyle, kToolWindowBit, blnEnabled);
 }
 
-bool GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std::int32_t& lngTop,
-                   std::int32_t& lngWidth, std::int32_t& lngHeight) {
+bool WindowServices::GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std::int32_t& lngTop,
+                                   std::int32_t& lngWidth, std::int32_t& lngHeight) {
   WindowSystem& windows = Windows();
   if (windows.IsWindow(hWnd) != 1) return false;
   WindowRect rect;
@@ -167,8 +168,8 @@ bool GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std::int32_t& lngTo
   return known;
 }
 
-std::int32_t MessageBox(TextView strMessage, std::int32_t enmButtons, TextView strTitle,
-                        std::int32_t hWnd) {
+std::int32_t WindowServices::MessageBox(TextView strMessage, std::int32_t enmButtons,
+                                        TextView strTitle, std::int32_t hWnd) {
   // In this order: the first call replaces a handle of 0, the second tests what it put there.
   const bool topMost = IsTopMostWindow(hWnd);
   const bool stepsAside = Windows().IsWindow(hWnd) == 1 && topMost;
@@ -178,7 +179,7 @@ std::int32_t MessageBox(TextView strMessage, std::int32_t enmButtons, TextView s
   return answer;
 }
 
-Text Security(TextView strText) {
+Text WindowServices::Security(TextView strText) {
   // Each character needs the one kKeyShift behind its own in the key.
   if (strText.size() > kKey.size() - kKeyShift)
     throw Error(ErrorKind::InvalidCall, u"A text of more than 23 characters cannot be scrambled.");
@@ -196,7 +197,7 @@ Text Security(TextView strText) {
   return scrambled;
 }
 
-bool WriteLog(TextView strA, TextView strB, std::int32_t lngC) {
+bool WindowServices::WriteLog(TextView strA, TextView strB, std::int32_t lngC) {
   return Guarded(u"Utility.WriteLog", false, [&] {
     // Copied: the component may call back and meet another error meanwhile.
     const Text& last = CurrentThread().lastError;
@@ -205,4 +206,4 @@ bool WriteLog(TextView strA, TextView strB, std::int32_t lngC) {
   });
 }
 
-}  // namespace fetchkit::MUtility
+}  // namespace fetchkit
