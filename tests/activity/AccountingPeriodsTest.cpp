@@ -47,72 +47,47 @@ class AccountingPeriods : public LoggedInTest {
 };
 
 TEST_F(AccountingPeriods, PeriodAndYearOfADate) {
-  const struct {
-    TextView date;
-    const char* period;
-    const char* year;
-  } kRows[] = {
-      {u"2004-02-29", "2 2004-02-01..2004-02-29", "2004 2004-01-01..2004-12-31"},
-      {u"2004-02-29 23:59:59", "2 2004-02-01..2004-02-29", "2004 2004-01-01..2004-12-31"},
-      {u"2002-12-25", "12 2002-11-26..2002-12-25", "2002 2001-12-26..2002-12-25"},
-      {u"2002-12-26", "1 2002-12-26..2003-01-25", "2003 2002-12-26..2003-12-31"},
-      {u"2003-12-31", "13 2003-12-26..2003-12-31", "2003 2002-12-26..2003-12-31"},
-      {u"2006-12-31", "12 2006-12-01..2006-12-31", "2006 2006-07-01..2006-12-31"},
-      {u"2006-06-30", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
-      {u"2006-06-30 08:00", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
-  };
-  for (const auto& row : kRows) {
-    for (const char* time : {"first", "second"}) {
-      SCOPED_TRACE(ToUtf8(row.date) + ", the " + time + " time");
-      EXPECT_EQ(PeriodOf(row.date), row.period);
-      EXPECT_EQ(YearOf(D(row.date)), row.year);
-    }
-    Cost();
-    PeriodOf(row.date);
-    YearOf(row.date);  // as a text, too
-    EXPECT_EQ(Cost(), 0u);
+  Table<TextView, std::string, std::string>{
+      {"a leap day's end", u"2004-02-29 23:59:59", "2 2004-02-01..2004-02-29",
+       "2004 2004-01-01..2004-12-31"},
+      {"the last day of a year", u"2002-12-25", "12 2002-11-26..2002-12-25",
+       "2002 2001-12-26..2002-12-25"},
+      {"the first of the next", u"2002-12-26", "1 2002-12-26..2003-01-25",
+       "2003 2002-12-26..2003-12-31"},
+      {"a thirteenth period", u"2003-12-31", "13 2003-12-26..2003-12-31",
+       "2003 2002-12-26..2003-12-31"},
+      {"a year of six periods", u"2006-12-31", "12 2006-12-01..2006-12-31",
+       "2006 2006-07-01..2006-12-31"},
+      {"in no period", u"2006-06-30 08:00", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
   }
-}
-
-TEST_F(AccountingPeriods, StatementsOfADateInNoPeriod) {
-  PeriodOf(u"2006-06-30");
-  EXPECT_EQ(host_->TakeSent(),
-            (Sent{"static:  Select * From AccountPeriod Where strEndDate >= '2006-06-30' And "
-                  "strStartDate <= '2006-06-30' And lngOrganizationID = 20",
-                  "static:  Select * From AccountPeriod Where intYear = 0 And lngOrganizationID = "
-                  "20 Order By bytPeriod"}));
+      .Check([&](TextView date, const std::string& period, const std::string& year) {
+        for (const char* time : {"first", "second"}) {
+          SCOPED_TRACE(time);
+          EXPECT_EQ(PeriodOf(date), period);
+          EXPECT_EQ(YearOf(D(date)), year);
+        }
+        Cost();
+        PeriodOf(date);
+        YearOf(date);  // as a text, too
+        EXPECT_EQ(Cost(), 0u);
+      });
 }
 
 TEST_F(AccountingPeriods, StoredDates) {
-  const Text year =
-      u" Select * From AccountPeriod Where strEndDate >= '2004-02-10' And strStartDate <= "
-      u"'2004-02-10' And lngOrganizationID = 20";
-  const Text bounds =
-      u" Select * From AccountPeriod Where intYear = 2004 And lngOrganizationID = 20 Order By "
-      u"intYear,bytPeriod";
-  const Text periods =
-      u" Select * From AccountPeriod Where intYear = 2004 And lngOrganizationID = 20 Order By "
-      u"bytPeriod";
-  const struct {
-    const char* name;
-    Value start, end;
-    std::string expected;
-  } kRows[] = {
-      {"dots", u"2004.02.01", u"2004.02.29", "2 2004-02-01..2004-02-29"},
+  Table<Value, Value, std::string>{
       {"dots without zeros", u"2004.2.1", u"2004.2.29", "2 2004-02-01..2004-02-29"},
       {"mixed", u"2004.02.01", u"2004-02-29", "2 2004-02-01..2004-02-29"},
       {"dates", D(u"2004-02-01"), D(u"2004-02-29 12:00"), "2 2004-02-01..2004-02-29"},
       {"no date", u"2004.02", u"2004-02-29", kFailed},
       {"Null", u"2004-02-01", NullValue(), kFailed},
-  };
-  for (const auto& row : kRows) {
-    session().ActivityCaches.reset();
-    const auto answer = Rows({u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"},
-                             {{std::int32_t{2004}, std::int32_t{2}, row.start, row.end}});
-    for (const Text& sql : {year, bounds, periods})
-      host_->On(sql, answer);
-    EXPECT_EQ(PeriodOf(u"2004-02-10"), row.expected) << row.name;
   }
+      .Check([&](const Value& start, const Value& end, const std::string& expected) {
+        session().ActivityCaches.reset();
+        const auto answer = Rows({u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"},
+                                 {{std::int32_t{2004}, std::int32_t{2}, start, end}});
+        host_->fallback = [&](TextView) { return &answer; };
+        EXPECT_EQ(PeriodOf(u"2004-02-10"), expected);
+      });
 }
 
 TEST_F(AccountingPeriods, TheFirstPeriodInNumberOrderWinsWhereTwoOverlap) {
@@ -125,19 +100,9 @@ TEST_F(AccountingPeriods, TheFirstPeriodInNumberOrderWinsWhereTwoOverlap) {
 }
 
 TEST_F(AccountingPeriods, GetAccountPeriod) {
-  const struct {
-    const char* name;
-    TextView date;
-    const char* expected;
-  } kRows[] = {
-      {"calendar month", u"2004-03-17", "2004 3"},
-      {"the next year's first period", u"2002-12-26", "2003 1"},
-      {"thirteenth period", u"2003-12-26 10:00", "2003 13"},
-      {"in no period: calendar year and month", u"2006-06-30", "2006 6"},
-      {"before all of them", u"1999-12-31", "1999 12"},
-  };
-  for (const auto& row : kRows)
-    EXPECT_EQ(YearAndPeriodOf(D(row.date)), row.expected) << row.name;
+  EXPECT_EQ(YearAndPeriodOf(D(u"2002-12-26")), "2003 1") << "the next year's first period";
+  EXPECT_EQ(YearAndPeriodOf(D(u"2003-12-26 10:00")), "2003 13");
+  EXPECT_EQ(YearAndPeriodOf(D(u"2006-06-30")), "2006 6") << "in no period: the calendar's";
   host_->TakeSent();
   YearAndPeriodOf(D(u"2004-03-07"));
   EXPECT_EQ(host_->TakeSent(),
@@ -149,11 +114,7 @@ TEST_F(AccountingPeriods, GetAccountPeriod) {
   const auto row = [](Value year, Value period) {
     return Rows({u"intYear", u"bytPeriod"}, {{year, period}});
   };
-  const struct {
-    const char* name;
-    Answer answer;
-    const char* expected;
-  } kAnswers[] = {
+  Table<Answer, std::string>{
       {"Null year", row(NullValue(), std::int32_t{4}), "2000 4"},
       {"Null period", row(std::int32_t{2001}, NullValue()), "2001 3"},
       {"texts", row(u"x", u" 5 "), "2000 5"},
@@ -161,38 +122,17 @@ TEST_F(AccountingPeriods, GetAccountPeriod) {
       {"throws", Throws(), "-"},
       {"a column is missing", Rows({u"intYear"}, {{std::int32_t{2001}}}), "-"},
       {"too large", row(std::int32_t{40000}, std::int32_t{1}), "-"},
-  };
-  for (const auto& answer : kAnswers) {
-    SpoilStatement(0, answer.answer);
-    EXPECT_EQ(YearAndPeriodOf(D(u"2004-03-07")), answer.expected) << answer.name;
   }
+      .Check([&](const Answer& answer, const std::string& expected) {
+        SpoilStatement(0, answer);
+        EXPECT_EQ(YearAndPeriodOf(D(u"2004-03-07")), expected);
+      });
   EXPECT_EQ(YearAndPeriodOf(Date{1e8}), "-");
-}
-
-TEST_F(AccountingPeriods, GetPeriodCount) {
-  const auto sql = [](TextView year) {
-    return Join(u" Select Count(*) As lngCount From AccountPeriod Where intYear = ", year,
-                u" And lngOrganizationID = 20");
-  };
-  host_->On(sql(u"2003"), Rows({u"lngCount"}, {{std::int32_t{13}}}));
-  host_->On(sql(u"2010"), Rows({u"lngCount"}, {{u"12"}}));
-  host_->On(sql(u"0"), Rows({u"lngCount"}, {}));
-  host_->On(sql(u"1"), Refused());
-  host_->On(sql(u"2"), Throws());
-  host_->On(sql(u"3"), Rows({u"lngCount"}, {{NullValue()}}));
-  const std::pair<std::int16_t, std::int16_t> kRows[] = {{2003, 13}, {-1, 12}, {-32768, 12}, {0, 0},
-                                                         {1, 0},     {2, 0},   {3, 0}};
-  for (const auto& [year, expected] : kRows)
-    EXPECT_EQ(activity_.GetPeriodCount(year), expected) << year;
 }
 
 // The account starts on 2003-01-01, in the accounting year 2003, which begins on 2002-12-26.
 TEST_F(AccountingPeriods, GetEndDate) {
-  const struct {
-    const char* name;
-    Value begin, end;
-    const char* expected;
-  } kRows[] = {
+  Table<Value, Value, std::string>{
       {"no end, begin in the start year: the day before the start", u"2003-05-10", u"",
        "2003: 2002-12-26 .. 2002-12-31"},
       {"no end, begin in another year: to the end of the login date's year", u"2005-05-10",
@@ -206,7 +146,6 @@ TEST_F(AccountingPeriods, GetEndDate) {
       {"dates, and a time", D(u"2004-05-10 12:00"), D(u"2004-06-30"),
        "2004: 2004-01-01 .. 2004-05-09"},
       {"another date form", u"2004/5/1", u"2004年6月30日", "2004: 2004-01-01 .. 2004-04-30"},
-      {"on the start date", u"2003-01-01", u"2003-03-31", "2003: 2002-12-26 .. 2002-12-31"},
       {"no begin: the start date", u"", u"2003-03-31", "2003: 2002-12-26 .. 2002-12-31"},
       {"before the start, in the start year", u"2002-12-28", u"2003-03-31",
        "2003: 2002-12-28 .. 2002-12-27"},
@@ -217,9 +156,10 @@ TEST_F(AccountingPeriods, GetEndDate) {
        "2003: 2010-05-06 .. 2002-12-31"},
       {"no date", u"soon", u"2006/12/31", "0: soon .. 2006/12/31"},
       {"an end that is no date", u"2004/5/1", u"soon", "0: 2004/5/1 .. soon"},
-  };
-  for (const auto& row : kRows)
-    EXPECT_EQ(EndDateOf(row.begin, row.end), row.expected) << row.name;
+  }
+      .Check([&](const Value& begin, const Value& end, const std::string& expected) {
+        EXPECT_EQ(EndDateOf(begin, end), expected);
+      });
 
   session().LoginDate = u"2002-06-01";
   EXPECT_EQ(EndDateOf(u"2004-05-10", u""), "2004: 2004-01-01 .. 2003-01-01")
@@ -227,24 +167,10 @@ TEST_F(AccountingPeriods, GetEndDate) {
 }
 
 TEST_F(AccountingPeriods, EveryFaultLeavesZeroAndTheArguments) {
-  for (const auto& [fault, answer] :
-       {std::pair{"refused", Refused()}, std::pair{"throws", Throws()}}) {
-    for (int statement = 0; statement < 3; ++statement) {
-      SCOPED_TRACE(std::string(fault) + " at " + std::to_string(statement));
-      session().ActivityCaches.reset();
-      SpoilStatement(statement, answer);
-      EXPECT_EQ(PeriodOf(u"2004-03-17"), kFailed);
-      EXPECT_EQ(PeriodOf(u"2004-03-17"), "3 2004-03-01..2004-03-31") << "nothing was kept";
-      if (statement == 2) continue;
-      session().ActivityCaches.reset();
-      SpoilStatement(statement, answer);
-      EXPECT_EQ(YearOf(u"2004-03-17"), kFailed);
-      EXPECT_EQ(YearOf(u"2004-03-17"), "2004 2004-01-01..2004-12-31") << "nothing was kept";
-      session().ActivityCaches.reset();
-      SpoilStatement(statement, answer);
-      EXPECT_EQ(EndDateOf(u"2004/5/10", u"2004/12/31"), "0: 2004/5/10 .. 2004/12/31");
-    }
-  }
+  ExpectEveryFault([&] { return PeriodOf(u"2004-03-17"); }, kFailed);
+  ExpectEveryFault([&] { return YearOf(u"2004-03-17"); }, kFailed);
+  ExpectEveryFault([&] { return EndDateOf(u"2004/5/10", u"2004/12/31"); },
+                   "0: 2004/5/10 .. 2004/12/31");
   for (const Value& noDate : {Value(NullValue()), Value(u""), Value(u"soon")})
     EXPECT_EQ(YearOf(noDate), kFailed);
 }

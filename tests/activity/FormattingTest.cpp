@@ -16,47 +16,35 @@ class Formatting : public LoggedInTest {
   }
 };
 
-TEST_F(Formatting, GetFormat) {
-  EXPECT_EQ(activity_.GetFormat(1), u"#0.0");
-  EXPECT_EQ(activity_.GetFormat(3), u"#0.000");
-  EXPECT_EQ(activity_.GetFormat(0), u"");
-  EXPECT_EQ(activity_.GetFormat(-2), u"");
-  EXPECT_EQ(activity_.GetFormat(32767).size(), 32770u);
-}
-
 TEST_F(Formatting, FormatValue) {
-  const struct {
-    const char* name;
-    Answer answer;
-    double value;
-    TextView expected;
-  } kRows[] = {
+  const auto two = Decimals(std::int32_t{2});
+  Table<Answer, double, TextView>{
       {"the decimals of the currency", Decimals(std::int32_t{3}), 1234567.8915, u"1234567.892"},
-      {"a half that the double misses", Decimals(std::int32_t{2}), 2.345, u"2.35"},
-      {"and below zero", Decimals(std::int32_t{2}), -1.005, u"-1.01"},
-      {"half without decimals", Decimals(std::int32_t{0}), 2.5, u"3"},
+      {"a half that the double misses", two, 2.345, u"2.35"},
+      {"and below zero", two, -1.005, u"-1.01"},
       {"the even neighbour is not preferred", Decimals(std::int32_t{0}), -0.5, u"-1"},
-      {"carries", Decimals(std::int32_t{2}), 99.995, u"100.00"},
+      {"carries", two, 99.995, u"100.00"},
       {"carries into the first place", Decimals(std::int32_t{1}), 0.96, u"1.0"},
-      {"below a half of the last place", Decimals(std::int32_t{2}), 0.0049, u"0.00"},
-      {"far below it", Decimals(std::int32_t{2}), 1e-300, u"0.00"},
-      {"zero has no sign", Decimals(std::int32_t{2}), -0.004, u"0.00"},
-      {"nothing", Decimals(std::int32_t{2}), 0, u"0.00"},
+      {"below a half of the last place", two, 0.0049, u"0.00"},
+      {"far below it", two, 1e-300, u"0.00"},
+      {"zero has no sign", two, -0.004, u"0.00"},
+      {"nothing", two, 0, u"0.00"},
       {"no noise behind the fifteenth digit", Decimals(std::int32_t{6}), 123456789012.3456789,
        u"123456789012.346000"},
-      {"never an exponent", Decimals(std::int32_t{2}), 1e20, u"100000000000000000000.00"},
+      {"never an exponent", two, 1e20, u"100000000000000000000.00"},
       {"more decimals than digits", Decimals(std::int32_t{20}), 0.1, u"0.10000000000000000000"},
       {"no row: two", Rows({u"bytCurrencydec"}, {}), 1.5, u"1.50"},
       {"Null: two", Decimals(NullValue()), 1.5, u"1.50"},
-  };
-  for (const auto& row : kRows) {
-    session().ActivityCaches.reset();
-    host_->On(kCurrency, row.answer);
-    EXPECT_EQ(ToUtf8(activity_.FormatValue(row.value)), ToUtf8(row.expected)) << row.name;
   }
+      .Check([&](const Answer& answer, double value, TextView expected) {
+        session().ActivityCaches.reset();
+        host_->On(kCurrency, answer);
+        EXPECT_EQ(ToUtf8(activity_.FormatValue(value)), ToUtf8(expected));
+      });
 }
 
 TEST_F(Formatting, AmountDecimalsAreReadOncePerThread) {
+  EXPECT_EQ(activity_.GetFormat(3), u"#0.000") << "asks for nothing";
   for (const Answer& fault : {Refused(), Throws(), Decimals(u"two")}) {
     host_->On(kCurrency, fault);
     EXPECT_EQ(activity_.FormatValue(1), u"");
@@ -72,35 +60,25 @@ TEST_F(Formatting, AmountDecimalsAreReadOncePerThread) {
 }
 
 TEST_F(Formatting, FormatSQL) {
-  const struct {
-    const char* name;
-    TextView sql, expected;
-  } kRows[] = {
+  Table<TextView, TextView>{
       {"all three", u"a || Upper(b) || Lower(c)", u"a + UCase(b) + LCase(c)"},
       {"any letter case", u"upper(lOWER(x))", u"UCase(LCase(x))"},
       {"three bars", u"a|||b", u"a+|b"},
       {"also within quotes and words", u"'||' MyUpper(x)", u"'+' MyUCase(x)"},
       {"a blank before the bracket", u"Upper (x)", u"Upper (x)"},
-      {"nothing to do", u"SELECT 1", u"SELECT 1"},
-      {"empty", u"", u""},
-  };
-  for (const auto& row : kRows) {
-    for (const std::int32_t type : {1, 6}) {
-      host_->login.accountType = type;
-      EXPECT_EQ(ToUtf8(activity_.FormatSQL(row.sql)), ToUtf8(row.expected)) << row.name;
-    }
-    for (const std::int32_t type : {0, 2, 5, 7, 16}) {
-      host_->login.accountType = type;
-      EXPECT_EQ(activity_.FormatSQL(row.sql), row.sql) << row.name << " on " << type;
-    }
   }
+      .Check([&](TextView sql, TextView expected) {
+        for (const std::int32_t type : {0, 1, 2, 5, 6, 7, 16}) {
+          host_->login.accountType = type;
+          EXPECT_EQ(ToUtf8(activity_.FormatSQL(sql)),
+                    ToUtf8(type == 1 || type == 6 ? expected : sql))
+              << type;
+        }
+      });
   EXPECT_EQ(Cost(), 0u);
-  for (const char* member : {"HostContext", "AccountTypeInfo"}) {
-    host_->login.absent = {member};
-    EXPECT_EQ(activity_.FormatSQL(u"a||b"), u"") << member;
-  }
-  host_->login.absent.clear();
   host_->login.spoilt = {"AccountType"};
+  EXPECT_EQ(activity_.FormatSQL(u"a||b"), u"");
+  host_->login.absent = {"HostContext"};
   EXPECT_EQ(activity_.FormatSQL(u"a||b"), u"");
 }
 

@@ -43,6 +43,13 @@ TEST_F(Identifiers, LookUpsByOneStatement) {
   const Call currency = [](const Activity& a) {
     return std::to_string(a.GetCurrencyDec(u"lngCurrencyID = 7"));
   };
+  const auto count = [](std::int16_t year) -> Call {
+    return [year](const Activity& a) { return std::to_string(a.GetPeriodCount(year)); };
+  };
+  const auto countSql = [](TextView year) {
+    return Join(u" Select Count(*) As lngCount From AccountPeriod Where intYear = ", year,
+                u" And lngOrganizationID = 20");
+  };
   const Call class1 = [](const Activity& a) { return ToUtf8(a.GetClass1Name()); };
   const Call class2 = [](const Activity& a) { return ToUtf8(a.GetClass2Name()); };
 
@@ -55,17 +62,9 @@ TEST_F(Identifiers, LookUpsByOneStatement) {
       u"SELECT * FROM Setting WHERE strKey='统计' AND strSection='标题设置' AND lngModuleID=1";
   const Text class2Sql =
       u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1";
-  const struct {
-    const char* name;
-    Call call;
-    Text sql;
-    Answer answer;
-    const char* expected;
-    const char* failed;
-  } kRows[] = {
+  // The answer, and what is left of a failure.
+  Table<Call, Text, Answer, std::string, std::string>{
       {"id", newId(u"Voucher"), sequence, one(u"LNGID", std::int32_t{2147483647}), "2147483647",
-       "0"},
-      {"id as a number with a fraction", newId(u"Voucher"), sequence, one(u"lngId", 41.0), "41",
        "0"},
       {"id too large", newId(u"Voucher"), sequence, one(u"lngId", 2147483648.0), "0", "0"},
       {"no id", newId(u"Voucher"), sequence, none, "0", "0"},
@@ -73,55 +72,50 @@ TEST_F(Identifiers, LookUpsByOneStatement) {
        one(u"lngId", std::int32_t{3}), "3", "0"},
       {"code", code, codeSql, one(u"strOrganizationCode", u"01-02"), "01-02", ""},
       {"code of none", code, codeSql, none, "", ""},
-      {"Null code", code, codeSql, one(u"strOrganizationCode", NullValue()), "", ""},
       {"detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{1}), "yes", "no"},
       {"no detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{0}), "no", "no"},
       {"detail of none", detail, detailSql, none, "no", "no"},
       {"decimals", currency, currencySql, one(u"bytCurrencydec", std::int32_t{3}), "3", "0"},
       {"decimals of none", currency, currencySql, none, "0", "0"},
-      {"setting", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
-       one(u"strSetting", u"值"), "'值'", "''"},
-      {"a number stays a number", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
+      {"periods", count(2003), countSql(u"2003"), one(u"lngCount", std::int32_t{13}), "13", "0"},
+      {"periods of today's year", count(-1), countSql(u"2010"), one(u"lngCount", u"12"), "12", "0"},
+      {"periods of year 0", count(0), countSql(u"0"), none, "0", "0"},
+      {"a setting's number stays one", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
        one(u"strSetting", 1.5), "'1.5'", "''"},
       {"a stored Null is no missing row", setting(kLeftOut, u"d", kLeftOut, kLeftOut), settingSql,
        one(u"strSetting", NullValue()), "Null", "''"},
       {"no row, no default", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql, none,
        "''", "''"},
-      {"default", setting(kLeftOut, 2.5, kLeftOut, kLeftOut), settingSql, none, "'2.5'", "''"},
       {"an empty default is one", setting(kLeftOut, Value(), kLeftOut, kLeftOut), settingSql, none,
        "Empty", "''"},
       {"everything given; the id itself is not used",
-       setting(u"节", u"d", std::int32_t{4}, std::int32_t{5}),
+       setting(u"节", 2.5, std::int32_t{4}, std::int32_t{5}),
        u"SELECT * FROM Setting WHERE strKey='键' AND strSection='节' AND lngModuleID=4 AND "
        u"lngOrganizationID=20",
-       none, "'d'", "''"},
-      {"no organization for -1", setting(kLeftOut, kLeftOut, kLeftOut, std::int32_t{-1}),
-       u"SELECT * FROM Setting WHERE strKey='键'", none, "''", "''"},
-      {"nor for 0", setting(kLeftOut, kLeftOut, u"4", 0.0),
+       none, "'2.5'", "''"},
+      {"no organization for 0", setting(kLeftOut, kLeftOut, u"4", 0.0),
        u"SELECT * FROM Setting WHERE strKey='键' AND lngModuleID=4", none, "''", "''"},
       {"given but empty is given", setting(u"", kLeftOut, Value(), Value()),
        u"SELECT * FROM Setting WHERE strKey='键' AND strSection='' AND lngModuleID=", none, "''",
        "''"},
       {"class 1", class1, class1Sql, one(u"strSetting", u"部类"), "部类", ""},
       {"class 1 by its standard name", class1, class1Sql, none, "统计", ""},
-      {"class 1 Null", class1, class1Sql, one(u"strSetting", NullValue()), "", ""},
-      {"class 2", class2, class2Sql, one(u"strSetting", u"产品"), "产品", ""},
       {"class 2 by its standard name", class2, class2Sql, none, "项目", ""},
-  };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
-    const std::pair<Answer, std::string> answers[] = {
-        {row.answer, row.expected},
-        {Refused(), row.failed},
-        {Throws(), row.failed},
-        {one(u"another column", u"1"), row.failed},
-    };
-    for (const auto& [answer, expected] : answers) {
-      host_->On(row.sql, answer);
-      EXPECT_EQ(row.call(activity_), expected);
-      EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(row.sql)});
-    }
   }
+      .Check([&](const Call& call, const Text& sql, const Answer& whole,
+                 const std::string& expected, const std::string& failed) {
+        const std::pair<Answer, std::string> answers[] = {
+            {whole, expected},
+            {Refused(), failed},
+            {Throws(), failed},
+            {one(u"another column", u"1"), failed},
+        };
+        for (const auto& [answer, result] : answers) {
+          host_->On(sql, answer);
+          EXPECT_EQ(call(activity_), result);
+          EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(sql)});
+        }
+      });
 }
 
 TEST_F(Identifiers, TenTablesShareOneSequence) {
@@ -145,41 +139,29 @@ TEST_F(Identifiers, FlexFieldIsUsed) {
   const auto uses = [](Value value) { return Rows({u"blnFieldUse05"}, {{value}}); };
   const auto title = [](Value value) { return Rows({u"strTitle05"}, {{value}}); };
   const Value on = std::int32_t{1};
-  const struct {
-    const char* name;
-    TextView field;
-    Answer use, title;
-    bool expected;
-    TextView expectedTitle;
-    std::size_t statements;
-  } kRows[] = {
-      {"in use", u"智能字段05", uses(on), title(u"合同"), true, u"合同", 2},
-      {"as a text", u"智能字段05", uses(u"-1"), title(u"合同"), true, u"合同", 2},
-      {"as a Boolean", u"智能字段05", uses(true), title(u"合同"), true, u"合同", 2},
-      {"not in use", u"智能字段05", uses(std::int32_t{0}), title(u"合同"), false, u"before", 1},
-      {"Null", u"智能字段05", uses(NullValue()), title(u"合同"), false, u"before", 1},
-      {"no number", u"智能字段05", uses(u"yes"), title(u"合同"), false, u"before", 1},
-      {"no row for the organization", u"智能字段05", Rows({u"blnFieldUse05"}, {}), title(u"合同"),
-       false, u"before", 1},
-      {"no titles at all", u"智能字段05", uses(on), Rows({u"strTitle05"}, {}), true, u"before", 2},
-      {"Null title", u"智能字段05", uses(on), title(NullValue()), true, u"", 2},
-      {"no such field", u"智能字段31", uses(on), title(u"合同"), false, u"before", 1},
-      {"no such title", u"智能字段05", uses(on), Rows({u"strTitle06"}, {{u"x"}}), false, u"before",
-       2},
-      {"use refused", u"智能字段05", Refused(), title(u"合同"), false, u"before", 1},
-      {"use throws", u"智能字段05", Throws(), title(u"合同"), false, u"before", 1},
-      {"title refused", u"智能字段05", uses(on), Refused(), false, u"before", 2},
-      {"title throws", u"智能字段05", uses(on), Throws(), false, u"before", 2},
-  };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.name);
-    host_->On(use, row.use);
-    host_->On(titles, row.title);
-    Text shown = u"before";
-    EXPECT_EQ(activity_.FlexFieldIsUsed(row.field, shown), row.expected);
-    EXPECT_EQ(ToUtf8(shown), ToUtf8(row.expectedTitle));
-    EXPECT_EQ(Cost(), row.statements);
+  // The answer, the title behind it and the number of statements.
+  Table<Answer, Answer, bool, std::string, std::size_t>{
+      {"in use", uses(on), title(u"合同"), true, "合同", 2},
+      {"as a text", uses(u"-1"), title(u"合同"), true, "合同", 2},
+      {"not in use", uses(std::int32_t{0}), title(u"合同"), false, "before", 1},
+      {"Null", uses(NullValue()), title(u"合同"), false, "before", 1},
+      {"no number", uses(u"yes"), title(u"合同"), false, "before", 1},
+      {"no row", Rows({u"blnFieldUse05"}, {}), title(u"合同"), false, "before", 1},
+      {"no titles at all", uses(on), Rows({u"strTitle05"}, {}), true, "before", 2},
+      {"Null title", uses(on), title(NullValue()), true, "", 2},
+      {"no such title", uses(on), Rows({u"strTitle06"}, {{u"x"}}), false, "before", 2},
+      {"use refused", Refused(), title(u"合同"), false, "before", 1},
+      {"title refused", uses(on), Refused(), false, "before", 2},
   }
+      .Check([&](const Answer& useAnswer, const Answer& titleAnswer, bool expected,
+                 const std::string& expectedTitle, std::size_t statements) {
+        host_->On(use, useAnswer);
+        host_->On(titles, titleAnswer);
+        Text shown = u"before";
+        EXPECT_EQ(activity_.FlexFieldIsUsed(u"智能字段05", shown), expected);
+        EXPECT_EQ(ToUtf8(shown), expectedTitle);
+        EXPECT_EQ(Cost(), statements);
+      });
 }
 
 TEST_F(Identifiers, SchemaProbesAreAskedOnceWhateverTheAnswer) {

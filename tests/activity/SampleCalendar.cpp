@@ -67,6 +67,33 @@ void LoggedInTest::SpoilStatement(int number, Answer answer) {
   spoilt_ = std::move(answer);
 }
 
+void LoggedInTest::ExpectEveryFault(const std::function<std::string()>& act,
+                                    const std::string& failed) {
+  const std::vector<Text> columns = {u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"};
+  Answer lostRow =
+      Rows(columns, {{std::int32_t{2004}, std::int32_t{1}, u"2004-01-01", u"2004-01-31"}});
+  lostRow.throwAtRow = 0;
+  const Answer noDate = Rows(columns, {{NullValue(), std::int32_t{1}, NullValue(), NullValue()}});
+  const std::pair<const char*, Answer> faults[] = {
+      {"refused", Refused()}, {"throws", Throws()}, {"row lost", lostRow}, {"Null", noDate}};
+  session().ActivityCaches.reset();
+  Cost();
+  const std::string whole = act();
+  EXPECT_NE(whole, failed);
+  const std::size_t statements = Cost();
+  for (std::size_t statement = 0; statement < statements; ++statement) {
+    for (const auto& [fault, answer] : faults) {
+      SCOPED_TRACE(whole + ", " + fault + " at " + std::to_string(statement));
+      session().ActivityCaches.reset();
+      SpoilStatement(static_cast<int>(statement), answer);
+      EXPECT_EQ(act(), failed);
+      EXPECT_EQ(Cost(), statement + 1);
+      EXPECT_EQ(act(), whole);
+      EXPECT_GT(Cost(), 0u);
+    }
+  }
+}
+
 // The conditions of a statement about periods, evaluated as the database does: as texts.
 const Answer* LoggedInTest::AnswerFromCalendar(TextView sql) {
   std::function<bool(const PeriodRow&)> matches;

@@ -5,36 +5,20 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "fetchkit/activity/Activity.h"
 #include "fetchkit/base/Date.h"
-#include "fetchkit/platform/PortablePlatform.h"
 #include "support/FakeConnection.h"
+#include "support/FakePlatform.h"
+#include "support/Table.h"
 
 namespace fetchkit::test {
 
 // The date of "yyyy-MM-dd", optionally with a time; fails the test when it is none.
 Date D(TextView text);
 std::string Show(Date date);
-
-// A platform whose clock stands at 2010-05-06 13:45, and whose locale has no dates with dots;
-// installed for the object's life.
-class SamplePlatform : public PortablePlatform {
- public:
-  SamplePlatform() : before_(SetPlatform(this)) {}
-  ~SamplePlatform() override { SetPlatform(before_); }
-  Date Now() const override { return D(u"2010-05-06 13:45"); }
-  std::optional<Date> ParseDate(TextView text) const override {
-    if (text.find(u'.') != TextView::npos) return std::nullopt;
-    return PortablePlatform::ParseDate(text);
-  }
-
- private:
-  Platform* before_;
-};
 
 struct PeriodRow {
   int year;
@@ -65,8 +49,12 @@ class LoggedInTest : public testing::Test {
   // (0: the next one).
   void SpoilStatement(int number, Answer answer);
 
+  // Spoils each of the act's statements about periods in each way: the answer must be failed, no
+  // further statement be sent and nothing of it be kept.
+  void ExpectEveryFault(const std::function<std::string()>& act, const std::string& failed);
+
   FreshThread thread_;
-  SamplePlatform platform_;
+  FakePlatform platform_;
   std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
   std::vector<PeriodRow> periods_ = SamplePeriods();
   Activity activity_;
