@@ -11,6 +11,7 @@
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/listset/model/ConditionText.h"
+#include "fetchkit/listset/model/FieldType.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/Interface.h"
 
@@ -64,7 +65,7 @@ void SetPeriod(ListFieldType& field, TextView word, TextView value) {
   const Text from = FormatDate(begin);
   const Text to = FormatDate(end);
   field.strFilter = value.empty() ? Text(word) : CustomPeriodText(from, to);
-  field.strExtValue = Join(from, u",", to);
+  field.strExtValue = PairText(from, to);
 }
 
 // "caption word value", as a person would say it; "caption 任意" or "caption 所有" removes the

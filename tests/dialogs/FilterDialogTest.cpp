@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
 #include <set>
 
@@ -94,14 +93,10 @@ node 名&称; pick 包含字符; from a¦名&称|包含字符 a|string|a¦Name L
 node 名&称; pick 类似于; from a; leave from¦名&称|类似于 a|string|a¦(Name Like 'a%')¦lxtOther txtFrom¦
 node 名&称; pick 介于; from a; leave from to to; to b; leave to¦名&称|介于 a,b|string|a,b¦(Name > 'a' And Name < 'b')¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 名&称; pick 空值¦名&称|空值|string|¦Name Is Null¦lxtOther¦
-node 数量; pick 大于; from 100; leave from¦数量|大于 100|LONG|100¦Qty > 100¦lxtOther txtFrom¦
 node 数量; pick 小于; from -5; leave from¦数量|小于 -5|LONG|-5¦Qty < -5¦lxtOther txtFrom¦
-node 金额; pick 大于等于; from 1.5; leave from¦金额|大于等于 1.5|Double|1.5¦Amount >= 1.5¦lxtOther txtFrom¦
 node 金额; pick 小于等于; from 1e3; leave from¦金额|小于等于 1e3|Double|1e3¦Amount <= 1e3¦lxtOther txtFrom¦
-node 件|数; pick 介于; from 5; to 9; leave to¦件|数|介于 5,9|INTEGER|5,9¦(Pieces > 5 And Pieces < 9)¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 件|数; pick 介于; from 9; to 10; leave to¦件|数|介于 9,10|INTEGER|9,10¦(Pieces > 9 And Pieces < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 件|数; pick 零或空值¦件|数|零或空值|INTEGER|¦(Pieces Is Null or Pieces=0)¦lxtOther¦
-node 停用; pick 是¦停用|是|BOOLEAN|是¦Off = '是'¦lxtOther¦
 node 停用; pick 是; pick 否¦停用|否|BOOLEAN|否¦Off = '否'¦lxtOther¦
 node 期间; pick 本月¦期间|本月|PERIOD|2004-03-01,2004-03-31¦(Day >= '2004-03-01' And Day <= '2004-03-31')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 期间; pick 本月; date to 2004-02-01¦期间|自定义 (2004-03-01,2004-02-01)|PERIOD|2004-03-01,2004-02-01¦(Day >= '2004-03-01' And Day <= '2004-02-01')¦lxtOther lblFrom datFrom lblTo datTo¦
@@ -114,7 +109,6 @@ node 人员; pick 选择项目¦人员|李四|CODE|0,12¦P.lngPersonID = 12¦lxt
 node 人员; pick 选择项目¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
 node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
 node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
-node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right
 node 状态; pick 4¦状态|4|ENUM|0,'4'¦State = '4'¦lxtOther¦
 node 状态; pick 选择项目¦状态|4,3,所有|ENUM|1,'4','3','所有'¦State In('4','3','所有')¦lxtOther¦right 4; all right; ok
 node 数量; pick 大于; from 1; leave from; pick 任意¦¦¦lxtOther¦
@@ -135,12 +129,12 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
     SCOPED_TRACE(row[0] + " / " + row[4]);
     list_ = before;
     std::string editors;
+    std::vector<std::string> expected;
+    if (!row[1].empty()) expected.push_back(row[1]);
     player_.onFilter = [&](frmFilter& form) {
       editors = EditorsOf(form);
       form.UserPressedEnter();
-      const auto rows = RowsOf(form.msgFilter, {1, 2, 3, 4});
-      EXPECT_EQ(rows,
-                !row[1].empty() ? std::vector<std::string>{row[1]} : std::vector<std::string>{});
+      EXPECT_EQ(RowsOf(form.msgFilter, {1, 2, 3, 4}), expected);
       EXPECT_FALSE(form.IsOpen());
     };
     EXPECT_TRUE(Show(row[0], row[4]));
@@ -151,8 +145,7 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
       if (!field.strFilter.empty())
         written.push_back(ToUtf8(Join(field.strListFieldDesc, u"|", field.strFilter, u"|",
                                       field.strFieldType, u"|", field.strExtValue)));
-    EXPECT_EQ(written,
-              !row[1].empty() ? std::vector<std::string>{row[1]} : std::vector<std::string>{});
+    EXPECT_EQ(written, expected);
     const ListFieldType& code = list_.ListField[7];
     EXPECT_EQ(code.strCodeID, code.strFilter.empty() ? u"" : code.strExtValue.substr(2));
     EXPECT_EQ(code.blnIsMuliCond, code.strExtValue.starts_with(u"1,"));
@@ -200,6 +193,7 @@ node 名&称; pick 介于; from b; to a; leave from¦to)");
     EXPECT_EQ(list_, before);
     ASSERT_FALSE(sink.failures.empty());
     EXPECT_EQ(sink.failures.front().what, u"frmFilter: warning");
+    EXPECT_EQ(CurrentThread().lastError, u"A value has the wrong type.");
   }
   for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\")) {
     player_.onFilter = [&](frmFilter& form) {

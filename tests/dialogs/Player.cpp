@@ -28,9 +28,15 @@ void PlayAll(Form& form, std::string_view script, Acts acts) {
   }
 }
 
-template <class TextAt>
-int Find(int count, TextView text, TextAt&& textAt) {
-  for (int i = 0; i < count; ++i)
+Acts MovesOf(TwoListForm& form) {
+  return {{"all", [&](TextView side) {
+             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+           }}};
+}
+
+template <class Count, class TextAt>
+int Find(Count count, TextView text, TextAt&& textAt) {
+  for (int i = 0; i < static_cast<int>(count); ++i)
     if (textAt(i) == text) return i;
   ADD_FAILURE() << "nothing reads " << ToUtf8(text);
   return -1;
@@ -47,84 +53,64 @@ int Find(const ListBox& list, TextView text) {
 }  // namespace
 
 void Play(frmFilter& form, std::string_view script) {
-  const auto node = [&](int i) { return form.tvwFilter.Nodes()[static_cast<std::size_t>(i)].Text; };
   const auto boxOf = [&](TextView name) -> TextBox& {
     return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
   };
-  PlayAll(form, script,
-          {
-              {"node",
-               [&](TextView text) {
-                 form.tvwFilter.UserClickedNode(
-                     Find(static_cast<int>(form.tvwFilter.Nodes().size()), text, node));
-               }},
-              {"pick",
-               [&](TextView text) {
-                 form.lxtOther.UserPicked(Find(form.lxtOther.ListCount(), text, [&](int row) {
-                   return form.lxtOther.RowText(row);
-                 }));
-               }},
-              {"from", [&](TextView text) { form.txtFrom.UserTyped(text); }},
-              {"to", [&](TextView text) { form.txtTo.UserTyped(text); }},
-              {"leave",
-               [&](TextView box) {
-                 boxOf(box).UserLeft(box.find(u' ') == TextView::npos
-                                         ? nullptr
-                                         : &boxOf(box.substr(box.rfind(u' ') + 1)));
-               }},
-              {"enter", [&](TextView box) { boxOf(box).UserPressedEnter(); }},
-              {"date",
-               [&](TextView text) {
-                 const std::size_t blank = text.find(u' ');
-                 const TextView which = text.substr(0, blank);
-                 (which == u"from" ? form.datFrom
-                  : which == u"to" ? form.datTo
-                                   : form.datDate)
-                     .UserChanged(CurrentPlatform().ParseDate(text.substr(blank + 1)).value());
-               }},
-              {"delete",
-               [&](TextView text) {
-                 form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
-                 form.msgFilter.UserPressedDelete();
-               }},
-              {"clear", [&](TextView) { form.cmdOk[2].UserPressed(); }},
-          });
+  const auto& nodes = form.tvwFilter.Nodes();
+  PickCombo& picker = form.lxtOther;
+  Acts acts;
+  acts["node"] = [&](TextView text) {
+    form.tvwFilter.UserClickedNode(
+        Find(nodes.size(), text, [&](int i) { return nodes[static_cast<std::size_t>(i)].Text; }));
+  };
+  acts["pick"] = [&](TextView text) {
+    picker.UserPicked(Find(picker.ListCount(), text, [&](int row) { return picker.RowText(row); }));
+  };
+  acts["from"] = [&](TextView text) { form.txtFrom.UserTyped(text); };
+  acts["to"] = [&](TextView text) { form.txtTo.UserTyped(text); };
+  acts["leave"] = [&](TextView box) {
+    const std::size_t blank = box.rfind(u' ');
+    boxOf(box).UserLeft(blank == TextView::npos ? nullptr : &boxOf(box.substr(blank + 1)));
+  };
+  acts["enter"] = [&](TextView box) { boxOf(box).UserPressedEnter(); };
+  acts["date"] = [&](TextView text) {
+    DateSpinner& date = text.starts_with(u"from") ? form.datFrom
+                        : text.starts_with(u"to") ? form.datTo
+                                                  : form.datDate;
+    date.UserChanged(CurrentPlatform().ParseDate(text.substr(text.find(u' ') + 1)).value());
+  };
+  acts["delete"] = [&](TextView text) {
+    form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
+    form.msgFilter.UserPressedDelete();
+  };
+  acts["clear"] = [&](TextView) { form.cmdOk[2].UserPressed(); };
+  PlayAll(form, script, std::move(acts));
 }
 
 void Play(frmFilterColumn& form, std::string_view script) {
-  PlayAll(
-      form, script,
-      {
-          {"all",
-           [&](TextView side) {
-             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
-           }},
-          {"right",
-           [&](TextView text) { form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text)); }},
-          {"left",
-           [&](TextView text) {
-             form.msgSelected.UserDoubleClickedRow(Find(form.msgSelected, 2, text));
-           }},
-      });
+  Acts acts = MovesOf(form);
+  acts["right"] = [&](TextView text) {
+    form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text));
+  };
+  acts["left"] = [&](TextView text) {
+    form.msgSelected.UserDoubleClickedRow(Find(form.msgSelected, 2, text));
+  };
+  PlayAll(form, script, std::move(acts));
 }
 
 void Play(frmMultiChoose& form, std::string_view script) {
-  const auto press = [&](TextView text, CommandButton& button) {
-    form.lstSelected.UserSelected(Find(form.lstSelected, text));
-    button.UserPressed();
+  const auto presses = [&form](CommandButton& button) {
+    return [&form, &button](TextView text) {
+      form.lstSelected.UserSelected(Find(form.lstSelected, text));
+      button.UserPressed();
+    };
   };
-  PlayAll(
-      form, script,
-      {
-          {"all",
-           [&](TextView side) {
-             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
-           }},
-          {"right", [&](TextView text) { form.lstAll.UserDoubleClicked(Find(form.lstAll, text)); }},
-          {"left", [&](TextView text) { press(text, form.cmdLeftOne); }},
-          {"up", [&](TextView text) { press(text, form.cmdSerial[0]); }},
-          {"down", [&](TextView text) { press(text, form.cmdSerial[1]); }},
-      });
+  Acts acts = MovesOf(form);
+  acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClicked(Find(form.lstAll, text)); };
+  acts["left"] = presses(form.cmdLeftOne);
+  acts["up"] = presses(form.cmdSerial[0]);
+  acts["down"] = presses(form.cmdSerial[1]);
+  PlayAll(form, script, std::move(acts));
 }
 
 void Player::ShowModal(frmFilter& form, std::int32_t hWndOwner) {
