@@ -3,10 +3,7 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS FetchKit EXPORT FetchKitTargets)
-foreach(header IN LISTS FETCHKIT_HEADERS)
-  cmake_path(GET header PARENT_PATH folder)
-  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
-endforeach()
+install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(EXPORT FetchKitTargets NAMESPACE FetchKit::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit FILE FetchKitConfig.cmake)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/FetchKitConfigVersion.cmake
