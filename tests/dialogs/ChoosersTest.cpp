@@ -86,7 +86,7 @@ TEST_F(Choosers, TheLimitIsSilentAndLeavesTheRest) {
     EXPECT_EQ(form.msgSelected.TextMatrix(250, 2), choosed.empty() ? u"c251 n251" : u"c249 n249");
     EXPECT_EQ(form.msgAll.ColWidth(2), 2195);
     ASSERT_FALSE(sink.failures.empty());
-    EXPECT_EQ(sink.failures[0].what, u"frmFilterColumn: warning");
+    EXPECT_EQ(sink.failures[0].what, u"frmFilterColumn: 已选条件项目个数已经很多,不能再增加了!");
   }
 }
 

@@ -161,15 +161,15 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
 
 TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
   static const auto kRows = Lines(R"(
-node 数量; pick 大于; from 12a; leave from¦from
-node 数量; pick 大于; from 12a; enter from¦from
-node 数量; pick 大于; from  ; leave from¦from
-node 金额; pick 介于; from 1; to --; leave to¦to
-node 金额; pick 大于; from 1,000; leave from¦from
-node 名&称; pick 等于; from O'Neil; leave from¦from
-node 名&称; pick 介于; from a; to b%; leave to¦to
-node 数量; pick 介于; from 10; to 9; leave to¦to
-node 名&称; pick 介于; from b; to a; leave from¦to)");
+node 数量; pick 大于; from 12a; leave from¦from¦请输入一个数字！
+node 数量; pick 大于; from 12a; enter from¦from¦请输入一个数字！
+node 数量; pick 大于; from  ; leave from¦from¦请输入一个数字！
+node 金额; pick 介于; from 1; to --; leave to¦to¦请输入一个数字！
+node 金额; pick 大于; from 1,000; leave from¦from¦输入了非法字符,如:'.
+node 名&称; pick 等于; from O'Neil; leave from¦from¦输入了非法字符,如:'.
+node 名&称; pick 介于; from a; to b%; leave to¦to¦输入了非法字符,如:'.
+node 数量; pick 介于; from 10; to 9; leave to¦to¦终止值不应大于起始值，请正确输入！
+node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于起始值，请正确输入！)");
   list_.ListField[1].strFilter = u"等于 1";
   list_.ListField[1].strExtValue = u"1";
   const ListType before = list_;
@@ -192,7 +192,7 @@ node 名&称; pick 介于; from b; to a; leave from¦to)");
     EXPECT_FALSE(Show(row[0]));
     EXPECT_EQ(list_, before);
     ASSERT_FALSE(sink.failures.empty());
-    EXPECT_EQ(sink.failures.front().what, u"frmFilter: warning");
+    EXPECT_EQ(ToUtf8(sink.failures.front().what), "frmFilter: " + row[2]);
     EXPECT_EQ(CurrentThread().lastError, u"A value has the wrong type.");
   }
   for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\")) {

@@ -17,8 +17,9 @@ void Form::Close() {
   if (observer_ != nullptr) observer_->Closed(*this);
 }
 
-void Form::RefuseSilently(TextView what) {
-  Step(what, [] { throw ConvertError(ErrorKind::TypeMismatch, u"A value has the wrong type."); });
+void Form::RefuseSilently(TextView warning) const {
+  Step(Join(name_, u": ", warning),
+       [] { throw ConvertError(ErrorKind::TypeMismatch, u"A value has the wrong type."); });
 }
 
 void Control::SetFocus() {

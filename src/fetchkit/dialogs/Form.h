@@ -73,8 +73,9 @@ class Form {
   void DropFocusWish() { focusWish_ = nullptr; }
 
   // What the user asked for is not done, and no box says so: the users know the dialogs that way.
-  // It counts as a failing step, so that the diagnostics sink hears of it and WriteLog can.
-  static void RefuseSilently(TextView what);
+  // It counts as a failing step named by the form and the warning, so that the diagnostics sink
+  // hears of it and WriteLog can.
+  void RefuseSilently(TextView warning) const;
 
  private:
   friend class Control;

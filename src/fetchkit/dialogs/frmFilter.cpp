@@ -22,7 +22,11 @@ namespace {
 // With the header: at this size no editor opens any more.
 constexpr int kFullGrid = 27;
 
-constexpr TextView kWarning = u"frmFilter: warning";
+constexpr TextView kFullWarning =
+    u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
+constexpr TextView kNumberWarning = u"请输入一个数字！";
+constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
+constexpr TextView kOrderWarning = u"终止值不应大于起始值，请正确输入！";
 
 using Editor = FieldType::Editor;
 
@@ -144,7 +148,7 @@ void frmFilter::OpenEditor(const TreeView::Node& node) {
   DropFocusWish();
   const Busy busy(busy_);
   if (msgFilter.Rows() >= kFullGrid) {
-    RefuseSilently(kWarning);
+    RefuseSilently(kFullWarning);
     return;
   }
   Step(u"frmFilter: node", [&] {
@@ -398,20 +402,21 @@ frmFilter::Commit frmFilter::CommitValue() {
   const Text& from = txtFrom.Text();
   const Text& to = txtTo.Text();
   if (from.empty() || (between && to.empty())) return Commit::Nothing;
-  const auto refuse = [](TextBox& box) {
-    RefuseSilently(kWarning);
+  const auto refuse = [this](TextBox& box, TextView warning) {
+    RefuseSilently(warning);
     box.SetFocus();
     return Commit::Refused;
   };
   const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
   if (numbers)
     for (TextBox* box : boxes)
-      if (!IsNum(box->Text())) return refuse(*box);
+      if (!IsNum(box->Text())) return refuse(*box, kNumberWarning);
   for (TextBox* box : boxes)
-    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u"")) return refuse(*box);
+    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u""))
+      return refuse(*box, kCharacterWarning);
   const bool reversed =
       between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
-  if (reversed) return refuse(txtTo);
+  if (reversed) return refuse(txtTo, kOrderWarning);
   const Text value = between ? PairText(from, to) : from;
   WriteRow(ConditionRowText(word_, value), value);
   pending_ = false;

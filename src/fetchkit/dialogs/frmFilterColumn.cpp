@@ -12,6 +12,7 @@ namespace fetchkit {
 namespace {
 
 constexpr int kMostChosen = 250;  // one more is still taken
+constexpr TextView kManyWarning = u"已选条件项目个数已经很多,不能再增加了!";
 constexpr int kTextWidth = 2195;
 
 struct ItemColumns {
@@ -92,7 +93,7 @@ void frmFilterColumn::MoveAllRight() {
   const bool all = msgAll.Rows() <= room;
   msgAll.MoveRowsTo(msgSelected, 0, std::min(room, msgAll.Rows()));
   EnableButtons();
-  if (!all) RefuseSilently(u"frmFilterColumn: warning");
+  if (!all) RefuseSilently(kManyWarning);
 }
 
 void frmFilterColumn::EnableButtons() {

@@ -1,6 +1,7 @@
 #include "fetchkit/listset/ViewLoading.h"
 
 #include <optional>
+#include <type_traits>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -91,24 +92,24 @@ struct ColumnOf {
   void (*read)(const Value& value, Record& record);
 };
 
-void Set(Text& member, const Value& value) {
-  member = TextOf(value);
-}
-void Set(bool& member, const Value& value) {
-  member = FlagOf(value);
-}
-void Set(std::int32_t& member, const Value& value) {
-  member = ToLong(NumberOf(value));
-}
-void Set(std::uint8_t& member, const Value& value) {
-  member = ToByte(NumberOf(value));
-}
-
 template <auto member>
 void Field(const Value& value, ListFieldType& field) {
-  Set(field.*member, value);
+  auto& target = field.*member;
+  using Target = std::decay_t<decltype(target)>;
+  if constexpr (std::is_same_v<Target, Text>) {
+    target = TextOf(value);
+  } else if constexpr (std::is_same_v<Target, bool>) {
+    target = FlagOf(value);
+  } else if constexpr (std::is_same_v<Target, std::int32_t>) {
+    target = ToLong(NumberOf(value));
+  } else {
+    static_assert(std::is_same_v<Target, std::uint8_t>);
+    target = ToByte(NumberOf(value));
+  }
 }
 
+// The caption is the view's, not the one that the list has saved. Saving writes width and sorting
+// back for every field, so they must be known.
 using F = ListFieldType;
 constexpr ColumnOf<F> kFieldColumns[] = {
     {u"lngViewFieldID", Field<&F::lngViewFieldID>},
@@ -117,7 +118,6 @@ constexpr ColumnOf<F> kFieldColumns[] = {
     {u"lngListFieldNO1", Field<&F::lngListFieldNO>},
     {u"lngViewFieldNO", Field<&F::lngViewFieldNO>},
     {u"bytHead", Field<&F::bytHead>},
-    // The view's caption, not the one that the list has saved.
     {u"strViewFieldDesc", Field<&F::strListFieldDesc>},
     {u"bytFieldSize", Field<&F::bytFieldSize>},
     {u"blnIsMust", Field<&F::blnIsMust>},
@@ -137,7 +137,6 @@ constexpr ColumnOf<F> kFieldColumns[] = {
     {u"bytFormat", Field<&F::bytFormat>},
     {u"blnNotZero", Field<&F::blnNotZero>},
     {u"blnIsChoosed1", Field<&F::blnIsChoosed>},
-    // Saving writes these two back for every field, so they must be known.
     {u"lngdisplaywidth", Field<&F::lngDisplayWidth>},
     {u"bytSort1", Field<&F::bytSort>},
 };

@@ -13,7 +13,7 @@ constexpr RecordColumn<CustomerSs> kColumns[] = {
     {u"strSSCustomerName", Into<&CustomerSs::CustomerName, ToText>},
     {u"strFullName",
      [](CustomerSs& customer, const Value& name) {
-       customer.FullName(ToText(MUtility::NotNull(name, u"")));
+       customer.FullName(ToText(StringHelpers::NotNull(name, u"")));
      }},
     {u" blnIsInActive", Into<&CustomerSs::IsInActive, ToBoolean>},
 };

@@ -14,7 +14,7 @@ constexpr RecordColumn<Operator> kColumns[] = {
     // NotNull reads a numeric text as a number, so "00123" is kept as "123".
     {u"Nvl(Operator.strPassword,'') As strPassword",
      [](Operator& record, const Value& password) {
-       record.Password(ToText(MUtility::NotNull(password, u"")));
+       record.Password(ToText(StringHelpers::NotNull(password, u"")));
      }},
     {u"Operator.lngDepartmentID", Into<&Operator::DepartmentId, ToLong>},
     {u"Operator.lngOperatorGroupID", Into<&Operator::OperatorGroupId, ToLong>},
