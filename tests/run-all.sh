@@ -109,6 +109,7 @@ consumer() {
 if [[ -n $windows ]]; then
   tests/component/run-wine.sh "$windows" "$build/demo/fetchkit-demo" >"$build/wine.log" &
   wine=$!
+  trap 'kill $wine; exit 130' INT TERM
 fi
 for each in fetchkit-tests fetchkit-demo-tests; do binary "$each"; done
 check "formatted" ./run format --check

@@ -402,17 +402,13 @@ class FailingConnection : public SessionConnection {
                            std::int32_t lockType, std::int32_t commandType,
                            std::int32_t option) override {
     calls_.Next();
-    const bool opened =
-        real_->OpenStaticRecordset(sql, recordset, cursorType, lockType, commandType, option);
-    if (opened) recordset = std::make_shared<FailingRows>(recordset, calls_);
-    return opened;
+    return Wrap(recordset, real_->OpenStaticRecordset(sql, recordset, cursorType, lockType,
+                                                      commandType, option));
   }
   bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t option1,
                      std::int32_t option2) override {
     calls_.Next();
-    const bool opened = real_->OpenRecordset(sql, recordset, option1, option2);
-    if (opened) recordset = std::make_shared<FailingRows>(recordset, calls_);
-    return opened;
+    return Wrap(recordset, real_->OpenRecordset(sql, recordset, option1, option2));
   }
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override {
     calls_.Next();
@@ -420,6 +416,10 @@ class FailingConnection : public SessionConnection {
   }
 
  private:
+  bool Wrap(RecordsetPtr& recordset, bool opened) {
+    if (opened) recordset = std::make_shared<FailingRows>(recordset, calls_);
+    return opened;
+  }
   SessionConnectionPtr real_;
   Calls& calls_;
 };
