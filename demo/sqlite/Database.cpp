@@ -1,6 +1,5 @@
 #include "demo/sqlite/Database.h"
 
-#include <filesystem>
 #include <limits>
 
 #include "demo/sqlite/Functions.h"
@@ -9,9 +8,6 @@
 
 namespace fetchkit::demo {
 namespace {
-
-// Another process that writes to the same file is waited for.
-constexpr int kBusyMilliseconds = 5000;
 
 [[noreturn]] void ThrowLast(sqlite3* handle) {
   throw Error(ErrorKind::Host, FromUtf8(sqlite3_errmsg(handle)));
@@ -23,30 +19,21 @@ void Check(sqlite3* handle, int result) {
 
 }  // namespace
 
-Database::Database(const std::string& location) {
+Database::Database() {
   sqlite3* handle = nullptr;
-  const int result = sqlite3_open_v2(location.c_str(), &handle,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  const int result = sqlite3_open(":memory:", &handle);
   handle_.reset(handle);
   Check(handle, result);
-  sqlite3_busy_timeout(handle, kBusyMilliseconds);
   for (const int quotedTexts : {SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML})
     Check(handle, sqlite3_db_config(handle, quotedTexts, 0, nullptr));
   AddFunctions(handle);
   RunScript("PRAGMA case_sensitive_like=1");
 }
 
-void Database::Attach(const std::string& location, TextView schema) {
-  if (location != ":memory:" && !std::filesystem::exists(location))
-    throw Error(ErrorKind::Host, Join(u"There is no database file ", FromUtf8(location), u"."));
-  Statement attach(*this, u"ATTACH DATABASE ?1 AS ?2");
-  attach.Bind(1, FromUtf8(location));
-  attach.Bind(2, schema);
-  attach.Step();
-}
-
 void Database::AttachCopy(const Database& source, TextView schema) {
-  Attach(":memory:", schema);
+  Statement attach(*this, u"ATTACH DATABASE ':memory:' AS ?1");
+  attach.Bind(1, schema);
+  attach.Step();
   sqlite3_backup* backup =
       sqlite3_backup_init(handle(), ToUtf8(schema).c_str(), source.handle(), "main");
   if (backup == nullptr) ThrowLast(handle());

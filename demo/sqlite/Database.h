@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include "fetchkit/base/Text.h"
@@ -15,18 +14,16 @@
 
 namespace fetchkit::demo {
 
-// A connection, set up for the dialect: LIKE regards letter case, double quotes hold names only,
-// and the dialect's functions are there. To be used on one thread at a time.
+// A database in memory that ends with the object, set up for the dialect: LIKE regards letter case,
+// double quotes hold names only, and the dialect's functions are there. To be used on one thread at
+// a time.
 class Database {
  public:
-  // A database file, which is created if need be, or one in memory that ends with the object.
-  explicit Database(const std::string& location = ":memory:");
+  Database();
 
-  // Makes an existing database file known under a schema name, so that its tables are found by
-  // SCHEMA.TABLE and by their own names; of equal names, the schema attached first wins.
-  void Attach(const std::string& location, TextView schema);
-
-  // The same with a copy, in memory, of another connection's main database.
+  // Makes a copy of another connection's main database known under a schema name, so that its
+  // tables are found by SCHEMA.TABLE and by their own names; of equal names, the schema attached
+  // first wins.
   void AttachCopy(const Database& source, TextView schema);
 
   // Runs statements of the embedded database's own dialect, UTF-8, separated by ";".

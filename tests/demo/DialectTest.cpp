@@ -1,8 +1,9 @@
 // What the library's dialect means, shown by the rows that come out of the embedded database.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "demo/SmallAccount.h"
-#include "fetchkit/base/Utf8.h"
+#include "support/Table.h"
 
 namespace fetchkit::demo::test {
 namespace {
@@ -18,17 +19,14 @@ constexpr const char* kTables = R"(
   INSERT INTO "Right" VALUES (1), (2), (3);
 )";
 
-struct Row {
-  const char* name;  // what would go wrong
-  const char* sql;
-  const char* rows;
-};
-
 class DialectTest : public ::testing::Test {
  protected:
-  void ExpectRows(const std::vector<Row>& table) {
-    for (const Row& row : table)
-      EXPECT_EQ(account.Rows(row.sql), row.rows) << row.name;
+  // Statements and their rows, or why they are refused.
+  using Statements = fetchkit::test::Table<std::string, const char*>;
+
+  void ExpectRows(const Statements& table) {
+    table.Check(
+        [&](const std::string& sql, const char* rows) { EXPECT_EQ(account.Rows(sql), rows); });
   }
 
   SmallAccount account{kTables};
@@ -139,62 +137,31 @@ TEST_F(DialectTest, OuterJoins) {
 }
 
 TEST_F(DialectTest, RefusalsNameWhatAndWhere) {
-  const std::string refuses = "The demo database's adapter refuses ";
-  struct Refusal {
-    const char* sql;
-    const char* error;
+  const Statements refusals = {
+      {"what does not end", "SELECT 1 /* x", "a comment that does not end: /* x, at position 10."},
+      {"what is not closed", "SELECT (1 FROM DUAL", "what is not closed: (, at position 8."},
+      {"a foreign character", "SELECT :x FROM DUAL",
+       "a character that has no meaning in a statement: :x FROM DUAL, at position 8."},
+      {"a foreign word", "SELECT id FROM a START WITH id = 1 CONNECT BY PRIOR id = id",
+       "a word that it has no counterpart for: CONNECT, at position 36."},
+      {"OR in brackets", "SELECT 1 FROM a, b WHERE id = 1 AND (a.id = b.aid(+) OR b.t = 'u')",
+       "OR with (+): OR, at position 54."},
+      {"two marks", "SELECT 1 FROM a, b WHERE a.id(+) = b.aid(+)",
+       "two tables marked (+) in one predicate: b, at position 36."},
+      {"a circle", "SELECT 1 FROM a, b WHERE a.id(+) = b.aid AND a.id = b.bid(+)",
+       "tables that are outer joined to each other: b, at position 18."},
+      {"a mark that joins nothing", "SELECT 1 FROM a, b WHERE a.id = 1 AND b.t(+) = 'u'",
+       "(+) on a table that no predicate joins to another one: b, at position 18."},
+      {"whose column", "SELECT 1 FROM a, c WHERE a.x = id(+)",
+       "a column that two tables of this FROM have: id, at position 32."},
+      {"a mark elsewhere", "DELETE FROM a WHERE id(+) = 1",
+       "(+) outside of the WHERE of a SELECT: (+), at position 23."},
+      {"a number per row", "SELECT LIST_SEQ.NEXTVAL FROM a",
+       "NEXTVAL outside of SELECT ... FROM DUAL and INSERT ... VALUES: LIST_SEQ, at position 8."},
   };
-  for (const Refusal& row : {
-           Refusal{"SELECT 'a FROM DUAL",
-                   "a quote that does not end: 'a FROM DUAL, at position 8."},
-           {"SELECT \"a FROM DUAL", "a quote that does not end: \"a FROM DUAL, at position 8."},
-           {"SELECT 1 /* x", "a comment that does not end: /* x, at position 10."},
-           {"SELECT (1 FROM DUAL", "what is not closed: (, at position 8."},
-           {"SELECT CASE WHEN (1=1 THEN 2 END) FROM DUAL",
-            "END without CASE: END, at position 30."},
-           {"SELECT 1) FROM DUAL", "a closing bracket without an opening one: ), at position 9."},
-           {"SELECT :x FROM DUAL",
-            "a character that has no meaning in a statement: :x FROM DUAL, at position 8."},
-           {"", "a statement without text: , at position 1."},
-           {"SELECT 1 FROM DUAL;", "a ; outside of a block: ;, at position 19."},
-           {"SELECT id FROM a WHERE rownum < 3",
-            "a word that it has no counterpart for: rownum, at position 24."},
-           {"SELECT id FROM a START WITH id = 1 CONNECT BY PRIOR id = id",
-            "a word that it has no counterpart for: CONNECT, at position 36."},
-           {"DROP TABLE a",
-            "a statement that is no SELECT, INSERT, UPDATE, DELETE or block: DROP, "
-            "at position 1."},
-           {"SELECT 1 FROM a, b WHERE a.id = b.aid(+) OR a.id = 1",
-            "OR with (+): OR, at position 42."},
-           {"SELECT 1 FROM a, b WHERE id = 1 AND (a.id = b.aid(+) OR b.t = 'u')",
-            "OR with (+): OR, at position 54."},
-           {"SELECT 1 FROM a, b WHERE a.id(+) = b.aid(+)",
-            "two tables marked (+) in one predicate: b, at position 36."},
-           {"SELECT 1 FROM a, b WHERE a.id(+) = b.aid AND a.id = b.bid(+)",
-            "tables that are outer joined to each other: b, at position 18."},
-           {"SELECT 1 FROM a, b WHERE a.id = 1 AND b.t(+) = 'u'",
-            "(+) on a table that no predicate joins to another one: b, at position 18."},
-           {"SELECT 1 FROM a, c WHERE a.x = id(+)",
-            "a column that two tables of this FROM have: id, at position 32."},
-           {"SELECT 1 FROM a, b WHERE a.id = z.aid(+)",
-            "(+) behind a column of no table in this FROM: z, at position 33."},
-           {"SELECT 1 FROM a, b WHERE a.id = 5(+)",
-            "(+) behind what is no column: (+), at position 34."},
-           {"SELECT 1 FROM a, b WHERE b.aid(+) = (SELECT max(id) FROM c)",
-            "(+) in a predicate with a SELECT: SELECT, at position 38."},
-           {"SELECT 1 FROM a JOIN c ON 1 = 1, b WHERE a.id = b.aid(+)",
-            "JOIN in a SELECT with (+): JOIN, at position 17."},
-           {"SELECT a.id(+) FROM a", "(+) outside of the WHERE of a SELECT: (+), at position 12."},
-           {"DELETE FROM a WHERE id(+) = 1",
-            "(+) outside of the WHERE of a SELECT: (+), at position 23."},
-           {"SELECT LIST_SEQ.NEXTVAL FROM a",
-            "NEXTVAL outside of SELECT ... FROM DUAL and INSERT ... VALUES: LIST_SEQ, at position "
-            "8."},
-       })
-    EXPECT_EQ(account.Rows(row.sql), refuses + row.error);
-}
-
-TEST_F(DialectTest, WhatOnlyTheDatabaseKnowsIsRefusedInItsWords) {
+  refusals.Check([&](const std::string& sql, const std::string& error) {
+    EXPECT_EQ(account.Rows(sql), "The demo database's adapter refuses " + error);
+  });
   ExpectRows({
       {"unknown schema", "SELECT 1 FROM NOPE.a WHERE 1=0", "no such table: NOPE.a"},
       {"double quotes hold names only", "SELECT \"p\" FROM a", "no such column: p"},
@@ -241,22 +208,15 @@ TEST_F(DialectTest, BlocksAreDoneWhollyOrNotAtAll) {
   const std::string rows = "2|~;3|~;7|~";
   EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows);
 
-  const std::string refuses = "The demo database's adapter refuses ";
   for (const auto& [block, error] : std::vector<std::pair<std::string, std::string>>{
-           {"Begin DELETE FROM a; INSERT INTO a (nope) VALUES (1); End;",
-            "table a has no column named nope"},
-           {"Begin DELETE FROM a; COMMIT; End;",
-            refuses + "what is not INSERT, UPDATE or DELETE in a block: COMMIT, at position 22."},
-           {"Begin DELETE FROM a; End",
-            refuses + "a block that does not end with End;: End, at position 22."},
-           {"Begin DELETE FROM a End;",
-            refuses + "a statement without ; in a block: DELETE, at position 7."},
-           {"Begin DELETE FROM a;; End;",
-            refuses + "an empty statement in a block: ;, at position 21."},
-           {"Begin End;", refuses + "a block without a statement: Begin, at position 1."},
-           {"DELETE FROM a; DELETE FROM b",
-            refuses + "a ; outside of a block: ;, at position 14."}}) {
-    EXPECT_EQ(account.Execute(block), error);
+           {"Begin DELETE FROM a; INSERT INTO a (nope) VALUES (1); End;", "no column named nope"},
+           {"Begin DELETE FROM a; COMMIT; End;", "what is not INSERT, UPDATE or DELETE in a block"},
+           {"Begin DELETE FROM a; End", "a block that does not end with End;"},
+           {"Begin DELETE FROM a End;", "a statement without ; in a block"},
+           {"Begin DELETE FROM a;; End;", "an empty statement in a block"},
+           {"Begin End;", "a block without a statement"},
+           {"DELETE FROM a; DELETE FROM b", "a ; outside of a block"}}) {
+    EXPECT_THAT(account.Execute(block), testing::HasSubstr(error));
     EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows) << block;
   }
 }

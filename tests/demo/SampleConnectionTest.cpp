@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "demo/SmallAccount.h"
 #include "fetchkit/base/Error.h"
 
@@ -100,39 +98,6 @@ TEST_F(SampleConnectionTest, TellsEveryStatement) {
   EXPECT_FALSE(account.reports[2].answered);
   EXPECT_EQ(account.reports[2].error, u"no such column: x");
   EXPECT_EQ(account.reports[3].adapted, u"") << "refused by the adapter, not by the database";
-}
-
-TEST_F(SampleConnectionTest, TheLoginIsReadAtEachCall) {
-  Login& login = connection.login;
-  login.accountType = 7;
-  login.userId = u"ACC01";
-  login.items[u"#SSCustomerID"] = u"12";
-  auto context = connection.HostContext();
-  EXPECT_EQ(ToLong(context->AccountTypeInfo()->AccountType()), 7);
-  EXPECT_EQ(ToText(context->AccountLogin()->UserId()), u"ACC01");
-  EXPECT_EQ(ToText(context->LoginContext()->Item(u"#SSCustomerID")), u"12");
-  EXPECT_TRUE(context->LoginContext()->Item(u"#Other").IsEmpty());
-  login.operatorId = 9;
-  EXPECT_EQ(ToLong(connection.HostContext()->LoginContext()->OperatorId()), 9);
-}
-
-TEST(DatabaseFiles, ChangesStayInTheAccountsFile) {
-  const std::filesystem::path path =
-      std::filesystem::temp_directory_path() / "fetchkit-demo-test.db";
-  std::filesystem::remove(path);
-  EXPECT_THROW(Database().Attach(path.string(), u"ACC01"), Error) << "no file is made by mistake";
-  Database(path.string()).RunScript("CREATE TABLE t (s TEXT)");
-  for (const TextView expected : {u"", u"one"}) {
-    auto database = std::make_shared<Database>();
-    database->Attach(path.string(), u"ACC02");
-    SampleConnection connection(database, {});
-    RecordsetPtr rows;
-    ASSERT_TRUE(connection.OpenRecordset(u"SELECT s FROM acc02.t", rows, 0, 0));
-    EXPECT_EQ(rows->Eof() ? Text() : ToText(rows->At(0)), expected);
-    Value out;
-    ASSERT_TRUE(connection.ExecuteSql(u"INSERT INTO t VALUES ('one')", 1, out));
-  }
-  std::filesystem::remove(path);
 }
 
 }  // namespace

@@ -29,16 +29,10 @@ std::string SmallAccount::Rows(const std::string& sql) {
   std::string rows;
   for (; !recordset->Eof(); recordset->MoveNext()) {
     if (!rows.empty()) rows += ';';
-    std::string row;
-    // The recordset does not tell how many columns it has; it refuses the one behind the last.
-    try {
-      for (std::size_t i = 0;; ++i) {
-        const Value cell = recordset->At(i);
-        row += (i == 0 ? "" : "|") + (cell.IsNull() ? "~" : ToUtf8(ToText(cell)));
-      }
-    } catch (const Error&) {
+    for (std::size_t i = 0; i < recordset->ColumnNames().size(); ++i) {
+      const Value cell = recordset->At(i);
+      rows += (i == 0 ? "" : "|") + (cell.IsNull() ? "~" : ToUtf8(ToText(cell)));
     }
-    rows += row;
   }
   connection->CloseRecordset(recordset);
   return rows;
