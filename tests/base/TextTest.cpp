@@ -7,8 +7,9 @@
 
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/base/Utf8.h"
+#include "support/Table.h"
 
-namespace fetchkit {
+namespace fetchkit::test {
 namespace {
 
 TEST(TextBasics, JoinWritesNumbersPlainly) {
@@ -66,18 +67,14 @@ TEST(TextBasics, Utf8) {
             "\xEF\xBF\xBD"
             "a"
             "\xEF\xBF\xBD");
-  const struct {
-    const char* name;
-    std::string_view bytes;
-    TextView expected;
-  } kMalformed[] = {
+  Table<std::string_view, TextView>{
       {"cut off", "\xE6\x9C", u"��"},        {"lone tail", "\x80z", u"�z"},
       {"overlong slash", "\xC0\xAF", u"��"}, {"encoded surrogate", "\xED\xA0\x80", u"���"},
       {"beyond Unicode", "\xF5\x80", u"��"}, {"tail missing", "\xE6z", u"�z"},
-  };
-  for (const auto& row : kMalformed)
-    EXPECT_EQ(FromUtf8(row.bytes), row.expected) << row.name;
+  }
+      .Check(
+          [](std::string_view bytes, TextView expected) { EXPECT_EQ(FromUtf8(bytes), expected); });
 }
 
 }  // namespace
-}  // namespace fetchkit
+}  // namespace fetchkit::test

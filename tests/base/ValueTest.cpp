@@ -6,21 +6,19 @@
 
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/Utf8.h"
+#include "support/Table.h"
 
-namespace fetchkit {
+namespace fetchkit::test {
 namespace {
 
 TEST(Numbers, LeadingNumberStopsAtTheFirstOtherCharacter) {
-  const struct {
-    TextView text;
-    double expected;
-  } kRows[] = {
+  const std::pair<TextView, double> kRows[] = {
       {u"12.5", 12.5}, {u"  -7x", -7}, {u"+3", 3},   {u"1,234", 1}, {u"1e5", 1}, {u"0x1F", 0},
       {u"1.2.3", 1.2}, {u".5", 0.5},   {u"5.", 5},   {u"-", 0},     {u".", 0},   {u"", 0},
       {u"- 5", 0},     {u"\t5", 0},    {u"１２", 0}, {u"5 6", 5},
   };
-  for (const auto& row : kRows)
-    EXPECT_EQ(LeadingNumber(row.text), row.expected) << ToUtf8(row.text);
+  for (const auto& [text, expected] : kRows)
+    EXPECT_EQ(LeadingNumber(text), expected) << ToUtf8(text);
 }
 
 TEST(Numbers, NumericTest) {
@@ -36,10 +34,7 @@ TEST(Numbers, NumericTest) {
 }
 
 TEST(Numbers, NumberText) {
-  const struct {
-    double value;
-    TextView expected;
-  } kRows[] = {
+  const std::pair<double, TextView> kRows[] = {
       {0, u"0"},
       {-0.0, u"0"},
       {12, u"12"},
@@ -53,8 +48,8 @@ TEST(Numbers, NumberText) {
       {2147483648.0, u"2147483648"},
       {0.1f, u"0.100000001490116"},
   };
-  for (const auto& row : kRows)
-    EXPECT_EQ(NumberText(row.value), row.expected);
+  for (const auto& [value, expected] : kRows)
+    EXPECT_EQ(NumberText(value), expected);
   EXPECT_EQ(ToText(Value(0.1f)), u"0.1") << "a single shows its own digits";
 }
 
@@ -67,32 +62,28 @@ TEST(ValueConversions, WholeNumbersRoundHalfToEvenAndRefuseTheRest) {
   EXPECT_EQ(ToLong(Value()), 0);
   EXPECT_EQ(ToInteger(32767.4), 32767);
   EXPECT_EQ(ToByte(u"255"), 255);
-  const struct {
-    const char* name;
-    std::int32_t (*convert)(const Value&);
-    Value value;
-    ErrorKind kind;
-  } kRefused[] = {
+  using Convert = std::int32_t (*)(const Value&);
+  const Convert toInteger = [](const Value& v) -> std::int32_t { return ToInteger(v); };
+  const Convert toByte = [](const Value& v) -> std::int32_t { return ToByte(v); };
+  Table<Convert, Value, ErrorKind>{
       {"Null", ToLong, NullValue(), ErrorKind::InvalidUseOfNull},
       {"missing", ToLong, MissingValue(), ErrorKind::TypeMismatch},
       {"empty text", ToLong, u"", ErrorKind::TypeMismatch},
       {"text", ToLong, u"12号", ErrorKind::TypeMismatch},
       {"array", ToLong, Value(ValueArray{}), ErrorKind::TypeMismatch},
       {"beyond 32 bits", ToLong, 2147483647.5, ErrorKind::Overflow},
-      {"beyond 16 bits", [](const Value& v) -> std::int32_t { return ToInteger(v); }, 32767.5,
-       ErrorKind::Overflow},
-      {"negative byte", [](const Value& v) -> std::int32_t { return ToByte(v); }, true,
-       ErrorKind::Overflow},
+      {"beyond 16 bits", toInteger, 32767.5, ErrorKind::Overflow},
+      {"negative byte", toByte, true, ErrorKind::Overflow},
       {"not a number", ToLong, std::nan(""), ErrorKind::Overflow},
-  };
-  for (const auto& row : kRefused) {
-    try {
-      row.convert(row.value);
-      ADD_FAILURE() << row.name << " was converted";
-    } catch (const ConvertError& error) {
-      EXPECT_EQ(error.kind(), row.kind) << row.name;
-    }
   }
+      .Check([](Convert convert, const Value& value, ErrorKind kind) {
+        try {
+          convert(value);
+          ADD_FAILURE() << "was converted";
+        } catch (const ConvertError& error) {
+          EXPECT_EQ(error.kind(), kind);
+        }
+      });
 }
 
 TEST(ValueConversions, BooleansAndTexts) {
@@ -113,4 +104,4 @@ TEST(ValueConversions, BooleansAndTexts) {
 }
 
 }  // namespace
-}  // namespace fetchkit
+}  // namespace fetchkit::test

@@ -6,29 +6,12 @@
 
 #include "fetchkit/base/Guard.h"
 #include "support/FakeConnection.h"
+#include "support/FaultyConnection.h"
 
 namespace fetchkit::test {
 namespace {
 
 constexpr TextView kSql = u"SELECT a FROM t";
-
-// A host that misbehaves in one way.
-class OddConnection : public FakeConnection {
- public:
-  bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t a,
-                     std::int32_t b) override {
-    const bool opened = FakeConnection::OpenRecordset(sql, recordset, a, b);
-    if (withoutRecordset) FakeConnection::CloseRecordset(recordset);
-    return opened;
-  }
-  void CloseRecordset(RecordsetPtr& recordset) override {
-    FakeConnection::CloseRecordset(recordset);
-    if (closeThrows) throw std::runtime_error("connection lost");
-  }
-
-  bool withoutRecordset = false;
-  bool closeThrows = false;
-};
 
 class OpenedRecordsets : public testing::Test {
  protected:
@@ -36,7 +19,7 @@ class OpenedRecordsets : public testing::Test {
 
   FreshThread thread_;
   RecordingSink sink_;
-  std::shared_ptr<OddConnection> host_ = std::make_shared<OddConnection>();
+  std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
 };
 
 TEST_F(OpenedRecordsets, AreGivenBackOnceOnEveryPath) {
@@ -71,17 +54,17 @@ TEST_F(OpenedRecordsets, RefusedStatementsAreToldAndNotClosed) {
 }
 
 TEST_F(OpenedRecordsets, HostThatAnswersTrueWithoutRows) {
-  host_->withoutRecordset = true;
-  EXPECT_THROW(OpenedRecordset(host_, kSql, Cursor::Plain), Error);
+  const auto host = std::make_shared<FaultyConnection>(host_, Fault::NotWritten);
+  EXPECT_THROW(OpenedRecordset(host, kSql, Cursor::Plain), Error);
   EXPECT_THROW(OpenedRecordset(nullptr, kSql, Cursor::Plain), Error);
 }
 
 TEST_F(OpenedRecordsets, ErrorOfClosingIsRaisedByCloseAndNotedOtherwise) {
-  host_->closeThrows = true;
-  { OpenedRecordset rows(host_, kSql, Cursor::Plain); }
+  const auto host = [&] { return std::make_shared<FaultyConnection>(host_, Fault::CloseThrows); };
+  { OpenedRecordset rows(host(), kSql, Cursor::Plain); }
   ASSERT_EQ(sink_.failures.size(), 1u);
-  EXPECT_EQ(sink_.failures[0].description, u"connection lost");
-  OpenedRecordset rows(host_, kSql, Cursor::Plain);
+  EXPECT_EQ(sink_.failures[0].description, u"close failed");
+  OpenedRecordset rows(host(), kSql, Cursor::Plain);
   EXPECT_THROW(rows.Close(), std::runtime_error);
 }
 

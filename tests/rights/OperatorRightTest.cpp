@@ -3,6 +3,7 @@
 #include "activity/SampleCalendar.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/model/Business.h"
+#include "support/Table.h"
 
 namespace fetchkit::test {
 namespace {
@@ -58,34 +59,29 @@ class OperatorRights : public LoggedInTest {
 };
 
 TEST_F(OperatorRights, UserRight) {
-  const struct {
-    const char* name;
-    std::vector<Value> held;
-    TextView wanted;
-    bool expected;
-  } kRows[] = {
-      {"both", {std::int32_t{12}, std::int32_t{15}}, u"12,15", true},
-      {"in any order", {std::int32_t{12}, std::int32_t{15}}, u"15,12", true},
-      {"one is lacking", {std::int32_t{12}, std::int32_t{15}}, u"12,16", false},
-      {"by its beginning", {std::int32_t{12}, std::int32_t{15}}, u"1", true},
-      {"not by its end", {std::int32_t{12}, std::int32_t{15}}, u"2", false},
-      {"nothing wanted", {std::int32_t{12}}, u"", true},
-      {"an empty piece is held by whoever holds anything", {std::int32_t{12}}, u"12,,", true},
-      {"pieces are not trimmed", {std::int32_t{12}, std::int32_t{15}}, u"12, 15", false},
+  Table<std::vector<Value>, TextView, bool>{
+      {"both", {12, 15}, u"12,15", true},
+      {"in any order", {12, 15}, u"15,12", true},
+      {"one is lacking", {12, 15}, u"12,16", false},
+      {"by its beginning", {12, 15}, u"1", true},
+      {"not by its end", {12, 15}, u"2", false},
+      {"nothing wanted", {12}, u"", true},
+      {"an empty piece is held by whoever holds anything", {12}, u"12,,", true},
+      {"pieces are not trimmed", {12, 15}, u"12, 15", false},
       {"no rights", {}, u"12", false},
       {"no rights, nothing wanted", {}, u"", false},
       {"a Null id holds only what everybody holds", {NullValue()}, u"1", false},
-  };
-  for (const auto& row : kRows) {
-    host_->On(kRights, Ids(row.held));
-    OperatorRight rights = Fresh();
-    EXPECT_EQ(rights.UserRight(row.wanted), row.expected) << row.name;
-    EXPECT_EQ(rights.UserRight(row.wanted), row.expected) << row.name;
   }
+      .Check([&](const std::vector<Value>& held, TextView wanted, bool expected) {
+        host_->On(kRights, Ids(held));
+        OperatorRight rights = Fresh();
+        EXPECT_EQ(rights.UserRight(wanted), expected);
+        EXPECT_EQ(rights.UserRight(wanted), expected);
+      });
 }
 
 TEST_F(OperatorRights, TwoStatementsAndThenNone) {
-  host_->On(kRights, Ids({std::int32_t{12}}));
+  host_->On(kRights, Ids({12}));
   OperatorRight rights = Fresh();
   EXPECT_TRUE(rights.UserRight(u"12"));
   EXPECT_EQ(host_->TakeSent(), (Sent{"static: " + ToUtf8(kProbe), ToUtf8(kRights)}));
@@ -101,7 +97,7 @@ TEST_F(OperatorRights, DatabasesWithoutAnOrganizationInTheAssignment) {
   for (const Answer& lacking : {Refused(), Throws()}) {
     session().ActivityCaches.reset();
     host_->On(kProbe, lacking);
-    host_->On(kOlderRights, Ids({std::int32_t{12}}));
+    host_->On(kOlderRights, Ids({12}));
     OperatorRight rights = Fresh();
     EXPECT_TRUE(rights.UserRight(u"12"));
     EXPECT_EQ(host_->TakeSent(), (Sent{"static: " + ToUtf8(kProbe), ToUtf8(kOlderRights)}));
@@ -109,13 +105,13 @@ TEST_F(OperatorRights, DatabasesWithoutAnOrganizationInTheAssignment) {
 }
 
 TEST_F(OperatorRights, RightsThatCannotBeReadCountAsReadAndNone) {
-  Answer lost = Ids({std::int32_t{12}, std::int32_t{15}});
+  Answer lost = Ids({12, 15});
   lost.throwAtRow = 1;
   for (const Answer& fault : {Refused(), Throws(), lost, Rows({u"x"}, {{u"12"}})}) {
     host_->On(kRights, fault);
     OperatorRight rights = Fresh();
     EXPECT_FALSE(rights.UserRight(u"12"));
-    host_->On(kRights, Ids({std::int32_t{12}}));
+    host_->On(kRights, Ids({12}));
     host_->TakeSent();
     EXPECT_FALSE(rights.UserRight(u"12"));
     EXPECT_FALSE(rights.UserRight(u""));
@@ -127,33 +123,24 @@ TEST_F(OperatorRights, RightsThatCannotBeReadCountAsReadAndNone) {
 }
 
 TEST_F(OperatorRights, AllCodesRights) {
-  const struct {
-    Answer answer;
-    bool expected;
-  } kRows[] = {
-      {All(std::int32_t{1}), true},
-      {All(u"1"), true},
-      {All(std::int32_t{0}), false},
-      {All(std::int32_t{2}), false},
-      {All(true), false},
-      {All(NullValue()), false},
-      {All(u"yes"), false},
-      {Refused(), false},
-      {Throws(), false},
-      {Rows({u"blnHaveRight"}, {}), false},
-  };
+  const std::pair<Answer, bool> kRows[] = {
+      {All(1), true},       {All(u"1"), true},
+      {All(0), false},      {All(2), false},
+      {All(true), false},   {All(NullValue()), false},
+      {All(u"yes"), false}, {Refused(), false},
+      {Throws(), false},    {Rows({u"blnHaveRight"}, {}), false}};
   const OperatorRight rights = Fresh();
-  for (const auto& row : kRows) {
-    host_->On(AllSql(u"blnAllDepartment"), row.answer);
-    host_->On(AllSql(u"blnAllDepartmentUse"), row.answer);
-    host_->On(AllSql(u"blnAllAccount"), row.answer);
+  const std::vector<Text> statements = {AllSql(u"blnAllDepartment"), AllSql(u"blnAllDepartmentUse"),
+                                        AllSql(u"blnAllAccount")};
+  for (const auto& [answer, expected] : kRows) {
+    for (const Text& sql : statements)
+      host_->On(sql, answer);
     for (int time = 0; time < 2; ++time) {
-      EXPECT_EQ(rights.HaveAllCodeQueryRight(u"Department"), row.expected);
-      EXPECT_EQ(rights.HaveAllCodeUseRight(u"Department"), row.expected);
-      EXPECT_EQ(rights.HaveAllAccountQueryRight(), row.expected);
+      EXPECT_EQ(rights.HaveAllCodeQueryRight(u"Department"), expected);
+      EXPECT_EQ(rights.HaveAllCodeUseRight(u"Department"), expected);
+      EXPECT_EQ(rights.HaveAllAccountQueryRight(), expected);
       EXPECT_EQ(host_->TakeSent(),
-                (Sent{ToUtf8(AllSql(u"blnAllDepartment")), ToUtf8(AllSql(u"blnAllDepartmentUse")),
-                      ToUtf8(AllSql(u"blnAllAccount"))}))
+                (Sent{ToUtf8(statements[0]), ToUtf8(statements[1]), ToUtf8(statements[2])}))
           << "nothing of this is kept";
     }
   }
@@ -178,13 +165,13 @@ TEST_F(OperatorRights, QueryConditions) {
   const Text lowerCase = u"lngclass" + restricted.substr(8);
 
   OperatorRight rights = Fresh();
-  host_->On(AllSql(u"blnAllClass1"), All(std::int32_t{0}));
-  host_->On(AllSql(u"blnAllDepartment"), All(std::int32_t{1}));
+  host_->On(AllSql(u"blnAllClass1"), All(0));
+  host_->On(AllSql(u"blnAllDepartment"), All(1));
   EXPECT_EQ(ToUtf8(rights.GetUserQueryRight(u"Class1")), ToUtf8(restricted));
   EXPECT_EQ(rights.GetUserQueryRight(u"Department"), u"");
   EXPECT_EQ(Cost(), 3u);
 
-  host_->On(AllSql(u"blnAllClass1"), All(std::int32_t{1}));
+  host_->On(AllSql(u"blnAllClass1"), All(1));
   EXPECT_EQ(rights.GetUserQueryRight(u"CLASS1"), restricted) << "kept, in any letter case";
   EXPECT_EQ(rights.GetUserQueryRight(u"Department"), u"");
   EXPECT_EQ(Cost(), 0u);
@@ -197,7 +184,7 @@ TEST_F(OperatorRights, QueryConditions) {
     rights.Clear();
     host_->On(AllSql(u"blnAllclass1"), fault);
     EXPECT_EQ(ToUtf8(rights.GetUserQueryRight(u"class1")), ToUtf8(lowerCase));
-    host_->On(AllSql(u"blnAllclass1"), All(std::int32_t{1}));
+    host_->On(AllSql(u"blnAllclass1"), All(1));
     EXPECT_EQ(rights.GetUserQueryRight(u"class1"), u"");
   }
 

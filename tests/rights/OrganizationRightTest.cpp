@@ -3,6 +3,7 @@
 #include "activity/SampleCalendar.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/model/Business.h"
+#include "support/Table.h"
 
 namespace fetchkit::test {
 namespace {
@@ -19,11 +20,8 @@ class OrganizationRights : public LoggedInTest {
     organization_->OrganizationID(20);
   }
 
-  static Answer Codes(std::vector<std::pair<int, int>> codes) {
-    Answer answer = Rows({u"lngKeyID", u"blnUse"}, {});
-    for (const auto& [id, use] : codes)
-      answer.rows.push_back({std::int32_t{id}, std::int32_t{use}});
-    return answer;
+  static Answer Codes(std::vector<std::vector<Value>> codes) {
+    return Rows({u"lngKeyID", u"blnUse"}, std::move(codes));
   }
 
   // Everything a new object says of the table, each twice.
@@ -52,20 +50,16 @@ TEST_F(OrganizationRights, AnswersOfOneStatement) {
   const std::string condition =
       "lngDepartmentID IN (SELECT lngKeyID FROM OrgCodeAllot WHERE lngOrganizationID = 20 AND "
       "Upper(strTableName) = 'DEPARTMENT' AND blnUse = 1)";
-  const struct {
-    const char* name;
-    Answer answer;
-    std::string expected;
-  } kRows[] = {
+  Table<Answer, std::string>{
       {"nothing allotted: everything", Codes({}), "all, 4, 12; ; 12,4,99,7; "},
       {"some", Codes({{7, 1}, {4, 1}, {12, 0}}), "not all, 4; 4,7; 4,7; " + condition},
       {"all of them only to be seen", Codes({{4, 0}}), "not all; 0; 0; " + condition},
-  };
-  for (const auto& row : kRows) {
-    host_->On(kAllotted, row.answer);
-    EXPECT_EQ(AllAnswers(), row.expected) << row.name;
-    EXPECT_EQ(host_->TakeSent(), std::vector{ToUtf8(kAllotted)}) << row.name;
   }
+      .Check([&](const Answer& answer, const std::string& expected) {
+        host_->On(kAllotted, answer);
+        EXPECT_EQ(AllAnswers(), expected);
+        EXPECT_EQ(host_->TakeSent(), std::vector{ToUtf8(kAllotted)});
+      });
 }
 
 TEST_F(OrganizationRights, ADatabaseThatDoesNotAnswerOpensNothing) {

@@ -1,11 +1,13 @@
 // A small account for start-up tests: the statements of a first login and their answers.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "fetchkit/session/Interface.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {
@@ -23,19 +25,41 @@ enum Statement {
   kHalf,
   kOperator,
   kCustomer,
-  kStatementCount
+  kStatementCount,
+  kFromHost = kStatementCount
 };
 
-// The eleven texts for organization 20, operator 3, customer 12 on 2004-03-17.
-const std::vector<Text>& FirstLoginStatements();
-
-// Their answers, all with rows.
-Answer GoodAnswer(Statement statement);
+// The eleven statements for organization 20, operator 3, customer 12 on 2004-03-17, and answers to
+// them, all with rows.
+const std::vector<std::pair<Text, Answer>>& FirstLogin();
 
 // A connection on which the whole first login succeeds.
 std::shared_ptr<FakeConnection> GoodHost();
 
-// What a host can see of the calling thread's session, as (name, value) pairs.
-std::vector<std::pair<std::string, std::string>> Snapshot();
+// What a login is seen through.
+struct Records {
+  fetchkit::Interface* Interface;
+  const fetchkit::Session* Session;
+  std::shared_ptr<fetchkit::Business> Business;
+  std::shared_ptr<fetchkit::Organization> Organization;
+  std::shared_ptr<fetchkit::Operator> Operator;
+  std::shared_ptr<fetchkit::CustomerSs> CustomerSs;
+};
+
+// A value that a host can see after a login.
+struct LoginValue {
+  const char* name;  // such as "Business.CurrencyID"
+  std::string (*read)(const Records& of);
+  const char* loggedIn;   // what it is after the first login on GoodHost
+  Statement from;         // where it comes from
+  const char* none = "";  // what it is when that statement yields nothing
+};
+
+// In the order in which start-up copies them, the session's copies behind what they are copies of.
+const std::vector<LoginValue>& LoginValues();
+
+// What a host can see of the calling thread's session, by name.
+using State = std::map<std::string, std::string>;
+State Snapshot();
 
 }  // namespace fetchkit::test
