@@ -17,4 +17,7 @@ class Utility : public StringHelpers,
                 public WindowServices,
                 public GridAndKeys {};
 
+// The same, under the name of the module.
+using MUtility = Utility;
+
 }  // namespace fetchkit
