@@ -18,7 +18,7 @@ struct Date {
   double serial = 0;
 
   friend bool operator==(const Date&, const Date&) = default;
-  friend auto operator<=>(const Date&, const Date&) = default;
+  friend auto operator<=>(const Date&, const Date&) = default;  // NOLINT(modernize-use-nullptr)
 };
 
 // The first and last day that a date can hold: 0100-01-01 and 9999-12-31.

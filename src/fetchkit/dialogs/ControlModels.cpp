@@ -71,7 +71,7 @@ void MSFlexGrid::FormatString(Text format) {
     columns_.push_back({Column().width, left});
     header.emplace_back(caption);
   }
-  cells_.assign(1, std::move(header));
+  cells_.assign(1, header);
   fixedRows_ = 1;
   row_ = -1;
   Changed();

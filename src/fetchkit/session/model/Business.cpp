@@ -56,11 +56,11 @@ void LoadBusiness(Session& session, fetchkit::Business& business, std::int32_t a
     business.AccountType(ToInteger(accountType));
     business.AccountServer(accountServer);
     business.AccountUserID(accountUserId);
-    const Text settings = Join(u"SELECT ", SelectedColumns(kSettings), u" FROM Business,Currencys ",
+    const Text settings = Join(u"SELECT ", SelectList(kSettings), u" FROM Business,Currencys ",
                                u"WHERE Business.lngCurrencyID = Currencys.lngCurrencyID(+)");
     if (!LoadFirstRow(session, settings, kSettings, business)) return;
     const Text names =
-        Join(u"SELECT ", SelectedColumns(kAccountNames), u" FROM System.GaBaseInfo ",
+        Join(u"SELECT ", SelectList(kAccountNames), u" FROM System.GaBaseInfo ",
              u"WHERE Upper(strUserName) = '", UpperAscii(business.AccountUserID()), u"'");
     LoadFirstRow(session, names, kAccountNames, business);
   });

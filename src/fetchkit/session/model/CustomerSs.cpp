@@ -30,7 +30,7 @@ void LoadCustomer(Session& session, CustomerSs& customer, std::int32_t accountTy
   if (!session.CustomerChanged || accountType < 6 || accountType > 8) return;
   Step(u"Initialize: service customer", [&] {
     const Text sql =
-        Join(u" SELECT ", SelectedColumns(kColumns),
+        Join(u" SELECT ", SelectList(kColumns),
              accountType == 8 ? u"  FROM McCustomer " : u"  FROM SSCustomer ",
              u" WHERE lngSSCustomerId = ", session.SSCustomerId, u" ORDER BY strSSCustomerCode");
     LoadFirstRow(session, sql, kColumns, customer);

@@ -40,14 +40,14 @@ std::shared_ptr<fetchkit::Operator> LoginOperator(Session& session) {
 void LoadOperator(Session& session, fetchkit::Operator& loginOperator) {
   if (!session.OperatorChanged) return;
   Step(u"Initialize: operator", [&] {
-    const Text sql = Join(u"SELECT ", SelectedColumns(kColumns),
-                          u" FROM Operator,OperatorGroup,OrgOperatorAllot ",
-                          u"WHERE Operator.blnIsInActive = 0 ",
-                          u"AND Operator.lngOperatorId = OrgOperatorAllot.lngOperatorId ",
-                          u"AND Operator.lngOperatorGroupId = OperatorGroup.lngOperatorGroupId ",
-                          u"AND OrgOperatorAllot.lngOrganizationId = ", session.LoginOrganizationId,
-                          u" ", u"AND Operator.lngOperatorId = ", session.LoginOperatorId, u" ",
-                          u"ORDER BY strOperatorCode");
+    const Text sql =
+        Join(u"SELECT ", SelectList(kColumns), u" FROM Operator,OperatorGroup,OrgOperatorAllot ",
+             u"WHERE Operator.blnIsInActive = 0 ",
+             u"AND Operator.lngOperatorId = OrgOperatorAllot.lngOperatorId ",
+             u"AND Operator.lngOperatorGroupId = OperatorGroup.lngOperatorGroupId ",
+             u"AND OrgOperatorAllot.lngOrganizationId = ", session.LoginOrganizationId, u" ",
+             u"AND Operator.lngOperatorId = ", session.LoginOperatorId, u" ",
+             u"ORDER BY strOperatorCode");
     LoadFirstRow(session, sql, kColumns, loginOperator);
   });
 }

@@ -71,9 +71,9 @@ class IdCollector {
 
 void LoadRow(Session& session, fetchkit::Organization& organization) {
   const Text sql =
-      Join(u"SELECT ", SelectedColumns(kColumns), u" FROM Organization ",
-           u"WHERE blnIsInActive = 0 ", u"AND blnIsInitialized = 1 ", u"AND lngOrganizationID = ",
-           session.LoginOrganizationId, u" ", u"ORDER BY strOrganizationCode");
+      Join(u"SELECT ", SelectList(kColumns), u" FROM Organization ", u"WHERE blnIsInActive = 0 ",
+           u"AND blnIsInitialized = 1 ", u"AND lngOrganizationID = ", session.LoginOrganizationId,
+           u" ", u"ORDER BY strOrganizationCode");
   LoadFirstRow(session, sql, kColumns, organization);
 }
 

@@ -19,13 +19,14 @@ struct RecordColumn {
 inline constexpr bool kSelectedLast = true;
 
 // The copy into a property through one of the conversions of Value.h or DateText.h.
-template <auto property, auto convert>
-inline constexpr auto Into =
-    [](auto& record, const Value& value) { (record.*property)(convert(value)); };
+template <auto property, auto convert, class Record>
+void Into(Record& record, const Value& value) {
+  (record.*property)(convert(value));
+}
 
 // The expressions with commas between them, as they follow "SELECT ".
 template <class Columns>
-Text SelectedColumns(const Columns& columns) {
+Text SelectList(const Columns& columns) {
   Text list;
   for (const bool last : {false, true}) {
     for (const auto& column : columns) {
