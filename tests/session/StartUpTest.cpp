@@ -100,12 +100,14 @@ TEST_F(StartUp, ReloadsOnlyWhatDiffers) {
   entry_.Initialize(host_);
   host_->TakeSent();
   const auto customer = entry_.CustomerSs();
+  const auto operatorRight = entry_.LoginOperatorRight();
   for (const Change& change : changes) {
     SCOPED_TRACE(change.name);
     change.apply(host_->login);
     entry_.Initialize(host_);
     EXPECT_EQ(host_->TakeSent(), change.sent);
     EXPECT_EQ(entry_.CustomerSs(), customer) << "one customer object serves the account";
+    EXPECT_EQ(entry_.LoginOperatorRight() == operatorRight, entry_.LoginOperatorId() == 3);
     EXPECT_EQ(customer->CustomerCode(), u"C12") << "an id without a row keeps the one before";
   }
   EXPECT_EQ(Snapshot(), kLoggedIn);
