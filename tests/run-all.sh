@@ -91,7 +91,7 @@ includes_point_down() {
 clang_finds_nothing() {
   git ls-files -co --exclude-standard -- 'src/*.cpp' | xargs ls -S |
     xargs -P "$(nproc)" -I FILE clang-tidy --quiet --warnings-as-errors='*' --checks='-clang-analyzer-*' \
-      FILE -- -std=c++20 -Isrc -Wall -Wextra -Wpedantic -Wconversion -Wshadow |&
+      FILE -- -std=c++20 -Isrc -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wreserved-identifier |&
     sed '/ warnings* generated\.$/d'
 }
 
