@@ -44,11 +44,11 @@ auto Argument(Raw raw) {
 }
 
 // Calls the core's member. Where that has a result, the last of the arguments is the place for it.
-template <class R, class... A, class Core, class Member, class... Raw>
-HRESULT ForwardAs(Core& core, Member member, Raw... raw) noexcept {
+template <class R, class... A, class Member, class... Raw>
+HRESULT ForwardTo(Member&& member, Raw... raw) noexcept {
   const std::tuple<Raw...> given(raw...);
   const auto call = [&]<std::size_t... I>(std::index_sequence<I...>) {
-    return std::invoke(member, core, Argument<A>(std::get<I>(given))...);
+    return member(Argument<A>(std::get<I>(given))...);
   };
   if constexpr (std::is_void_v<R>)
     return Run([&] { call(std::index_sequence_for<A...>()); });
@@ -58,11 +58,15 @@ HRESULT ForwardAs(Core& core, Member member, Raw... raw) noexcept {
 }
 template <class Core, class R, class... A, class... Raw>
 HRESULT Forward(Core& core, R (Core::*member)(A...), Raw... raw) noexcept {
-  return ForwardAs<R, A...>(core, member, raw...);
+  return ForwardTo<R, A...>(std::bind_front(member, &core), raw...);
 }
 template <class Core, class R, class... A, class... Raw>
 HRESULT Forward(Core& core, R (Core::*member)(A...) const, Raw... raw) noexcept {
-  return ForwardAs<R, A...>(core, member, raw...);
+  return ForwardTo<R, A...>(std::bind_front(member, &core), raw...);
+}
+template <class Core, class R, class... A, class... Raw>
+HRESULT Forward(Core&, R (*member)(A...), Raw... raw) noexcept {
+  return ForwardTo<R, A...>(member, raw...);
 }
 
 }  // namespace fetchkit

@@ -37,7 +37,11 @@ class UtilityObject : public ComObject<IUtility, IID_IUtility, fetchkit::Utility
   FETCHKIT_METHOD(FormatDateCond, 5)
   FETCHKIT_METHOD(FormatCond, 2)
   FETCHKIT_METHOD(FormatLink, 4)
-  FETCHKIT_METHOD(FormatString, 3)
+  // One of two in the core.
+  STDMETHODIMP FormatString(BSTR strFormatText, VARIANT arrValues, BSTR* result) noexcept override {
+    return Answer(result,
+                  [&] { return core().FormatString(ViewOf(strFormatText), ValueOf(arrValues)); });
+  }
   FETCHKIT_METHOD(CellNameToAbsolute, 2)
   FETCHKIT_METHOD(CellNameToRowCol, 4)
   FETCHKIT_METHOD(CellIsValid, 3)

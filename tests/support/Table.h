@@ -11,7 +11,7 @@ namespace fetchkit::test {
 
 // Rows of a name, which says what would be wrong, and cells. A failure in a row names the row.
 //
-//   Table<TextView, int>{{"an empty text has no units", u"", 0}, {"wide letters count one", u"部",
+//   Table<TextView, int>{{"an empty text has no units", u"", 0}, {"a wide letter is one", u"部",
 //   1}}
 //       .Check([](TextView text, int expected) { EXPECT_EQ(Units(text), expected); });
 template <class... Cells>
