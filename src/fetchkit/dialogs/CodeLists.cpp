@@ -54,6 +54,7 @@ bool ForEachRow(Session& session, TextView sql, Row&& row) {
       columns.push_back(rows->Column(name));
     for (; !rows->Eof(); rows->MoveNext()) {
       std::vector<Text> cells;
+      cells.reserve(columns.size());
       for (const std::size_t column : columns)
         cells.push_back(ToTextOrEmpty(rows->At(column)));
       row(cells);
