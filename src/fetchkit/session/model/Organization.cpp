@@ -59,10 +59,7 @@ class IdCollector {
   IdCollector(const IdCollector&) = delete;
   IdCollector& operator=(const IdCollector&) = delete;
 
-  void Add(std::int32_t id) {
-    if (!ids_.empty()) ids_.push_back(u',');
-    ids_.append(Piece(id).view());
-  }
+  void Add(std::int32_t id) { AppendWith(ids_, u',', Piece(id).view()); }
 
  private:
   Property<Text>& target_;

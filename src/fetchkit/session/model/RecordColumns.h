@@ -29,11 +29,8 @@ template <class Columns>
 Text SelectList(const Columns& columns) {
   Text list;
   for (const bool last : {false, true}) {
-    for (const auto& column : columns) {
-      if (column.selectedLast != last) continue;
-      if (!list.empty()) list.push_back(u',');
-      list.append(column.expression);
-    }
+    for (const auto& column : columns)
+      if (column.selectedLast == last) AppendWith(list, u',', column.expression);
   }
   return list;
 }
