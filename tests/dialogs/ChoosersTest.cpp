@@ -48,7 +48,7 @@ class Choosers : public testing::Test {
 };
 
 TEST_F(Choosers, ItemConditions) {
-  static const auto kRows = Lines(R"(
+  for (const auto& [name, type, chosen, items, acts, ok, ids, names] : Lines<8>(R"(
 ids count whole¦code¦1,12¦13¦ok¦true¦1,12¦n1 n12
 quotes are not part of a value¦ENUM¦'c3','c2'¦3¦ok¦true¦'c2','c3'¦c2,c3
 none of the picker's ids¦CODE¦77,¦3¦ok¦true¦¦
@@ -58,17 +58,16 @@ all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
 cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
 close box¦CODE¦2¦3¦close¦false¦¦
 nobody pressed anything¦CODE¦2¦3¦¦false¦¦
-another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)");
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row[0]);
-    Fill(std::stoi(row[3]), row[1] != "ENUM");
+another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)")) {
+    SCOPED_TRACE(name);
+    Fill(std::stoi(items), type != "ENUM");
     frmFilterColumn form(player_, owner_);
-    player_.chooser = row[4];
-    Text names = u"x", ids = u"x";
-    EXPECT_EQ(form.ShowFiltration(FromUtf8(row[1]), owner_.lxtOther, FromUtf8(row[2]), names, ids),
-              row[5] == "true");
-    EXPECT_EQ(ToUtf8(ids), row[6]);
-    EXPECT_EQ(ToUtf8(names), row[7]);
+    player_.chooser = acts;
+    Text shown = u"x", given = u"x";
+    EXPECT_EQ(form.ShowFiltration(FromUtf8(type), owner_.lxtOther, FromUtf8(chosen), shown, given),
+              ok == "true");
+    EXPECT_EQ(ToUtf8(given), ids);
+    EXPECT_EQ(ToUtf8(shown), names);
   }
 }
 
@@ -96,7 +95,7 @@ TEST_F(Choosers, MultiChoose) {
                                                    {u"销售部", std::int32_t{2}, u"02"},
                                                    {u"部", std::int32_t{3}, u"1"},
                                                    {NullValue(), std::int32_t{4}, u"09"}}));
-  static const auto kRows = Lines(R"(
+  for (const auto& [name, chosen, acts, ok, condition, shown] : Lines<6>(R"(
 names in the order of the columns¦¦all right; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')¦财务部 01,销售部 02,部 1,09
 a part of another item counts¦(部&门='销售部 1')¦ok¦true¦(部&门='部 1')¦部 1
 own order¦财务部 01 销售部 02¦up 销售部 02; right 09; up 09; up 09; down 09; ok¦true¦(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')¦销售部 02,09,财务部 01
@@ -104,24 +103,23 @@ at the ends nothing moves¦财务部 01 销售部 02¦up 财务部 01; down 销�
 nothing chosen¦销售部 02¦left 销售部 02; ok¦true¦¦
 all back¦销售部 02¦all left; ok¦true¦¦
 cancel¦销售部 02¦cancel¦false¦¦
-left open¦销售部 02¦all right¦false¦¦)");
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row[0]);
+left open¦销售部 02¦all right¦false¦¦)")) {
+    SCOPED_TRACE(name);
     frmMultiChoose form(player_);
     RecordsetPtr rows;
     ASSERT_TRUE(host_->OpenStaticRecordset(u"codes", rows, 3, 1, 1, 0));
-    player_.multi = row[2];
-    player_.onMulti = [](frmMultiChoose& shown) {
-      EXPECT_EQ(shown.Caption(), u"选择部&门");
-      EXPECT_EQ(shown.lblAll.Caption(), u"可选部&&门(&S)");
-      EXPECT_EQ(shown.lblSelected.Caption(), u"已选部&&门(&T)");
-      EXPECT_EQ(shown.cmdLeftAll.Enabled(), shown.lstSelected.ListCount() > 0);
+    player_.multi = acts;
+    player_.onMulti = [](frmMultiChoose& view) {
+      EXPECT_EQ(view.Caption(), u"选择部&门");
+      EXPECT_EQ(view.lblAll.Caption(), u"可选部&&门(&S)");
+      EXPECT_EQ(view.lblSelected.Caption(), u"已选部&&门(&T)");
+      EXPECT_EQ(view.cmdLeftAll.Enabled(), view.lstSelected.ListCount() > 0);
     };
-    const auto result = form.ShowMultiChoose({rows, u"部&门", FromUtf8(row[1]), false, Value(), 0});
+    const auto result = form.ShowMultiChoose({rows, u"部&门", FromUtf8(chosen), false, Value(), 0});
     host_->CloseRecordset(rows);
-    EXPECT_EQ(result.bOk, row[3] == "true");
-    EXPECT_EQ(ToUtf8(result.condition), row[4]);
-    EXPECT_EQ(ToUtf8(result.strShowCond), row[5]);
+    EXPECT_EQ(result.bOk, ok == "true");
+    EXPECT_EQ(ToUtf8(result.condition), condition);
+    EXPECT_EQ(ToUtf8(result.strShowCond), shown);
   }
   // Enumerations: index 0 is skipped, whatever the bounds; what is chosen already is not asked.
   for (const auto& [lower, expected] : {std::pair(0, "b,c"), {1, "a,b,c"}, {-1, "c"}}) {
@@ -162,23 +160,6 @@ left open¦销售部 02¦all right¦false¦¦)");
 
 // Rights are asked for the named table and no other; they answer "all codes".
 TEST_F(Choosers, CodeListStatements) {
-  static const auto kRows = Lines(R"(
-department¦Department¦SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC
-CUSTOMERTYPE¦CustomType¦SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC
-Class1¦Class1¦SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
-CLASS2¦Class2¦SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
-Functional¦Functional¦SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE blnIsInActive=0 AND strFunctionalCode<>' '  ORDER BY strFunctionalCode ASC
-GOVERNMENTECO¦GovernmentECO¦SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO WHERE blnIsInActive=0 AND strGovernmentECOCode<>' '  ORDER BY strGovernmentECOCode ASC
-DepartmentECO¦DepartmentECO¦SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO WHERE blnIsInActive=0 AND strDepartmentECOCode<>' '  ORDER BY strDepartmentECOCode ASC
-OPERATOR¦¦SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator Order By strOperatorCode
-ORGANIZATION¦¦ SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM Organization WHERE 1=1 AND (strOrganizationCode='01-02' OR strOrganizationCode like '01-02-%')  Order by Organization.strOrganizationCode 
-FBDUTYCENTER¦FBDutyCenter¦SELECT lngFBDutyCenterID,strFBDutyCenterCode,strFBDutyCenterName FROM FBDutyCenter WHERE blnIsInActive = 0 Order By strFBDutyCenterCode
-FBITEM¦FBItem¦SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 Order By strFBItemCode
-FBPERIOD¦¦SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0 Order By lngFBPeriodID
-RTSCHEME¦¦SELECT lngRTSchemeID,strRTSchemeCode,strRTSchemeName FROM RTScheme WHERE blnIsInActive = 0 Order By strRTSchemeCode
-RTPERIOD¦¦SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By lngRTPeriodID
-CURRENCYS¦¦SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0 Order By strCurrencyCode
-Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employee T1 WHERE T1.blnIsInActive = 0 ORDER BY strEmployeeCode)");
   EXPECT_EQ(
       CodeListStatementOf(session_, u"FBItem").sql,
       u"SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 And "
@@ -197,18 +178,33 @@ Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employe
     static const Answer none = Rows({u"lngKeyID", u"blnUse"}, {});
     return sql.find(u"blnAll") != TextView::npos ? &all : &none;
   };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row[2]);
-    EXPECT_EQ(ToUtf8(CodeListStatementOf(session_, FromUtf8(row[0])).sql), row[2]);
+  for (const auto& [keyword, table, statement] : Lines<3>(R"(
+department¦Department¦SELECT lngDepartmentID,strDepartmentCode,strDepartmentName From Department WHERE blnIsInActive=0 AND strDepartmentCode<>' '  ORDER BY strDepartmentCode ASC
+CUSTOMERTYPE¦CustomType¦SELECT lngCustomTypeID,strCustomTypeCode,strCustomTypeName From CustomType WHERE blnIsInActive=0 AND strCustomTypeCode<>' '  ORDER BY strCustomTypeCode ASC
+Class1¦Class1¦SELECT lngClassID,strClassCode,strClassName From Class1 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+CLASS2¦Class2¦SELECT lngClassID,strClassCode,strClassName From Class2 WHERE blnIsInActive=0 AND strClassCode<>' '  ORDER BY strClassCode ASC
+Functional¦Functional¦SELECT lngFunctionalID,strFunctionalCode,strFunctionalName From Functional WHERE blnIsInActive=0 AND strFunctionalCode<>' '  ORDER BY strFunctionalCode ASC
+GOVERNMENTECO¦GovernmentECO¦SELECT lngGovernmentECOID,strGovernmentECOCode,strGovernmentECOName From GovernmentECO WHERE blnIsInActive=0 AND strGovernmentECOCode<>' '  ORDER BY strGovernmentECOCode ASC
+DepartmentECO¦DepartmentECO¦SELECT lngDepartmentECOID,strDepartmentECOCode,strDepartmentECOName From DepartmentECO WHERE blnIsInActive=0 AND strDepartmentECOCode<>' '  ORDER BY strDepartmentECOCode ASC
+OPERATOR¦¦SELECT Distinct lngOperatorID,strOperatorCode,strOperatorName FROM Operator Order By strOperatorCode
+ORGANIZATION¦¦ SELECT lngOrganizationID,strOrganizationCode, strOrganizationName FROM Organization WHERE 1=1 AND (strOrganizationCode='01-02' OR strOrganizationCode like '01-02-%')  Order by Organization.strOrganizationCode 
+FBDUTYCENTER¦FBDutyCenter¦SELECT lngFBDutyCenterID,strFBDutyCenterCode,strFBDutyCenterName FROM FBDutyCenter WHERE blnIsInActive = 0 Order By strFBDutyCenterCode
+FBITEM¦FBItem¦SELECT lngFBItemID,strFBItemCode,strFBItemName FROM FBItem WHERE blnIsInActive = 0 Order By strFBItemCode
+FBPERIOD¦¦SELECT lngFBPeriodID,strFBPeriodName FROM FBPeriod WHERE blnIsInActive = 0 Order By lngFBPeriodID
+RTSCHEME¦¦SELECT lngRTSchemeID,strRTSchemeCode,strRTSchemeName FROM RTScheme WHERE blnIsInActive = 0 Order By strRTSchemeCode
+RTPERIOD¦¦SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By lngRTPeriodID
+CURRENCYS¦¦SELECT lngCurrencyID,strCurrencyCode,strCurrencyName FROM Currencys WHERE blnIsInActive = 0 Order By strCurrencyCode
+Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employee T1 WHERE T1.blnIsInActive = 0 ORDER BY strEmployeeCode)")) {
+    EXPECT_EQ(ToUtf8(CodeListStatementOf(session_, FromUtf8(keyword)).sql), statement);
     std::vector<std::string> asked;
-    if (!row[1].empty())
-      asked = {"SELECT blnAll" + row[1] +
+    if (!table.empty())
+      asked = {"SELECT blnAll" + table +
                    " As blnHaveRight FROM OperatorAllRight WHERE lngOperatorID = 3 AND "
                    "lngOrganizationID = 20",
                "SELECT lngKeyID,blnUse FROM OrgCodeAllot WHERE lngOrganizationID = 20 AND "
                "Upper(strTableName) = '" +
-                   ToUtf8(UpperAscii(FromUtf8(row[1]))) + "'"};
-    EXPECT_EQ(host_->TakeSent(), asked);
+                   ToUtf8(UpperAscii(FromUtf8(table))) + "'"};
+    EXPECT_EQ(host_->TakeSent(), asked) << keyword;
   }
   static constexpr std::pair<TextView, std::size_t> kAsThose[] = {
       {u"FBScheme FBType FBSystem FBTarget", 2u},
@@ -224,16 +220,15 @@ Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employe
 
   MAction::LoginOrganization(session_)->OrganizationID(20);
   MAction::LoginOrganization(session_)->NextLevelOrganizationId(u"21,22");
-  static const auto kValues = Lines(R"(
+  std::string names;
+  for (const auto& [caption, statement] : Lines<2>(R"(
 操作员¦SELECT distinct strOperatorName FROM Operator,OrgOperatorAllot Where OrgOperatorAllot.lngOperatorID = Operator.lngOperatorID And OrgOperatorAllot.lngOrganizationID IN (20,21,22) ORDER BY 1
 加工出库制单人¦=
 复核操作员¦=
 操作员编码¦SELECT distinct strOperatorCode FROM Operator ORDER BY 1
-科目类别¦SELECT distinct strAccountTypeName FROM AccountType order by 1)");
-  std::string names;
-  for (const auto& row : kValues) {
-    if (row[1] != "=") names = row[1];
-    EXPECT_EQ(ToUtf8(EnumListStatementOf(session_, FromUtf8(row[0]))), names);
+科目类别¦SELECT distinct strAccountTypeName FROM AccountType order by 1)")) {
+    if (statement != "=") names = statement;
+    EXPECT_EQ(ToUtf8(EnumListStatementOf(session_, FromUtf8(caption))), names);
   }
   MAction::Business(session_)->AccountType(16);
   EXPECT_EQ(EnumListStatementOf(session_, u"科目类型"),
@@ -273,15 +268,10 @@ TEST_F(Choosers, PickerFindsByTyping) {
   picker.SetList({u"", u"所有", u"", u"7", u"b2", u"Zeta", u"8", u"B1", u"张三", u"9", u"a",
                   u"alpha", u"incomplete"});
   ASSERT_EQ(picker.ListCount(), 4) << "an incomplete row is none";
-  for (const auto& [typed, row] : std::initializer_list<std::pair<TextView, int>>{{u"B", 2},
-                                                                                  {u"b2", 1},
-                                                                                  {u"A ALP", 3},
-                                                                                  {u"zE", 1},
-                                                                                  {u"张", 2},
-                                                                                  {u"所", 0},
-                                                                                  {u"b3", -1},
-                                                                                  {u"", -1},
-                                                                                  {u"7", -1}})
+  static constexpr std::pair<TextView, int> kTyped[] = {{u"B", 2},   {u"b2", 1}, {u"A ALP", 3},
+                                                        {u"zE", 1},  {u"张", 2}, {u"所", 0},
+                                                        {u"b3", -1}, {u"", -1},  {u"7", -1}};
+  for (const auto& [typed, row] : kTyped)
     EXPECT_EQ(picker.FindTyped(typed), row) << ToUtf8(typed);
   EXPECT_EQ(picker.Id(2), u"8");
   EXPECT_EQ(picker.RowText(2), u"B1 张三");

@@ -1,5 +1,6 @@
 #include "fetchkit/listset/model/ConditionText.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -10,6 +11,8 @@
 
 namespace fetchkit::test {
 namespace {
+
+using testing::ElementsAre;
 
 // What a database makes of a written value: quotes gone, doubled ones single, '' and ' ' as read
 // back through Null and the writer's blank.
@@ -69,7 +72,7 @@ ConditionContext Context() {
 // are written; shown form, machine form and SQL that are read back, "=" for a form that is the
 // same.
 TEST(ConditionText, RoundTripOfEveryKind) {
-  static const auto kRows = Lines(R"(
+  for (const auto& row : Lines<11>(R"(
 text equals¦STRING¦摘要¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦c = 'v'
 text equals on a code finds the codes below¦STRING¦科目编码¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦(c = 'v' or c LIKE 'v-%')
 a class goes by its own caption¦STRING¦车间编号¦¦等于 v¦v¦¦strStringOp=1, strString1='v'¦=¦=¦(c = 'v' or c LIKE 'v-%')
@@ -104,8 +107,7 @@ a list that holds its own mark is taken as it is¦ENUM¦状态¦¦已审¦0,0,3�
 flags of the auxiliary accounting¦ENUM¦辅助核算¦¦单位,部门¦1,'单位','部门'¦¦strString1='单位,部门', strString2='''单位'',''部门'''¦=¦=¦(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )
 a value without a flag¦ENUM¦辅助核算¦¦其它¦0,'其它'¦¦strString1='其它', strString2='''其它'''¦=¦=¦ 1>2 
 unknown type¦BLOB¦其它¦¦等于 v¦v¦¦¦=¦=¦
-unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)");
-  for (const auto& row : kRows) {
+unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)")) {
     SCOPED_TRACE(row[0]);
     ListFieldType field;
     field.strFieldName = u"c";
@@ -126,33 +128,31 @@ unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)")
 
 // The operator word as it is stored, filtered by and shown again.
 TEST(ConditionText, ThreeRulesForTheWord) {
-  static const auto kRows = Lines(R"(
+  for (const auto& [shown, stored, filteredBy, shownAgain] : Lines<4>(R"(
 等于 a b¦等于¦等于¦等于
  大于 5 ¦大于¦¦
 零或空值¦零或空值¦零或空值¦零或空值
 空值 ¦空值¦空值¦空值
 等于 空值 x¦等于 空值 x¦等于¦等于
-等于¦等于¦¦等于)");
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row[0]);
-    const Text text = FromUtf8(row[0]);
-    EXPECT_EQ(ToUtf8(WordToStore(text)), row[1]);
-    EXPECT_EQ(ToUtf8(WordToFilterBy(text)), row[2]);
-    EXPECT_EQ(ToUtf8(WordToShow(text)), row[3]);
+等于¦等于¦¦等于)")) {
+    SCOPED_TRACE(shown);
+    const Text text = FromUtf8(shown);
+    EXPECT_EQ(ToUtf8(WordToStore(text)), stored);
+    EXPECT_EQ(ToUtf8(WordToFilterBy(text)), filteredBy);
+    EXPECT_EQ(ToUtf8(WordToShow(text)), shownAgain);
   }
 }
 
 TEST(ConditionText, CodesAndMachineForms) {
-  static const auto kRows = Lines(R"(
+  for (const auto& [word, code] : Lines<2>(R"(
 介于¦6
 零或空值¦7
 空值¦11
 本月下旬¦22
 去年同期¦
 等于 ¦
-¦)");
-  for (const auto& row : kRows)
-    EXPECT_EQ(ToUtf8(CondStrToNum(FromUtf8(row[0]))), row[1]) << row[0] << ": compared whole";
+¦)"))
+    EXPECT_EQ(ToUtf8(CondStrToNum(FromUtf8(word))), code) << word << ": compared whole";
   EXPECT_EQ(SecondValueOf(u"a,b,c"), u"b,c");
   EXPECT_EQ(SecondValueOf(u"a"), u"");
   EXPECT_EQ(ConditionRowText(u"大于", u"5"), u"大于 5");
@@ -168,22 +168,18 @@ Text Ids(int count) {
   return ids;
 }
 
-// Sizes of the IN lists in the text.
-std::vector<int> ChunkSizes(const Text& sql) {
-  std::vector<int> sizes;
-  for (const TextView chunk : Split(sql, u" or "))
-    sizes.push_back(static_cast<int>(Split(chunk, u",").size()));
-  return sizes;
-}
-
 TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
   const auto sizes = [](int count) {
-    return ChunkSizes(CodeCondition(u"T", u"X", Ids(count), u"X"));
+    std::vector<std::size_t> ids;
+    const Text sql = CodeCondition(u"T", u"X", Ids(count), u"X");
+    for (const TextView chunk : Split(sql, u" or "))
+      ids.push_back(Split(chunk, u",").size());
+    return ids;
   };
-  EXPECT_EQ(sizes(1001), (std::vector{1001}));
-  EXPECT_EQ(sizes(1002), (std::vector{800, 202}));
-  EXPECT_EQ(sizes(1601), (std::vector{800, 801})) << "no id is lost";
-  EXPECT_EQ(sizes(2400), (std::vector{800, 800, 800}));
+  EXPECT_THAT(sizes(1001), ElementsAre(1001));
+  EXPECT_THAT(sizes(1002), ElementsAre(800, 202));
+  EXPECT_THAT(sizes(1601), ElementsAre(800, 801)) << "no id is lost";
+  EXPECT_THAT(sizes(2400), ElementsAre(800, 800, 800));
   const Text sql = CodeCondition(u"T", u"X", Ids(1002), u"X");
   EXPECT_EQ(sql.substr(0, 19), u"T.lngXID IN (1,2,3,");
   EXPECT_EQ(sql.substr(sql.size() - 10), u"1001,1002)");
@@ -194,7 +190,7 @@ TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
 
 TEST(CodeConditions, SpecialTables) {
   // The condition is "-" for plain ids.
-  static const auto kRows = Lines(R"(
+  for (const auto& [table, ids, expected] : Lines<3>(R"(
 Account¦一级科目¦T.intLevel=1
 ACCOUNT¦3,4¦-
 CUSTOMER¦客户¦T.strCategory='2'
@@ -204,10 +200,9 @@ CURRENCYS¦1,2¦T.lngCurrencyID IN(1,2)
 CURRENCYS¦RMB,USD¦c in ('RMB','USD')
 CURRENCYS¦本位币¦T.lngCurrencyID IN(7)
 OPERATOR¦'空值'¦T.lngOperatorID IS NULL
-DEPARTMENT¦现金¦-)");
-  for (const auto& row : kRows) {
-    const auto sql = FixedCodeCondition(u"T", u"c", FromUtf8(row[0]), FromUtf8(row[1]), 7);
-    EXPECT_EQ(ToUtf8(sql.value_or(u"-")), row[2]) << row[0] << " " << row[1];
+DEPARTMENT¦现金¦-)")) {
+    const auto sql = FixedCodeCondition(u"T", u"c", FromUtf8(table), FromUtf8(ids), 7);
+    EXPECT_EQ(ToUtf8(sql.value_or(u"-")), expected) << table << " " << ids;
   }
   EXPECT_EQ(CodeCondition(u"T", u"AssetType", u"5-1", u"AssetType"),
             u"T.lngAssetTypeID = 5 And T.lngAssetKindID=1");

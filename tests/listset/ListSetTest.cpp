@@ -54,16 +54,9 @@ const Text kClass1Statement =
 const Text kClass2Statement =
     u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1";
 
-// A row of the field statement by the few columns that a test speaks of; the rest is 0, empty or
-// Null as in a view field without a list row.
-struct FieldRow {
-  std::int32_t id = 0;
-  const char16_t* caption = u"";
-  const char16_t* type = u"STRING";
-  std::vector<std::pair<const char16_t*, Value>> others = {};
-};
-
-Answer FieldRows(const std::vector<FieldRow>& rows) {
+// Rows of the field statement by id, caption, type, and name and value of the few other columns
+// that a test speaks of; the rest is Null as in a view field without a list row.
+Answer FieldRows(const std::vector<std::vector<Value>>& rows) {
   static const Text kColumns =
       u"lngViewFieldID strViewFieldDesc strFieldType lngListFieldID strBiaTableName "
       u"lngListFieldNO1 lngViewFieldNO bytHead bytFieldSize blnIsMust blnIsPrep strKeyField "
@@ -73,14 +66,13 @@ Answer FieldRows(const std::vector<FieldRow>& rows) {
       u"Strdoubleop Dbldouble1 Dbldouble2 Blnismulicond Blnboolean Strcodeid Strkeyname";
   const auto names = Split(kColumns, u" ");
   Answer answer{Answer::Kind::Rows, {names.begin(), names.end()}, {}};
-  for (const FieldRow& row : rows) {
-    auto& values = answer.rows.emplace_back(names.size(), kNull);
-    values[0] = row.id;
-    values[1] = row.caption;
-    values[2] = row.type;
-    for (const auto& [name, value] : row.others)
-      values.at(static_cast<std::size_t>(std::find(names.begin(), names.end(), name) -
-                                         names.begin())) = value;
+  for (const std::vector<Value>& row : rows) {
+    auto& values = answer.rows.emplace_back(row.begin(), row.begin() + 3);
+    values.resize(names.size(), kNull);
+    for (std::size_t i = 3; i < row.size(); i += 2) {
+      const auto name = std::find(names.begin(), names.end(), ToText(row[i]));
+      values.at(static_cast<std::size_t>(name - names.begin())) = row[i + 1];
+    }
   }
   return answer;
 }
@@ -141,6 +133,13 @@ TEST_F(Lists, ViewWithoutConditionsCostsThreeStatements) {
   EXPECT_EQ(set_.ListWhere(), u"V.blnPosted=1 And OrganizationAux.lngOrganizationID= 20");
   EXPECT_EQ(set_.ListPureWhere(), u"");
   EXPECT_EQ(set_.GetListSelect(), u"");
+
+  host_->On(kViewStatement, Rows({u"strViewName"}, {}));
+  host_->On(kListStatement, Rows({u"lngListID"}, {}));
+  set_.ViewId(5);
+  EXPECT_EQ(set_.ListWhere(), u"V.blnPosted=1 And OrganizationAux.lngOrganizationID= 20")
+      << "an unknown view keeps the texts and is not restricted again";
+  EXPECT_EQ(set_.List().lngListID, 0);
 }
 
 TEST_F(Lists, SummaryOrganizationsSeeTheirBranch) {
@@ -151,34 +150,14 @@ TEST_F(Lists, SummaryOrganizationsSeeTheirBranch) {
             u"OrganizationAux.strOrganizationCode like '01-02-%')");
 }
 
-TEST_F(Lists, UnknownViewKeepsTheTextsAndIsNotRestrictedAgain) {
-  set_.ViewId(5);
-  host_->On(kViewStatement, Rows({u"strViewName"}, {}));
-  host_->On(kListStatement, Rows({u"lngListID"}, {}));
-  set_.ViewId(5);
-  EXPECT_EQ(set_.ListWhere(), u"V.blnPosted=1 And OrganizationAux.lngOrganizationID= 20");
-  EXPECT_EQ(set_.List().lngListID, 0);
-}
-
 TEST_F(Lists, FieldsTakeTheViewsCaptionAndTheListsSettings) {
   host_->On(
       kFieldStatement,
-      FieldRows({{1,
-                  u"凭证号",
-                  u"LONG",
-                  {{u"strFieldName", u"V.lngNo"},
-                   {u"blnIsFixed", std::int32_t{1}},
-                   {u"blnIsChoosed1", std::int32_t{2}},
-                   {u"lngListFieldID", std::int32_t{700}},
-                   {u"lngListFieldNO1", std::int32_t{4}},
-                   {u"lngdisplaywidth", 1200.0},
-                   {u"bytSort1", std::int32_t{2}},
-                   {u"blnIsMust", true}}},
-                 {2, u"摘要", u"STRING", {{u"strFieldName", u"V.strMemo"}}},
-                 {3,
-                  u"金额",
-                  u"DOUBLE",
-                  {{u"strFieldName", u"V.dblAmount"}, {u"blnIsChoosed1", std::int32_t{1}}}}}));
+      FieldRows({{1, u"凭证号", u"LONG", u"strFieldName", u"V.lngNo", u"blnIsFixed", 1,
+                  u"blnIsChoosed1", 2, u"lngListFieldID", 700, u"lngListFieldNO1", 4,
+                  u"lngdisplaywidth", 1200.0, u"bytSort1", 2, u"blnIsMust", true},
+                 {2, u"摘要", u"STRING", u"strFieldName", u"V.strMemo"},
+                 {3, u"金额", u"DOUBLE", u"strFieldName", u"V.dblAmount", u"blnIsChoosed1", 1}}));
   set_.ViewId(5);
   EXPECT_EQ(Sent().size(), 3u);
   const ListType list = set_.List();
@@ -201,22 +180,13 @@ TEST_F(Lists, FieldsTakeTheViewsCaptionAndTheListsSettings) {
 }
 
 TEST_F(Lists, ConditionsOfRepeatedRowsAreRestoredOnceAndJoined) {
-  const std::pair<const char16_t*, Value> path = {u"Strpath", u"部门"};
-  const FieldRow department = {1,
-                               u"部门",
-                               u"CODE",
-                               {path,
-                                {u"strTableName", u"T"},
-                                {u"strKeyField", u"DEPARTMENT"},
-                                {u"Blnismulicond", std::int32_t{1}},
-                                {u"Strcodeid", u"12"}}};
-  const FieldRow amount = {2,
-                           u"金额",
-                           u"DOUBLE",
-                           {{u"Strpath", u"金额"},
-                            {u"strFieldName", u"c"},
-                            {u"Strdoubleop", std::int32_t{2}},
-                            {u"Dbldouble1", 1e15}}};
+  const std::vector<Value> department = {
+      1,    u"部门",        u"CODE",       u"Strpath",       u"部门", u"strTableName",
+      u"T", u"strKeyField", u"DEPARTMENT", u"Blnismulicond", 1,       u"Strcodeid",
+      u"12"};
+  const std::vector<Value> amount = {2,       u"金额",         u"DOUBLE", u"Strpath",
+                                     u"金额", u"strFieldName", u"c",      u"Strdoubleop",
+                                     2,       u"Dbldouble1",   1e15};
   host_->On(kFieldStatement, FieldRows({department, amount, department}));
   host_->On(kCodesStatement,
             Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
@@ -236,8 +206,9 @@ TEST_F(Lists, ConditionsOfRepeatedRowsAreRestoredOnceAndJoined) {
 TEST_F(Lists, FailingStatementsOfLoading) {
   const Answer good[] = {Rows({u"strViewName", u"strViewSQL", u"strCurTable", u"StrViewWhere"},
                               {{u"凭证", u"Voucher", u"Voucher", u"1=1"}}),
-                         Rows({u"lngListID"}, {{std::int32_t{70}}}), FieldRows({{1, u"a"}})};
-  Answer breaking = FieldRows({{1, u"a"}, {2, u"b"}, {3, u"c"}});
+                         Rows({u"lngListID"}, {{std::int32_t{70}}}),
+                         FieldRows({{1, u"a", u"STRING"}})};
+  Answer breaking = FieldRows({{1, u"a", u"STRING"}, {2, u"b", u"STRING"}, {3, u"c", u"STRING"}});
   breaking.throwAtRow = 1;
   Answer lacking = good[2];
   lacking.columns.back() = u"other";
@@ -291,64 +262,41 @@ TEST_F(Lists, ConditionsAreWrittenInOneBlock) {
                     Field(u"PERIOD", u"日期", u"本月", u"2004-03-01,2004-03-31"),
                     Field(u"ENUM", u"状态", u"已审", u"0,'3'")};
   set_.List(list);
-  const std::string block =
-      "Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = 70;\n"
-      " Delete  FROM ListMultiIDCond WHERE lngListID = 70;\n"
-      "Insert into ListCond "
-      "(lngListId,lngViewFieldID,strPath,strOthTableName,strStringOp,strString1) Values "
-      "(70,11,'摘要',' ',7,'x');\n"
-      "Insert into ListCond "
-      "(lngListId,lngViewFieldID,strPath,strOthTableName,strDoubleOP,dbldouble1,dbldouble2) Values "
-      "(70,11,'金额',' ',6,5,9);\n"
-      "Insert into ListCond "
-      "(lngListId,lngViewFieldID,strPath,strOthTableName,blnHavefathernode,blnIsMuliCond) Values "
-      "(70,11,'部门/全部',' ',1,0);\n"
-      "Insert into listMultiIDCond (lngListID,strPath,strCodeID,strKeyName,bLNISCODETYPE) Values "
-      "(70,'部门/全部',' ','财务部',0);\n"
-      "Insert into ListCond "
-      "(lngListId,lngViewFieldID,strPath,strOthTableName,strDateOp,dtmDate1,dtmDate2) Values "
-      "(70,11,'日期',' ','6','2004-03-01','2004-03-31');\n"
-      "Insert into ListCond "
-      "(lngListId,lngViewFieldID,strPath,strOthTableName,strString1,strString2) Values "
-      "(70,11,'状态',' ','已审','''3''');\n"
-      "End;";
   host_->fallback = Done;
   set_.SaveList();
   EXPECT_THAT(host_->TakeSent(),
               ElementsAre("execute: UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =70",
-                          "execute: " + block));
+                          R"(execute: Begin 
+ Delete  FROM ListCond WHERE ListCond.lngListID = 70;
+ Delete  FROM ListMultiIDCond WHERE lngListID = 70;
+Insert into ListCond (lngListId,lngViewFieldID,strPath,strOthTableName,strStringOp,strString1) Values (70,11,'摘要',' ',7,'x');
+Insert into ListCond (lngListId,lngViewFieldID,strPath,strOthTableName,strDoubleOP,dbldouble1,dbldouble2) Values (70,11,'金额',' ',6,5,9);
+Insert into ListCond (lngListId,lngViewFieldID,strPath,strOthTableName,blnHavefathernode,blnIsMuliCond) Values (70,11,'部门/全部',' ',1,0);
+Insert into listMultiIDCond (lngListID,strPath,strCodeID,strKeyName,bLNISCODETYPE) Values (70,'部门/全部',' ','财务部',0);
+Insert into ListCond (lngListId,lngViewFieldID,strPath,strOthTableName,strDateOp,dtmDate1,dtmDate2) Values (70,11,'日期',' ','6','2004-03-01','2004-03-31');
+Insert into ListCond (lngListId,lngViewFieldID,strPath,strOthTableName,strString1,strString2) Values (70,11,'状态',' ','已审','''3''');
+End;)"));
 }
 
 // A new list of two saved fields and one that is not, each statement failing in turn. A statement
 // stands for itself by its letter.
 TEST_F(Lists, NewListAndItsFailures) {
-  const std::string update = "Update ListField Set lngListFieldNO=";
-  const std::string nothing = "0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1";
-  const auto block = [](const std::string& id) {
-    return "Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = " + id +
-           ";\n Delete  FROM ListMultiIDCond WHERE lngListID = " + id + ";\nEnd;";
-  };
-  const std::map<char, std::string> statements = {
-      {'i', "SELECT List_SEQ.NEXTVAL As lngId FROM DUAL"},
-      {'L',
-       "Insert Into List "
-       "(lngViewID,strOtherKey,strListName,lngOperatorID,lngListID,lngOrganizationID) Values "
-       "(5,' ','凭证',3,71,20)"},
-      {'f', "SELECT ListField_SEQ.NEXTVAL As lngId FROM DUAL"},
-      {'A',
-       "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,"
-       "lngListFieldID) Values (71,'a',0,1,701)"},
-      {'C',
-       "Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,"
-       "lngListFieldID) Values (71,'c',0,3,701)"},
-      {'u', "UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =71"},
-      {'a', update + "4,strListFieldDesc='a',lngDisplayWidth=100,bytSort=1,blnIsChoosed=1 Where "
-                     "lngListFieldID=701"},
-      {'c', update + nothing + " Where lngListFieldID=701"},
-      {'0', update + nothing + " Where lngListFieldID=0"},
-      {'B', block("71")},
-      {'b', block("0")},
-  };
+  std::map<char, std::string> statements;
+  for (const auto& [letter, statement] : Lines<2>(R"(
+i¦SELECT List_SEQ.NEXTVAL As lngId FROM DUAL
+L¦Insert Into List (lngViewID,strOtherKey,strListName,lngOperatorID,lngListID,lngOrganizationID) Values (5,' ','凭证',3,71,20)
+f¦SELECT ListField_SEQ.NEXTVAL As lngId FROM DUAL
+A¦Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,lngListFieldID) Values (71,'a',0,11,701)
+C¦Insert Into Listfield (lngListID,strListFieldDesc,bytsort,lngViewFieldID,lngListFieldID) Values (71,'c',0,11,701)
+u¦UPDATE ListField Set blnIsChoosed=0 WHERE lngListID =71
+a¦Update ListField Set lngListFieldNO=4,strListFieldDesc='a',lngDisplayWidth=100,bytSort=1,blnIsChoosed=1 Where lngListFieldID=701
+c¦Update ListField Set lngListFieldNO=0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1 Where lngListFieldID=701
+0¦Update ListField Set lngListFieldNO=0,strListFieldDesc='c',lngDisplayWidth=0,bytSort=0,blnIsChoosed=1 Where lngListFieldID=0)"))
+    statements[letter.front()] = statement;
+  for (const auto& [letter, id] : {std::pair('B', "71"), {'b', "0"}})
+    statements[letter] = std::string("Begin \n Delete  FROM ListCond WHERE ListCond.lngListID = ") +
+                         id + ";\n Delete  FROM ListMultiIDCond WHERE lngListID = " + id +
+                         ";\nEnd;";
   // What fails, what is sent then, and the list's id.
   Table<char, std::string, std::string, std::int32_t>{
       {"nothing", 'x', "iLfAfCuacB", "iLfAfCuacB", 71},
@@ -364,15 +312,11 @@ TEST_F(Lists, NewListAndItsFailures) {
           ListType list;
           list.lngViewID = 5;
           list.strListName = u"凭证";
-          list.ListField.resize(3);
+          list.ListField = {Field(u"", u"a", u"", u""), {}, Field(u"", u"c", u"", u"")};
           list.ListField[0].blnIsChoose = list.ListField[2].blnIsMust = true;
-          list.ListField[0].lngViewFieldID = 1;
-          list.ListField[0].strListFieldDesc = u"a";
           list.ListField[0].lngListFieldNO = 4;
           list.ListField[0].lngDisplayWidth = 100;
           list.ListField[0].bytSort = 1;
-          list.ListField[2].lngViewFieldID = 3;
-          list.ListField[2].strListFieldDesc = u"c";
           set_.List(list);
           auto host = std::make_shared<FakeConnection>();
           MAction::CurrentSession().Connection = host;
@@ -394,33 +338,21 @@ TEST_F(Lists, NewListAndItsFailures) {
       });
 }
 
-TEST_F(Lists, CopiesAreDeep) {
-  ListType mine;
-  mine.ListField.resize(1);
-  set_.List(mine);
-  mine.ListField[0].strFilter = u"changed";
-  ListType theirs = set_.List();
-  theirs.ListField[0].strFilter = u"changed too";
-  EXPECT_EQ(set_.List().ListField[0].strFilter, u"");
-}
-
 TEST_F(Lists, FindAllKeyId) {
-  static const auto kRows = Lines(R"(
+  for (const auto& [keyword, statement] : Lines<2>(R"(
 class1¦SELECT strCLASSCode  as a1,lngCLASSID as b1 FROM class1 WHERE ( strCLASSCode LIKE '01-%' OR (strCLASSCode LIKE '02-%'))
 FLEXIBLEFIELD30¦SELECT strFieldCode  as a1, lngFieldID as b1 FROM FLEXIBLEFIELD30 WHERE ( strFieldCode LIKE '01-%' OR (strFieldCode LIKE '02-%'))
 Area¦SELECT strAREACode  as a1, lngAREAID as b1 FROM AREA WHERE  ( strAREACode LIKE '01-%' OR (strAREACode LIKE '02-%'))
-Department¦SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTMENT WHERE ( strDEPARTMENTCode LIKE '01-%' OR (strDEPARTMENTCode LIKE '02-%')))");
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row[0]);
-    const Text keyword = FromUtf8(row[0]);
-    host_->On(FromUtf8(row[1]), Rows({u"a1", u"b1"}, {{u"01-1 ", std::int32_t{5}},
-                                                      {u"02-1-3", std::int32_t{6}},
-                                                      {u"01", std::int32_t{1}},
-                                                      {u"010-1", std::int32_t{9}}}));
-    EXPECT_EQ(set_.FindAllKeyID(keyword, u" 01 02 "), u"5,6");
-    EXPECT_THAT(Sent(), ElementsAre(row[1]));
-    host_->On(FromUtf8(row[1]), Throws());
-    EXPECT_EQ(set_.FindAllKeyID(keyword, u"01 02"), u"");
+Department¦SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTMENT WHERE ( strDEPARTMENTCode LIKE '01-%' OR (strDEPARTMENTCode LIKE '02-%')))")) {
+    SCOPED_TRACE(keyword);
+    host_->On(FromUtf8(statement), Rows({u"a1", u"b1"}, {{u"01-1 ", std::int32_t{5}},
+                                                         {u"02-1-3", std::int32_t{6}},
+                                                         {u"01", std::int32_t{1}},
+                                                         {u"010-1", std::int32_t{9}}}));
+    EXPECT_EQ(set_.FindAllKeyID(FromUtf8(keyword), u" 01 02 "), u"5,6");
+    EXPECT_THAT(Sent(), ElementsAre(statement));
+    host_->On(FromUtf8(statement), Throws());
+    EXPECT_EQ(set_.FindAllKeyID(FromUtf8(keyword), u"01 02"), u"");
     Sent();
   }
   host_->fallback = [](TextView) {
