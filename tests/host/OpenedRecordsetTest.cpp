@@ -6,7 +6,6 @@
 
 #include "fetchkit/base/Guard.h"
 #include "support/FakeConnection.h"
-#include "support/FaultyConnection.h"
 
 namespace fetchkit::test {
 namespace {
@@ -54,17 +53,19 @@ TEST_F(OpenedRecordsets, RefusedStatementsAreToldAndNotClosed) {
 }
 
 TEST_F(OpenedRecordsets, HostThatAnswersTrueWithoutRows) {
-  const auto host = std::make_shared<FaultyConnection>(host_, Fault::NotWritten);
-  EXPECT_THROW(OpenedRecordset(host, kSql, Cursor::Plain), Error);
+  host_->On(Text(kSql), {Answer::Kind::NoRecordset});
+  EXPECT_THROW(OpenedRecordset(host_, kSql, Cursor::Plain), Error);
   EXPECT_THROW(OpenedRecordset(nullptr, kSql, Cursor::Plain), Error);
 }
 
 TEST_F(OpenedRecordsets, ErrorOfClosingIsRaisedByCloseAndNotedOtherwise) {
-  const auto host = [&] { return std::make_shared<FaultyConnection>(host_, Fault::CloseThrows); };
-  { OpenedRecordset rows(host(), kSql, Cursor::Plain); }
+  Answer answer = Rows({u"A"}, {});
+  answer.closeThrows = true;
+  host_->On(Text(kSql), answer);
+  { OpenedRecordset rows(host_, kSql, Cursor::Plain); }
   ASSERT_EQ(sink_.failures.size(), 1u);
   EXPECT_EQ(sink_.failures[0].description, u"close failed");
-  OpenedRecordset rows(host(), kSql, Cursor::Plain);
+  OpenedRecordset rows(host_, kSql, Cursor::Plain);
   EXPECT_THROW(rows.Close(), std::runtime_error);
 }
 

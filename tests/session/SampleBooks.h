@@ -30,26 +30,17 @@ enum Statement {
 };
 
 // The eleven statements for organization 20, operator 3, customer 12 on 2004-03-17, and answers to
-// them, all with rows.
+// them, all with rows. They are kept in FirstLogin.txt: below a statement its rows, "column=value"
+// between "¦", with a "'" in front of texts.
 const std::vector<std::pair<Text, Answer>>& FirstLogin();
 
 // A connection on which the whole first login succeeds.
 std::shared_ptr<FakeConnection> GoodHost();
 
-// What a login is seen through.
-struct Records {
-  fetchkit::Interface* Interface;
-  const fetchkit::Session* Session;
-  std::shared_ptr<fetchkit::Business> Business;
-  std::shared_ptr<fetchkit::Organization> Organization;
-  std::shared_ptr<fetchkit::Operator> Operator;
-  std::shared_ptr<fetchkit::CustomerSs> CustomerSs;
-};
-
 // A value that a host can see after a login.
 struct LoginValue {
-  const char* name;  // such as "Business.CurrencyID"
-  std::string (*read)(const Records& of);
+  const char* name;  // such as "Business.CurrencyID", or "AccountKey" of the session itself
+  std::string (*read)(Interface& of);
   const char* loggedIn;   // what it is after the first login on GoodHost
   Statement from;         // where it comes from
   const char* none = "";  // what it is when that statement yields nothing

@@ -7,7 +7,6 @@
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/Interface.h"
 #include "session/SampleBooks.h"
-#include "support/FaultyConnection.h"
 #include "support/Table.h"
 
 namespace fetchkit::test {
@@ -66,11 +65,11 @@ TEST_F(StartUp, UnchangedLoginSendsNothingAndRefreshesTheCopies) {
   entry_.Initialize(host_);
   EXPECT_EQ(host_->TakeSent(), std::vector<std::string>());
   EXPECT_EQ(Snapshot(), kLoggedIn + State({{"Interface.LoginDate", "2004-04-01"},
-                                           {"Organization.ThisPeriod", "11"},
+                                           {"LoginOrganization.ThisPeriod", "11"},
                                            {"OrganizationThisPeriod", "11"},
                                            {"Business.GroupDBType", "0"},
-                                           {"Organization.GroupDBType", "0"},
-                                           {"Organization.OrganizationProperty", "1"}}));
+                                           {"LoginOrganization.GroupDBType", "0"},
+                                           {"LoginOrganization.OrganizationProperty", "1"}}));
 }
 
 TEST_F(StartUp, ReloadsOnlyWhatDiffers) {
@@ -206,14 +205,6 @@ TEST_F(StartUp, CustomerNumberIsComparedAsReadAndRoundedWhenStored) {
       });
 }
 
-// What a statement is missing for when it goes wrong.
-struct FaultyStatement {
-  Statement statement;
-  Statement next;  // the first one that is sent nevertheless when an error stops the loader
-  const char16_t* column;
-  const char* firstLost;  // the value of that column, behind which the row's copying ends
-};
-
 // Takes a statement's values from the state, from the named one on.
 void Lose(State& state, int statement, std::string_view from = {}) {
   bool lost = from.empty();
@@ -223,36 +214,58 @@ void Lose(State& state, int statement, std::string_view from = {}) {
   }
 }
 
+// Everything that may go wrong with a statement; the last three are about one column, in every row.
+std::vector<Answer> Faults(const Answer& good, TextView column) {
+  using Kind = Answer::Kind;
+  std::vector<Answer> faults = {
+      Refused(), Throws(), {Kind::OddThrow}, {Kind::NoRecordset}, Rows(good.columns, {})};
+  const auto at = std::find(good.columns.begin(), good.columns.end(), column);
+  const auto index = static_cast<std::size_t>(at - good.columns.begin());
+  for (const Value& value : {Value(NullValue()), Value(ValueArray())}) {
+    faults.push_back(good);
+    for (auto& row : faults.back().rows)
+      row.at(index) = value;
+  }
+  faults.push_back(good);
+  faults.back().columns.at(index).clear();
+  return faults;
+}
+
 TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
-  const FaultyStatement kStatements[] = {
+  struct Row {
+    Statement statement;
+    Statement next;  // the first one that is sent nevertheless when an error stops the loader
+    TextView column;
+    const char* firstLost;  // the value of that column, behind which the row's copying ends
+  };
+  const Row kRows[] = {
       {kSettings, kOrganization, u"strAccountSystem", "Business.AccountSystem"},
       {kAccountNames, kOrganization, u"strVersion", "Business.AccountVersion"},
-      {kOrganization, kAncestors, u"blnIsDetail", "Organization.IsDetail"},
+      {kOrganization, kAncestors, u"blnIsDetail", "LoginOrganization.IsDetail"},
       {kAncestors, kBounds, u"lngOrganizationId", ""},
       {kDescendants, kBounds, u"lngOrganizationId", ""},
-      {kBounds, kOperator, u"strEndDate", "Organization.EndDate"},
-      {kPeriod, kOperator, u"bytPeriod", "Organization.ThisPeriod"},
-      {kQuarter, kOperator, u"bytQuarter", ""},
-      {kHalf, kOperator, u"bytHalf", ""},
-      {kOperator, kCustomer, u"lngDepartmentID", "Operator.DepartmentId"},
+      {kBounds, kOperator, u"strEndDate", "LoginOrganization.EndDate"},
+      {kPeriod, kOperator, u"bytPeriod", "LoginOrganization.ThisPeriod"},
+      {kQuarter, kOperator, u"bytquarter", ""},
+      {kHalf, kOperator, u"bythalf", ""},
+      {kOperator, kCustomer, u"lngDepartmentID", "LoginOperator.DepartmentId"},
       {kCustomer, kStatementCount, u"strSSCustomerName", "CustomerSs.CustomerName"},
   };
-  const Fault kFaults[] = {Fault::Refused, Fault::Throws, Fault::OddThrow,   Fault::NotWritten,
-                           Fault::NoRows,  Fault::Nulls,  Fault::WrongTypes, Fault::NoColumn};
-  for (const auto& [statement, next, column, firstLost] : kStatements) {
-    for (const Fault fault : kFaults) {
-      SCOPED_TRACE(testing::Message()
-                   << "statement " << statement << ", fault " << static_cast<int>(fault));
+  for (const auto& [statement, next, column, firstLost] : kRows) {
+    const auto& [sql, good] = FirstLogin()[statement];
+    int number = 0;
+    for (const Answer& fault : Faults(good, column)) {
+      SCOPED_TRACE(testing::Message() << "statement " << statement << ", fault " << number++);
       ReleaseThread();
       RecordingSink sink;
       const auto host = GoodHost();
       AnswerOthersWithNoRow(*host);
-      Interface().Initialize(std::make_shared<FaultyConnection>(host, fault, statement, column));
+      host->On(sql, fault);
+      entry_.Initialize(host);
 
-      const bool inRow =
-          fault == Fault::Nulls || fault == Fault::WrongTypes || fault == Fault::NoColumn;
-      const bool stops =
-          fault != Fault::NoRows && (fault != Fault::Refused || statement == kSettings);
+      const bool inRow = !fault.rows.empty();
+      const bool stops = inRow || (fault.kind != Answer::Kind::Rows &&
+                                   (fault.kind != Answer::Kind::Refused || statement == kSettings));
       const int sentNext = stops ? next : statement + 1;
       State expected = kLoggedIn;
       Lose(expected, statement, inRow ? firstLost : "");
@@ -262,16 +275,16 @@ TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
         // The tree and the calendar are those of id 0.
         for (int other = kAncestors; other <= kHalf; ++other)
           Lose(expected, other);
-        expected["Organization.LowerOrganizationId"] = "0,0";
+        expected["LoginOrganization.LowerOrganizationId"] = "0,0";
       } else {
         EXPECT_THAT(host->TakeSent(), testing::IsSupersetOf(Range(sentNext, kStatementCount)));
       }
       EXPECT_EQ(Snapshot(), expected);
-      if (fault == Fault::NoRows) continue;
+      if (!stops && fault.kind == Answer::Kind::Rows) continue;
       std::vector<Text> blamed;
       for (const Failure& failure : sink.failures)
         if (!failure.statement.empty()) blamed.push_back(failure.statement);
-      EXPECT_EQ(blamed, std::vector{FirstLogin()[statement].first})
+      EXPECT_EQ(blamed, std::vector{sql})
           << "the diagnostics must name the statement, and no other";
     }
   }
@@ -282,8 +295,8 @@ TEST_F(StartUp, IdsReadBeforeAnErrorInMidRowsStand) {
   answer.rows.back()[0] = NullValue();
   host_->On(FirstLogin()[kDescendants].first, answer);
   entry_.Initialize(host_);
-  EXPECT_EQ(Snapshot(), kLoggedIn + State({{"Organization.NextLevelOrganizationId", "31,30"},
-                                           {"Organization.LowerOrganizationId", "20,31,30"}}));
+  EXPECT_EQ(Snapshot(), kLoggedIn + State({{"LoginOrganization.NextLevelOrganizationId", "31,30"},
+                                           {"LoginOrganization.LowerOrganizationId", "20,31,30"}}));
 }
 
 TEST_F(StartUp, NullsThatAreOrdinaryEntries) {
@@ -299,7 +312,7 @@ TEST_F(StartUp, NullsThatAreOrdinaryEntries) {
   RecordingSink sink;
   entry_.Initialize(host_);
   EXPECT_TRUE(sink.failures.empty());
-  EXPECT_EQ(Snapshot(), kLoggedIn + State({{"Operator.Password", ""},
+  EXPECT_EQ(Snapshot(), kLoggedIn + State({{"LoginOperator.Password", ""},
                                            {"CustomerSs.FullName", ""},
                                            {"Business.CurrencyCode", ""},
                                            {"Business.CurrencyName", ""}}));

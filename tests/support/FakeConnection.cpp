@@ -15,9 +15,9 @@ class FakeRecordset : public Recordset {
 
   bool Eof() override { return row_ >= Count(); }
   bool Bof() override { return Count() == 0; }
-  void MoveFirst() override { MoveTo(0); }
-  void MoveLast() override { MoveTo(Count() - 1); }
-  void MoveNext() override { MoveTo(row_ + 1); }
+  void MoveFirst() override { row_ = 0; }
+  void MoveLast() override { row_ = Count() - 1; }
+  void MoveNext() override { ++row_; }
   std::int32_t RecordCount() override { return Count(); }
   std::size_t Column(TextView name) override {
     for (std::size_t i = 0; i < answer_.columns.size(); ++i)
@@ -31,11 +31,12 @@ class FakeRecordset : public Recordset {
     return answer_.rows.at(static_cast<std::size_t>(row_)).at(column);
   }
 
+  bool CloseThrows() const { return answer_.closeThrows; }
+
   bool open = true;
 
  private:
   int Count() const { return static_cast<int>(answer_.rows.size()); }
-  void MoveTo(int row) { row_ = row; }
 
   Answer answer_;
   int row_ = 0;
@@ -89,18 +90,6 @@ class FakeContext : public HostContext,
 
 }  // namespace
 
-Answer Rows(std::vector<Text> columns, std::vector<std::vector<Value>> rows) {
-  return {Answer::Kind::Rows, std::move(columns), std::move(rows)};
-}
-
-Answer Refused() {
-  return {Answer::Kind::Refused, {}, {}};
-}
-
-Answer Throws() {
-  return {Answer::Kind::Throws, {}, {}};
-}
-
 FakeConnection::~FakeConnection() {
   EXPECT_EQ(openRecordsets, 0) << "a recordset was not given back";
 }
@@ -120,7 +109,9 @@ void FakeConnection::CloseRecordset(RecordsetPtr& recordset) {
   EXPECT_TRUE(fake->open) << "a recordset was given back twice";
   fake->open = false;
   --openRecordsets;
+  const bool throws = fake->CloseThrows();
   recordset.reset();
+  if (throws) throw std::runtime_error("close failed");
 }
 
 void FakeConnection::RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) {
@@ -142,27 +133,26 @@ bool FakeConnection::OpenRecordset(TextView sql, RecordsetPtr& recordset, std::i
 
 bool FakeConnection::ExecuteSql(TextView sql, std::int32_t option, Value& out) {
   EXPECT_EQ(option, 1);
-  sent_.push_back("execute: " + ToUtf8(sql));
-  const Answer* answer = AnswerTo(sql);
-  if (answer == nullptr || answer->kind == Answer::Kind::Refused) return false;
-  if (answer->kind == Answer::Kind::Throws) throw std::runtime_error("statement failed");
+  if (Send("execute: ", sql) == nullptr) return false;
   out = Value();
   return true;
 }
 
-const Answer* FakeConnection::AnswerTo(TextView sql) {
-  if (const auto found = answers_.find(sql); found != answers_.end()) return &found->second;
-  if (fallback)
-    if (const Answer* answer = fallback(sql)) return answer;
-  ADD_FAILURE() << "unexpected statement: " << ToUtf8(sql);
-  return nullptr;
+const Answer* FakeConnection::Send(const std::string& prefix, TextView sql) {
+  sent_.push_back(prefix + ToUtf8(sql));
+  const auto own = answers_.find(sql);
+  const Answer* answer = own != answers_.end() ? &own->second : fallback ? fallback(sql) : nullptr;
+  EXPECT_NE(answer, nullptr) << "unexpected statement: " << ToUtf8(sql);
+  if (answer == nullptr || answer->kind == Answer::Kind::Refused) return nullptr;
+  if (answer->kind == Answer::Kind::Throws) throw std::runtime_error("statement failed");
+  if (answer->kind == Answer::Kind::OddThrow) throw 1;
+  return answer;
 }
 
 bool FakeConnection::Open(const std::string& prefix, TextView sql, RecordsetPtr& recordset) {
-  sent_.push_back(prefix + ToUtf8(sql));
-  const Answer* answer = AnswerTo(sql);
-  if (answer == nullptr || answer->kind == Answer::Kind::Refused) return false;
-  if (answer->kind == Answer::Kind::Throws) throw std::runtime_error("statement failed");
+  const Answer* answer = Send(prefix, sql);
+  if (answer == nullptr) return false;
+  if (answer->kind == Answer::Kind::NoRecordset) return true;
   recordset = std::make_shared<FakeRecordset>(*answer);
   ++openRecordsets;
   return true;

@@ -15,16 +15,29 @@ namespace fetchkit::test {
 
 // What a statement is answered with.
 struct Answer {
-  enum class Kind { Rows, Refused, Throws };
+  enum class Kind {
+    Rows,
+    Refused,     // the operation answers False
+    Throws,      // the operation throws
+    OddThrow,    // the operation throws what is no std::exception
+    NoRecordset  // the operation answers True and hands out nothing
+  };
   Kind kind = Kind::Rows;
-  std::vector<Text> columns;
-  std::vector<std::vector<Value>> rows;
-  int throwAtRow = -1;  // reading or moving to this row (0-based) raises
+  std::vector<Text> columns = {};
+  std::vector<std::vector<Value>> rows = {};
+  int throwAtRow = -1;       // reading this row (0-based) raises
+  bool closeThrows = false;  // giving the recordset back succeeds, and throws
 };
 
-Answer Rows(std::vector<Text> columns, std::vector<std::vector<Value>> rows);
-Answer Refused();
-Answer Throws();
+inline Answer Rows(std::vector<Text> columns, std::vector<std::vector<Value>> rows) {
+  return {Answer::Kind::Rows, std::move(columns), std::move(rows)};
+}
+inline Answer Refused() {
+  return {Answer::Kind::Refused};
+}
+inline Answer Throws() {
+  return {Answer::Kind::Throws};
+}
 
 // The host's login. A name in spoilt makes the read of that member throw; a name in absent makes
 // the object of that name null. Names are those of the host interfaces' members.
@@ -72,7 +85,8 @@ class FakeConnection : public SessionConnection,
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override;
 
  private:
-  const Answer* AnswerTo(TextView sql);
+  // The answer, null for one of False.
+  const Answer* Send(const std::string& prefix, TextView sql);
   bool Open(const std::string& prefix, TextView sql, RecordsetPtr& recordset);
 
   std::map<Text, Answer, std::less<>> answers_;
