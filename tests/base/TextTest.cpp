@@ -63,10 +63,7 @@ TEST(TextBasics, SearchAgreesWithTheStandardLibrary) {
 TEST(TextBasics, Utf8) {
   EXPECT_EQ(ToUtf8(u"aé本😀"), "aé本😀");
   EXPECT_EQ(FromUtf8("aé本😀"), u"aé本😀");
-  EXPECT_EQ(ToUtf8(Text{0xD83D, u'a', 0xDE00}),
-            "\xEF\xBF\xBD"
-            "a"
-            "\xEF\xBF\xBD");
+  EXPECT_EQ(ToUtf8(Text{0xD83D, u'a', 0xDE00}), "�a�");
   Table<std::string_view, TextView>{
       {"cut off", "\xE6\x9C", u"��"},        {"lone tail", "\x80z", u"�z"},
       {"overlong slash", "\xC0\xAF", u"��"}, {"encoded surrogate", "\xED\xA0\x80", u"���"},
