@@ -15,105 +15,96 @@ class Identifiers : public LoggedInTest {};
 
 const Value kLeftOut = MissingValue();
 
-std::string ShowValue(const Value& value) {
-  return value.IsNull() ? "Null" : value.IsEmpty() ? "Empty" : "'" + ToUtf8(ToText(value)) + "'";
+// A service that sends one statement.
+struct LookUp {
+  std::function<std::string(const Activity&)> ask;
+  Text sql;            // to the letter
+  std::string failed;  // what is left of a failure
+};
+
+LookUp PeriodCount(std::int16_t year, TextView asked) {
+  return {[year](const Activity& a) { return std::to_string(a.GetPeriodCount(year)); },
+          Join(u" Select Count(*) As lngCount From AccountPeriod Where intYear = ", asked,
+               u" And lngOrganizationID = 20"),
+          "0"};
 }
 
-std::string YesNo(bool answer) {
-  return answer ? "yes" : "no";
+LookUp Setting(Value section, Value byDefault, Value module, Value organization,
+               TextView conditions) {
+  return {[=](const Activity& a) {
+            const Value value = a.GetSysSetting(u"键", section, byDefault, module, organization);
+            return value.IsNull()    ? "Null"
+                   : value.IsEmpty() ? "Empty"
+                                     : "'" + ToUtf8(ToText(value)) + "'";
+          },
+          Join(u"SELECT * FROM Setting WHERE strKey='键'", conditions), "''"};
 }
 
-// Everything that one statement answers: its text to the letter, its answers, and what is left
-// when it fails.
 TEST_F(Identifiers, LookUpsByOneStatement) {
   const auto one = [](TextView column, Value value) { return Rows({Text(column)}, {{value}}); };
   const Answer none = Rows({u"x"}, {});
-  using Call = std::function<std::string(const Activity&)>;
-  const auto newId = [](TextView table) -> Call {
-    return [table](const Activity& a) { return std::to_string(a.GetNewID(table)); };
+  const LookUp id = {[](const Activity& a) { return std::to_string(a.GetNewID(u"Voucher")); },
+                     u"SELECT Voucher_SEQ.NEXTVAL As lngId FROM DUAL", "0"};
+  const LookUp code = {[](const Activity& a) { return ToUtf8(a.GetOrganizationCode(-5)); },
+                       u"Select strOrganizationCode From Organization Where lngOrganizationID=-5",
+                       ""};
+  const LookUp detail = {
+      [](const Activity& a) { return a.IsDetailOrganization(31) ? "yes" : "no"; },
+      u"Select blnIsDetail From Organization Where lngOrganizationID = 31", "no"};
+  const LookUp decimals = {
+      [](const Activity& a) { return std::to_string(a.GetCurrencyDec(u"lngCurrencyID = 7")); },
+      u"Select bytCurrencydec From Currencys Where lngCurrencyID = 7", "0"};
+  const auto setting = [](Value byDefault) {
+    return Setting(kLeftOut, byDefault, kLeftOut, kLeftOut, u" AND lngOrganizationID=20");
   };
-  const auto setting = [](Value section, Value byDefault, Value module,
-                          Value organization) -> Call {
-    return [=](const Activity& a) {
-      return ShowValue(a.GetSysSetting(u"键", section, byDefault, module, organization));
-    };
-  };
-  const Call code = [](const Activity& a) { return ToUtf8(a.GetOrganizationCode(-5)); };
-  const Call detail = [](const Activity& a) { return YesNo(a.IsDetailOrganization(31)); };
-  const Call currency = [](const Activity& a) {
-    return std::to_string(a.GetCurrencyDec(u"lngCurrencyID = 7"));
-  };
-  const auto count = [](std::int16_t year) -> Call {
-    return [year](const Activity& a) { return std::to_string(a.GetPeriodCount(year)); };
-  };
-  const auto countSql = [](TextView year) {
-    return Join(u" Select Count(*) As lngCount From AccountPeriod Where intYear = ", year,
-                u" And lngOrganizationID = 20");
-  };
-  const Call class1 = [](const Activity& a) { return ToUtf8(a.GetClass1Name()); };
-  const Call class2 = [](const Activity& a) { return ToUtf8(a.GetClass2Name()); };
-
-  const Text sequence = u"SELECT Voucher_SEQ.NEXTVAL As lngId FROM DUAL";
-  const Text codeSql = u"Select strOrganizationCode From Organization Where lngOrganizationID=-5";
-  const Text detailSql = u"Select blnIsDetail From Organization Where lngOrganizationID = 31";
-  const Text currencySql = u"Select bytCurrencydec From Currencys Where lngCurrencyID = 7";
-  const Text settingSql = u"SELECT * FROM Setting WHERE strKey='键' AND lngOrganizationID=20";
-  const Text class1Sql =
-      u"SELECT * FROM Setting WHERE strKey='统计' AND strSection='标题设置' AND lngModuleID=1";
-  const Text class2Sql =
-      u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1";
-  // The answer, and what is left of a failure.
-  Table<Call, Text, Answer, std::string, std::string>{
-      {"id", newId(u"Voucher"), sequence, one(u"LNGID", std::int32_t{2147483647}), "2147483647",
-       "0"},
-      {"id too large", newId(u"Voucher"), sequence, one(u"lngId", 2147483648.0), "0", "0"},
-      {"no id", newId(u"Voucher"), sequence, none, "0", "0"},
-      {"the name as passed", newId(u"mmorders"), u"SELECT mmorders_SEQ.NEXTVAL As lngId FROM DUAL",
-       one(u"lngId", std::int32_t{3}), "3", "0"},
-      {"code", code, codeSql, one(u"strOrganizationCode", u"01-02"), "01-02", ""},
-      {"code of none", code, codeSql, none, "", ""},
-      {"detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{1}), "yes", "no"},
-      {"no detail", detail, detailSql, one(u"blnIsDetail", std::int32_t{0}), "no", "no"},
-      {"detail of none", detail, detailSql, none, "no", "no"},
-      {"decimals", currency, currencySql, one(u"bytCurrencydec", std::int32_t{3}), "3", "0"},
-      {"decimals of none", currency, currencySql, none, "0", "0"},
-      {"periods", count(2003), countSql(u"2003"), one(u"lngCount", std::int32_t{13}), "13", "0"},
-      {"periods of today's year", count(-1), countSql(u"2010"), one(u"lngCount", u"12"), "12", "0"},
-      {"periods of year 0", count(0), countSql(u"0"), none, "0", "0"},
-      {"a setting's number stays one", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql,
-       one(u"strSetting", 1.5), "'1.5'", "''"},
-      {"a stored Null is no missing row", setting(kLeftOut, u"d", kLeftOut, kLeftOut), settingSql,
-       one(u"strSetting", NullValue()), "Null", "''"},
-      {"no row, no default", setting(kLeftOut, kLeftOut, kLeftOut, kLeftOut), settingSql, none,
-       "''", "''"},
-      {"an empty default is one", setting(kLeftOut, Value(), kLeftOut, kLeftOut), settingSql, none,
-       "Empty", "''"},
+  const LookUp class1 = {
+      [](const Activity& a) { return ToUtf8(a.GetClass1Name()); },
+      u"SELECT * FROM Setting WHERE strKey='统计' AND strSection='标题设置' AND lngModuleID=1", ""};
+  const LookUp class2 = {
+      [](const Activity& a) { return ToUtf8(a.GetClass2Name()); },
+      u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1", ""};
+  Table<LookUp, Answer, std::string>{
+      {"id", id, one(u"LNGID", std::int32_t{2147483647}), "2147483647"},
+      {"id too large", id, one(u"lngId", 2147483648.0), "0"},
+      {"no id", id, none, "0"},
+      {"code", code, one(u"strOrganizationCode", u"01-02"), "01-02"},
+      {"code of none", code, none, ""},
+      {"detail", detail, one(u"blnIsDetail", std::int32_t{1}), "yes"},
+      {"no detail", detail, one(u"blnIsDetail", std::int32_t{0}), "no"},
+      {"detail of none", detail, none, "no"},
+      {"decimals", decimals, one(u"bytCurrencydec", std::int32_t{3}), "3"},
+      {"decimals of none", decimals, none, "0"},
+      {"periods", PeriodCount(2003, u"2003"), one(u"lngCount", std::int32_t{13}), "13"},
+      {"periods of today's year", PeriodCount(-1, u"2010"), one(u"lngCount", u"12"), "12"},
+      {"periods of year 0", PeriodCount(0, u"0"), none, "0"},
+      {"a setting's number stays one", setting(kLeftOut), one(u"strSetting", 1.5), "'1.5'"},
+      {"a stored Null is no missing row", setting(u"d"), one(u"strSetting", NullValue()), "Null"},
+      {"no row, no default", setting(kLeftOut), none, "''"},
+      {"an empty default is one", setting(Value()), none, "Empty"},
       {"everything given; the id itself is not used",
-       setting(u"节", 2.5, std::int32_t{4}, std::int32_t{5}),
-       u"SELECT * FROM Setting WHERE strKey='键' AND strSection='节' AND lngModuleID=4 AND "
-       u"lngOrganizationID=20",
-       none, "'2.5'", "''"},
-      {"no organization for 0", setting(kLeftOut, kLeftOut, u"4", 0.0),
-       u"SELECT * FROM Setting WHERE strKey='键' AND lngModuleID=4", none, "''", "''"},
-      {"given but empty is given", setting(u"", kLeftOut, Value(), Value()),
-       u"SELECT * FROM Setting WHERE strKey='键' AND strSection='' AND lngModuleID=", none, "''",
+       Setting(u"节", 2.5, std::int32_t{4}, std::int32_t{5},
+               u" AND strSection='节' AND lngModuleID=4 AND lngOrganizationID=20"),
+       none, "'2.5'"},
+      {"no organization for 0", Setting(kLeftOut, kLeftOut, u"4", 0.0, u" AND lngModuleID=4"), none,
        "''"},
-      {"class 1", class1, class1Sql, one(u"strSetting", u"部类"), "部类", ""},
-      {"class 1 by its standard name", class1, class1Sql, none, "统计", ""},
-      {"class 2 by its standard name", class2, class2Sql, none, "项目", ""},
+      {"given but empty is given",
+       Setting(u"", kLeftOut, Value(), Value(), u" AND strSection='' AND lngModuleID="), none,
+       "''"},
+      {"class 1", class1, one(u"strSetting", u"部类"), "部类"},
+      {"class 1 by its standard name", class1, none, "统计"},
+      {"class 2 by its standard name", class2, none, "项目"},
   }
-      .Check([&](const Call& call, const Text& sql, const Answer& whole,
-                 const std::string& expected, const std::string& failed) {
+      .Check([&](const LookUp& lookUp, const Answer& whole, const std::string& expected) {
         const std::pair<Answer, std::string> answers[] = {
             {whole, expected},
-            {Refused(), failed},
-            {Throws(), failed},
-            {one(u"another column", u"1"), failed},
+            {Refused(), lookUp.failed},
+            {Throws(), lookUp.failed},
+            {one(u"another column", u"1"), lookUp.failed},
         };
         for (const auto& [answer, result] : answers) {
-          host_->On(sql, answer);
-          EXPECT_EQ(call(activity_), result);
-          EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(sql)});
+          host_->On(lookUp.sql, answer);
+          EXPECT_EQ(lookUp.ask(activity_), result);
+          EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(lookUp.sql)});
         }
       });
 }
@@ -126,7 +117,7 @@ TEST_F(Identifiers, TenTablesShareOneSequence) {
         u"MMMaterialDetail1", u"mmorder", u"MMOrderDetail", u"MMOrderDetail1", u"MMProduct",
         u"MMPRODUCTDETAIL"})
     EXPECT_EQ(activity_.GetNewID(table), 9) << ToUtf8(table);
-  for (const TextView other : {u"MMOrderDetail2", u"MMProductDetail1", u"MMForecastDetail1"}) {
+  for (const TextView other : {u"mmorders", u"MMOrderDetail2", u"MMProductDetail1"}) {
     host_->On(Join(u"SELECT ", other, u"_SEQ.NEXTVAL As lngId FROM DUAL"),
               Rows({u"lngId"}, {{std::int32_t{8}}}));
     EXPECT_EQ(activity_.GetNewID(other), 8) << ToUtf8(other);
@@ -144,7 +135,6 @@ TEST_F(Identifiers, FlexFieldIsUsed) {
       {"in use", uses(on), title(u"合同"), true, "合同", 2},
       {"as a text", uses(u"-1"), title(u"合同"), true, "合同", 2},
       {"not in use", uses(std::int32_t{0}), title(u"合同"), false, "before", 1},
-      {"Null", uses(NullValue()), title(u"合同"), false, "before", 1},
       {"no number", uses(u"yes"), title(u"合同"), false, "before", 1},
       {"no row", Rows({u"blnFieldUse05"}, {}), title(u"合同"), false, "before", 1},
       {"no titles at all", uses(on), Rows({u"strTitle05"}, {}), true, "before", 2},
@@ -166,11 +156,17 @@ TEST_F(Identifiers, FlexFieldIsUsed) {
 
 TEST_F(Identifiers, SchemaProbesAreAskedOnceWhateverTheAnswer) {
   MAction::Business(session())->AccountUserID(u"ACC01");
-  host_->On(u"Select 1 From ACC01.Voucher Where 1=0", Rows({u"1"}, {}));
-  host_->On(u"Select 1 From ACC01.Lost Where 1=0", Refused());
-  host_->On(u"Select 1 From ACC01.Broken Where 1=0", Throws());
-  host_->On(u"Select lngID From ACC01.Voucher Where 1=0", Rows({u"lngID"}, {}));
-  host_->On(u"Select strX From ACC01.Voucher Where 1=0", Throws());
+  const std::pair<Text, Answer> probes[] = {
+      {u"Select 1 From ACC01.Voucher Where 1=0", Rows({u"1"}, {})},
+      {u"Select 1 From ACC01.Lost Where 1=0", Refused()},
+      {u"Select 1 From ACC01.Broken Where 1=0", Throws()},
+      {u"Select lngID From ACC01.Voucher Where 1=0", Rows({u"lngID"}, {})},
+      {u"Select strX From ACC01.Voucher Where 1=0", Throws()}};
+  Sent asked;
+  for (const auto& [sql, answer] : probes) {
+    host_->On(sql, answer);
+    asked.push_back("static: " + ToUtf8(sql));
+  }
   const auto all = [&] {
     return std::vector{activity_.TableNameExists(u"Voucher"), activity_.TableNameExists(u"Lost"),
                        activity_.TableNameExists(u"Broken"),
@@ -179,11 +175,7 @@ TEST_F(Identifiers, SchemaProbesAreAskedOnceWhateverTheAnswer) {
   };
   const std::vector expected{true, false, false, true, false};
   EXPECT_EQ(all(), expected);
-  EXPECT_EQ(host_->TakeSent(), (Sent{"static: Select 1 From ACC01.Voucher Where 1=0",
-                                     "static: Select 1 From ACC01.Lost Where 1=0",
-                                     "static: Select 1 From ACC01.Broken Where 1=0",
-                                     "static: Select lngID From ACC01.Voucher Where 1=0",
-                                     "static: Select strX From ACC01.Voucher Where 1=0"}));
+  EXPECT_EQ(host_->TakeSent(), asked);
   EXPECT_EQ(all(), expected);
   EXPECT_EQ(Cost(), 0u);
 

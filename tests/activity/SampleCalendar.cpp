@@ -7,14 +7,12 @@
 namespace fetchkit::test {
 namespace {
 
-// Takes the value between two marks off the front of sql; false when the marks are not there.
-bool Take(TextView& sql, TextView before, TextView after, Text& value) {
-  if (!sql.starts_with(before)) return false;
-  const auto end = sql.find(after, before.size());
-  if (end == TextView::npos) return false;
-  value = sql.substr(before.size(), end - before.size());
-  sql.remove_prefix(end);
-  return true;
+// What stands behind the mark, up to a blank or a quote; empty where the mark is not.
+Text Behind(TextView mark, TextView sql) {
+  const auto at = sql.find(mark);
+  if (at == TextView::npos) return {};
+  const TextView rest = sql.substr(at + mark.size());
+  return Text(rest.substr(0, rest.find_first_of(u" '")));
 }
 
 Text Ymd(int year, int month, int day) {
@@ -96,31 +94,21 @@ void LoggedInTest::ExpectEveryFault(const std::function<std::string()>& act,
 
 // The conditions of a statement about periods, evaluated as the database does: as texts.
 const Answer* LoggedInTest::AnswerFromCalendar(TextView sql) {
-  std::function<bool(const PeriodRow&)> matches;
-  Text value;
-  Text period;
-  TextView rest = sql;
-  if (Take(rest, u" Select * From AccountPeriod Where strEndDate >= '", u"' And str", value)) {
-    matches = [&](const PeriodRow& row) { return row.end >= value && row.start <= value; };
-  } else if (Take(rest, u" SELECT intYear,bytPeriod FROM AccountPeriod WHERE '", u"'>=", value)) {
-    matches = [&](const PeriodRow& row) { return row.end >= value && row.start <= value; };
-  } else if (Take(rest, u" Select * From AccountPeriod Where intYear = ", u" And ", value)) {
-    Take(rest, u" And bytPeriod = ", u" And ", period);
-    matches = [&](const PeriodRow& row) {
-      return Join(row.year) == value && (period.empty() || Join(row.period) == period);
-    };
-  } else {
-    return nullptr;
-  }
+  const Text year = Behind(u" Select * From AccountPeriod Where intYear = ", sql);
+  const Text period = Behind(u" And bytPeriod = ", sql);
+  const Text date = Join(Behind(u" Select * From AccountPeriod Where strEndDate >= '", sql),
+                         Behind(u" SELECT intYear,bytPeriod FROM AccountPeriod WHERE '", sql));
+  if (year.empty() && date.empty()) return nullptr;
   if (untilSpoilt_ >= 0 && untilSpoilt_-- == 0) return &spoilt_;
   answer_ =
       Rows({u"lngOrganizationID", u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"}, {});
   // Other organizations have no calendar.
-  if (rest.find(u"lngOrganizationID = 20") != TextView::npos)
-    for (const PeriodRow& row : periods_)
-      if (matches(row))
-        answer_.rows.push_back({std::int32_t{20}, std::int32_t{row.year}, std::int32_t{row.period},
-                                row.start, row.end});
+  if (sql.find(u"lngOrganizationID = 20") == TextView::npos) return &answer_;
+  for (const PeriodRow& row : periods_)
+    if (date.empty() ? Join(row.year) == year && (period.empty() || Join(row.period) == period)
+                     : row.start <= date && date <= row.end)
+      answer_.rows.push_back(
+          {std::int32_t{20}, std::int32_t{row.year}, std::int32_t{row.period}, row.start, row.end});
   return &answer_;
 }
 
