@@ -134,14 +134,14 @@ TEST_F(DialectTest, BlocksAreDoneWhollyOrNotAtAll) {
   const std::string rows = "2|~;3|~;7|~";
   EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows);
 
-  for (const auto& [block, error] : std::vector<std::pair<std::string, std::string>>{
-           {"Begin DELETE FROM a; INSERT INTO a (nope) VALUES (1); End;", "no column named nope"},
-           {"Begin DELETE FROM a; COMMIT; End;", "what is not INSERT, UPDATE or DELETE in a block"},
-           {"Begin DELETE FROM a; End", "a block that does not end with End;"},
-           {"Begin DELETE FROM a End;", "a statement without ; in a block"},
-           {"Begin DELETE FROM a;; End;", "an empty statement in a block"},
-           {"Begin End;", "a block without a statement"},
-           {"DELETE FROM a; DELETE FROM b", "a ; outside of a block"}}) {
+  for (const auto& [block, error] : Lines<2>(R"(
+Begin DELETE FROM a; INSERT INTO a (nope) VALUES (1); End;¦no column named nope
+Begin DELETE FROM a; COMMIT; End;¦what is not INSERT, UPDATE or DELETE in a block
+Begin DELETE FROM a; End¦a block that does not end with End;
+Begin DELETE FROM a End;¦a statement without ; in a block
+Begin DELETE FROM a;; End;¦an empty statement in a block
+Begin End;¦a block without a statement
+DELETE FROM a; DELETE FROM b¦a ; outside of a block)")) {
     EXPECT_THAT(account.Execute(block), testing::HasSubstr(error));
     EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows) << block;
   }

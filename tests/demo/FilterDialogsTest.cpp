@@ -9,6 +9,7 @@
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/dialogs/CodeLists.h"
 #include "fetchkit/listset/ListSet.h"
+#include "support/Lines.h"
 
 namespace fetchkit::demo {
 namespace {
@@ -34,16 +35,9 @@ TEST_F(FilterDialogs, ScriptedUserFindsRows) {
   const std::int64_t rows = Rows();
   EXPECT_GT(rows, 0);
   // What the dialog saved reads back as the same conditions and finds the same rows.
-  const ListType saved = set().List();
+  const ListType saved = Settings(set().List());
   session_.LogInAfresh();
-  const ListType again = Load(101);
-  ASSERT_EQ(again.ListField.size(), saved.ListField.size());
-  for (std::size_t i = 0; i < saved.ListField.size(); ++i) {
-    const ListFieldType& field = saved.ListField[i];
-    EXPECT_EQ(again.ListField[i].strFilter, field.strFilter) << i;
-    EXPECT_EQ(again.ListField[i].strExtValue, field.strExtValue) << i;
-    EXPECT_EQ(again.ListField[i].blnIsMuliCond, field.blnIsMuliCond) << i;
-  }
+  EXPECT_TRUE(Settings(Load(101)).ListField == saved.ListField);
   EXPECT_EQ(Rows(), rows);
   EXPECT_NE(
       Paper().find("1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"),
@@ -53,21 +47,16 @@ TEST_F(FilterDialogs, ScriptedUserFindsRows) {
 TEST_F(FilterDialogs, AskedUser) {
   // Columns of view 103: 1 code, 2 name, 4 kind, 5 level, 6 account, 8 detail.
   // What it shows, the answers (one line each), what ListPureWhere is then; "-" for cancelled.
-  static constexpr const char* kRows[][3] = {
-      {"between, by its beginning", "5/介/1/3/o/",
-       "(Account.intLevel > 1 And Account.intLevel < 3)"},
-      {"a code by typing", "6/1131/o/", "Account.lngACCOUNTID = 7"},
-      {"several by the chooser", "4/选择/2/1/o/o/",
-       "AccountType.strAccountTypeName In('损益','成本')"},
-      {"a refused value, then another", "5/大于/x/o/5/大于/2/o/", "Account.intLevel > 2"},
-      {"removed by its number", "8/2/5/零/d 8/o/",
-       "(Account.intLevel Is Null or Account.intLevel=0)"},
-      {"cleared", "8/2/c/o/", ""},
-      {"cancelled", "8/2/q/", "-"},
-      {"the input ends", "8/2/5/", "-"},
-      {"nonsense", "77/d 9/-//8/zzz/8/99/q/", "-"},
-  };
-  for (const auto& [name, lines, where] : kRows) {
+  for (const auto& [name, lines, where] : fetchkit::test::Lines<3>(R"(
+between, by its beginning¦5/介/1/3/o/¦(Account.intLevel > 1 And Account.intLevel < 3)
+a code by typing¦6/1131/o/¦Account.lngACCOUNTID = 7
+several by the chooser¦4/选择/2/1/o/o/¦AccountType.strAccountTypeName In('损益','成本')
+a refused value, then another¦5/大于/x/o/5/大于/2/o/¦Account.intLevel > 2
+removed by its number¦8/2/5/零/d 8/o/¦(Account.intLevel Is Null or Account.intLevel=0)
+cleared¦8/2/c/o/¦
+cancelled¦8/2/q/¦-
+the input ends¦8/2/5/¦-
+nonsense¦77/d 9/-//8/zzz/8/99/q/¦-)")) {
     SCOPED_TRACE(name);
     std::string text = lines;
     std::replace(text.begin(), text.end(), '/', '\n');
@@ -75,7 +64,7 @@ TEST_F(FilterDialogs, AskedUser) {
     std::istringstream answers("c\no\n" + text);
     AskedUser user(console_, answers);
     EXPECT_TRUE(Show(user, 103));
-    const bool cancelled = where == std::string("-");
+    const bool cancelled = where == "-";
     EXPECT_EQ(Show(user, 103), !cancelled);
     EXPECT_EQ(ToUtf8(set().ListPureWhere()), cancelled ? "" : where);
     EXPECT_GE(Rows(), 0) << "the database takes the text";

@@ -29,6 +29,14 @@ class LoggedIn : public testing::Test {
     return set().List();
   }
 
+  // What an operator has set. Which columns are shown is left aside: saving shows every column that
+  // the list keeps, whatever was shown before.
+  static ListType Settings(ListType list) {
+    for (ListFieldType& field : list.ListField)
+      field.blnIsChoosed = false;
+    return list;
+  }
+
   // The rows of the host's own query; -1 when it is refused.
   std::int64_t Rows() {
     RecordsetPtr rows;

@@ -29,11 +29,6 @@ ListFieldType Column(TextView caption, TextView type, TextView name, TextView ta
   return field;
 }
 
-const Text kPeople = u" SELECT lngPersonID,strPersonCode, strPersonName FROM Person";
-const Text kStates =
-    u"SELECT strEnumNumber FROM EnumTable WHERE LTrim( Rtrim(Enumtable.strViewFieldDesc) )='状态' "
-    u"order by 1";
-
 class FilterDialog : public testing::Test {
  protected:
   FilterDialog() {
@@ -47,11 +42,15 @@ class FilterDialog : public testing::Test {
         u"SELECT T1.lngPersonID,strPersonCode,strPersonName FROM Person T1 WHERE "
         u"T1.blnIsInActive = 0 ORDER BY strPersonCode",
         Refused());
-    host_->On(kPeople, Rows({u"lngPersonID", u"strPersonCode", u"strPersonName"},
-                            {{std::int32_t{1}, u"01", u"张三"},
-                             {std::int32_t{12}, u"02", u"李四"},
-                             {std::int32_t{2}, u"03", NullValue()}}));
-    host_->On(kStates, Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}}));
+    host_->On(u" SELECT lngPersonID,strPersonCode, strPersonName FROM Person",
+              Rows({u"lngPersonID", u"strPersonCode", u"strPersonName"},
+                   {{std::int32_t{1}, u"01", u"张三"},
+                    {std::int32_t{12}, u"02", u"李四"},
+                    {std::int32_t{2}, u"03", NullValue()}}));
+    host_->On(
+        u"SELECT strEnumNumber FROM EnumTable WHERE LTrim( Rtrim(Enumtable.strViewFieldDesc) "
+        u")='状态' order by 1",
+        Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}}));
     list_.strListWhere = u"1=1";
     list_.ListField = {Column(u"名&称", u"string", u"Name"),
                        Column(u"数量", u"LONG", u"Qty"),
@@ -67,9 +66,10 @@ class FilterDialog : public testing::Test {
     list_.ListField.back().blnIsFilter = false;
   }
 
-  bool Show(std::string acts, std::string chooserActs = "") {
+  // What happens behind the acts is done to the form, which may be closed.
+  bool Show(std::string acts, std::function<void(frmFilter&)> behind = nullptr) {
     player_.filter = std::move(acts);
-    player_.chooser = std::move(chooserActs);
+    player_.onFilter = std::move(behind);
     where_ = u"before";
     return frmFilter(session_, player_).ShowFilter(list_, where_, 0);
   }
@@ -116,7 +116,6 @@ node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo�
 node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
 node 数量; pick 大于; leave from¦¦¦lxtOther txtFrom¦
 node 数量; pick 介于; from 1; leave from¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
-node 数量; pick 大于; from 7; leave from; delete 数量¦¦¦lxtOther¦
 node 数量; pick 大于; from 7; leave from; clear¦¦¦lxtOther¦
 node 旧¦¦¦¦
 node 数量; pick 大于; from 7; pick 小于; leave from¦数量|小于 7|LONG|7¦Qty < 7¦lxtOther txtFrom¦
@@ -129,13 +128,13 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
     std::string editors;
     std::vector<std::string> expected;
     if (!row[1].empty()) expected.push_back(row[1]);
-    player_.onFilter = [&](frmFilter& form) {
+    player_.chooser = row[4];
+    EXPECT_TRUE(Show(row[0], [&](frmFilter& form) {
       editors = EditorsOf(form);
       form.UserPressedEnter();
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2, 3, 4}), expected);
       EXPECT_FALSE(form.IsOpen());
-    };
-    EXPECT_TRUE(Show(row[0], row[4]));
+    }));
     EXPECT_EQ(editors, row[3]);
     EXPECT_EQ(ToUtf8(where_), row[2]);
     std::vector<std::string> written;
@@ -149,7 +148,6 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
     EXPECT_EQ(code.blnIsMuliCond, code.strExtValue.starts_with(u"1,"));
     // What was confirmed is shown again, and confirmed again it is the same.
     const ListType once = list_;
-    player_.onFilter = nullptr;
     EXPECT_TRUE(Show("ok"));
     EXPECT_EQ(list_, once);
     EXPECT_EQ(ToUtf8(where_), row[2]);
@@ -163,7 +161,6 @@ TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
   const ListType before = list_;
   for (const auto& row : Lines<3>(R"(
 node 数量; pick 大于; from 12a; leave from¦from¦请输入一个数字！
-node 数量; pick 大于; from 12a; enter from¦from¦请输入一个数字！
 node 数量; pick 大于; from  ; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from 1; to --; leave to¦to¦请输入一个数字！
 node 金额; pick 大于; from 1,000; leave from¦from¦输入了非法字符,如:'.
@@ -173,7 +170,7 @@ node 数量; pick 介于; from 10; to 9; leave to¦to¦终止值不应大于起�
 node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于起始值，请正确输入！)")) {
     SCOPED_TRACE(row[0]);
     const RecordingSink sink;
-    player_.onFilter = [&](frmFilter& form) {
+    EXPECT_FALSE(Show(row[0], [&](frmFilter& form) {
       const TextBox& box = row[1] == "to" ? form.txtTo : form.txtFrom;
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
       EXPECT_NE(box.Text(), u"");
@@ -185,20 +182,18 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
       Play(form, "node 停用");
       EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the user has gone on";
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
-    };
-    EXPECT_FALSE(Show(row[0]));
+    }));
     EXPECT_EQ(list_, before);
     ASSERT_FALSE(sink.failures.empty());
     EXPECT_EQ(ToUtf8(sink.failures.front().what), "frmFilter: " + row[2]);
     EXPECT_EQ(CurrentThread().lastError, u"A value has the wrong type.");
   }
   for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\")) {
-    player_.onFilter = [&](frmFilter& form) {
+    EXPECT_FALSE(Show("node 名&称; pick 等于", [&](frmFilter& form) {
       form.txtFrom.UserTyped(Join(u"a", TextView(&unit, 1)));
       form.UserPressedEnter();
       EXPECT_TRUE(form.IsOpen()) << int{unit};
-    };
-    EXPECT_FALSE(Show("node 名&称; pick 等于"));
+    }));
   }
 }
 
@@ -221,7 +216,7 @@ TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
     ListFieldType& field = list_.ListField.at(std::stoul(row[0]));
     field.strFilter = FromUtf8(row[1]);
     field.strExtValue = FromUtf8(row[2]);
-    player_.onFilter = [&](frmFilter& form) {
+    EXPECT_FALSE(Show(ToUtf8(Join(u"node ", field.strListFieldDesc)), [&](frmFilter& form) {
       EXPECT_EQ(ToUtf8(form.lblTitle.Caption()), ToUtf8(field.strListFieldDesc));
       if (form.lxtOther.Visible()) {
         EXPECT_EQ(ToUtf8(form.lxtOther.Text()), row[3]);
@@ -231,8 +226,7 @@ TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
       const DateSpinner& first = row[0] == "6" ? form.datDate : form.datFrom;
       EXPECT_EQ(ToUtf8(dates ? first.Text() : form.txtFrom.Text()), row[5]);
       EXPECT_EQ(ToUtf8(dates ? form.datTo.Text() : form.txtTo.Text()), row[6]);
-    };
-    EXPECT_FALSE(Show(ToUtf8(Join(u"node ", field.strListFieldDesc))));
+    }));
   }
 }
 
@@ -253,7 +247,7 @@ class Echo : public FormObserver {
 };
 
 TEST_F(FilterDialog, GridTreeAndLimits) {
-  player_.onFilter = [&](frmFilter& form) {
+  EXPECT_FALSE(Show("", [&](frmFilter& form) {
     const MSFlexGrid& grid = form.msgFilter;
     std::vector<std::string> columns;
     for (int col = 0; col < grid.Cols(); ++col)
@@ -272,8 +266,7 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     Play(form, "node 名&称");
     EXPECT_TRUE(form.IsOpen());
     EXPECT_EQ(grid.Rows(), 1) << "an echo while the editors are rearranged";
-  };
-  EXPECT_FALSE(Show(""));
+  }));
 
   // 25 rows take one more; 26 open nothing, not even for a column that has a row.
   ListType wide;
@@ -282,17 +275,17 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     if (i < 25) wide.ListField.back().strFilter = wide.ListField.back().strExtValue = u"零或空值";
   }
   list_ = wide;
-  player_.onFilter = [](frmFilter& form) {
-    EXPECT_EQ(form.msgFilter.Rows(), 27);
-    EXPECT_EQ(form.lblTitle.Caption(), u"c25");
-    Play(form, "delete c3; node c3");
-    EXPECT_EQ(form.lblTitle.Caption(), u"c3") << "busy no more, and room again";
-  };
-  EXPECT_FALSE(Show("node c25; pick 零或空值; node c26; node c3; pick 零或空值"));
+  EXPECT_FALSE(
+      Show("node c25; pick 零或空值; node c26; node c3; pick 零或空值", [](frmFilter& form) {
+        EXPECT_EQ(form.msgFilter.Rows(), 27);
+        EXPECT_EQ(form.lblTitle.Caption(), u"c25");
+        Play(form, "delete c3; node c3");
+        EXPECT_EQ(form.lblTitle.Caption(), u"c3") << "busy no more, and room again";
+      }));
   list_.ListField[25].strFilter = u"零或空值";
-  player_.onFilter = [](frmFilter& form) { EXPECT_EQ(EditorsOf(form), ""); };
-  EXPECT_FALSE(Show("node c1; clear; delete 过滤项目")) << "the header is no row";
-  player_.onFilter = nullptr;
+  EXPECT_FALSE(Show("node c1; clear; delete 过滤项目", [](frmFilter& form) {
+    EXPECT_EQ(EditorsOf(form), "");
+  })) << "the header is no row";
   EXPECT_TRUE(Show("clear; ok"));
   EXPECT_EQ(where_, u"");
   for (const ListFieldType& field : list_.ListField)
@@ -300,7 +293,6 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
 }
 
 TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
-  player_.shown = 0;
   ListType before = list_;
   for (const char* way : {"cancel", "close", ""}) {
     SCOPED_TRACE(way);
@@ -308,13 +300,11 @@ TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
     EXPECT_EQ(list_, before);
     EXPECT_EQ(where_, u"before");
   }
-  player_.onFilter = [](frmFilter& form) {
+  EXPECT_FALSE(Show("node 停用; pick 是", [](frmFilter& form) {
     form.UserPressedEnter();
     throw Error(ErrorKind::Host, u"no window");
-  };
-  EXPECT_FALSE(Show("node 停用; pick 是")) << "a view that fails has confirmed nothing";
+  })) << "a view that fails has confirmed nothing";
   EXPECT_EQ(list_, before);
-  player_.onFilter = nullptr;
   player_.shown = 0;
   for (const bool none : {false, true}) {
     if (none) list_.ListField.clear();
@@ -414,7 +404,7 @@ TEST_F(FilterDialog, RandomActs) {
   for (int game = 0; game < 150; ++game) {
     const ListType before = list_;
     std::vector<std::string> rows;
-    player_.onFilter = [&](frmFilter& form) {
+    const bool confirmed = Show("", [&](frmFilter& form) {
       const auto value = [&] { return kValues[below(8)]; };
       const std::function<void()> acts[] = {
           [&] { form.tvwFilter.UserClickedNode(below(10)); },
@@ -441,15 +431,14 @@ TEST_F(FilterDialog, RandomActs) {
       }
       form.UserPressedEnter();
       rows = RowsOf(form.msgFilter, {0, 2, 3, 4});
-    };
-    if (!Show("")) {
+    });
+    if (!confirmed) {
       EXPECT_EQ(list_, before);
       continue;
     }
-    player_.onFilter = [&](frmFilter& form) {
+    Show("", [&](frmFilter& form) {
       EXPECT_THAT(RowsOf(form.msgFilter, {0, 2, 3, 4}), UnorderedElementsAreArray(rows));
-    };
-    Show("");
+    });
     if (HasFailure()) break;
   }
 }
