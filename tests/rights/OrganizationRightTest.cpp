@@ -24,22 +24,20 @@ class OrganizationRights : public LoggedInTest {
     return Rows({u"lngKeyID", u"blnUse"}, std::move(codes));
   }
 
-  // Everything a new object says of the table, each twice.
+  // Everything a new object says of the table, and says again.
   std::string AllAnswers() {
     OrganizationRight rights;
     rights.SetOrganization(organization_);
-    std::string first;
-    for (int time = 0; time < 2; ++time) {
-      std::string said;
-      said += rights.HaveAllCodeUseRight(u"Department") ? "all" : "not all";
-      said += rights.IsCanDoForActivity(u"department", 4) ? ", 4" : "";
-      said += rights.IsCanDoForActivity(u"DEPARTMENT", 12) ? ", 12" : "";
-      said += "; " + ToUtf8(rights.GetAllotItem(u"Department"));
-      said += "; " + ToUtf8(rights.GetAllotItem2(u"Department", u"12,4,99,7"));
-      said += "; " + ToUtf8(rights.GetAllCodeUseRightSql(u"Department"));
-      if (time == 0) first = said;
-      EXPECT_EQ(said, first) << "the second time";
-    }
+    const auto ask = [&] {
+      return ToUtf8(Join(rights.HaveAllCodeUseRight(u"Department") ? u"all" : u"not all",
+                         rights.IsCanDoForActivity(u"department", 4) ? u", 4" : u"",
+                         rights.IsCanDoForActivity(u"DEPARTMENT", 12) ? u", 12" : u"", u"; ",
+                         rights.GetAllotItem(u"Department"), u"; ",
+                         rights.GetAllotItem2(u"Department", u"12,4,99,7"), u"; ",
+                         rights.GetAllCodeUseRightSql(u"Department")));
+    };
+    const std::string first = ask();
+    EXPECT_EQ(ask(), first) << "the second time";
     return first;
   }
 

@@ -108,8 +108,6 @@ class FakePlatform : public PortablePlatform {
  public:
   FakePlatform() : before_(SetPlatform(this)) {}
   ~FakePlatform() override { SetPlatform(before_); }
-  FakePlatform(const FakePlatform&) = delete;
-  FakePlatform& operator=(const FakePlatform&) = delete;
 
   Date Now() const override { return {40304.5729166667}; }
   std::optional<Date> ParseDate(TextView text) const override {
