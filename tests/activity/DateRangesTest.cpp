@@ -13,8 +13,6 @@
 namespace fetchkit::test {
 namespace {
 
-using Sent = std::vector<std::string>;
-
 class DateRanges : public LoggedInTest {
  protected:
   // "begin..end", or "-" when the answer is False; then the outputs must be as they were.

@@ -6,8 +6,6 @@
 namespace fetchkit::test {
 namespace {
 
-using Sent = std::vector<std::string>;
-
 class Formatting : public LoggedInTest {
  protected:
   const Text kCurrency = u"Select * from Currencys Where lngCurrencyID = 7";

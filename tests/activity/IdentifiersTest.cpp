@@ -9,8 +9,6 @@
 namespace fetchkit::test {
 namespace {
 
-using Sent = std::vector<std::string>;
-
 class Identifiers : public LoggedInTest {};
 
 const Value kLeftOut = MissingValue();
@@ -155,28 +153,23 @@ TEST_F(Identifiers, FlexFieldIsUsed) {
 
 TEST_F(Identifiers, SchemaProbesAreAskedOnceWhateverTheAnswer) {
   MAction::Business(session())->AccountUserID(u"ACC01");
-  const std::pair<Text, Answer> probes[] = {
-      {u"Select 1 From ACC01.Voucher Where 1=0", Rows({u"1"}, {})},
-      {u"Select 1 From ACC01.Lost Where 1=0", Refused()},
-      {u"Select 1 From ACC01.Broken Where 1=0", Throws()},
-      {u"Select lngID From ACC01.Voucher Where 1=0", Rows({u"lngID"}, {})},
-      {u"Select strX From ACC01.Voucher Where 1=0", Throws()}};
-  Sent asked;
-  for (const auto& [sql, answer] : probes) {
-    host_->On(sql, answer);
-    asked.push_back("static: " + ToUtf8(sql));
+  Table<TextView, TextView, Text, Answer, bool>{
+      {"a table", u"Voucher", u"", u"Select 1 From ACC01.Voucher Where 1=0", Rows({}, {}), true},
+      {"refused", u"Lost", u"", u"Select 1 From ACC01.Lost Where 1=0", Refused(), false},
+      {"raised", u"Broken", u"", u"Select 1 From ACC01.Broken Where 1=0", Throws(), false},
+      {"a field", u"T", u"lngID", u"Select lngID From ACC01.T Where 1=0", Rows({}, {}), true},
+      {"no field", u"T", u"strX", u"Select strX From ACC01.T Where 1=0", Throws(), false},
   }
-  const auto all = [&] {
-    return std::vector{activity_.TableNameExists(u"Voucher"), activity_.TableNameExists(u"Lost"),
-                       activity_.TableNameExists(u"Broken"),
-                       activity_.TableFieldExists(u"Voucher", u"lngID"),
-                       activity_.TableFieldExists(u"Voucher", u"strX")};
-  };
-  const std::vector expected{true, false, false, true, false};
-  EXPECT_EQ(all(), expected);
-  EXPECT_EQ(host_->TakeSent(), asked);
-  EXPECT_EQ(all(), expected);
-  EXPECT_EQ(Cost(), 0u);
+      .Check(
+          [&](TextView table, TextView field, const Text& sql, const Answer& answer, bool there) {
+            host_->On(sql, answer);
+            for (const Sent& sent : {Sent{"static: " + ToUtf8(sql)}, Sent{}}) {
+              EXPECT_EQ(field.empty() ? activity_.TableNameExists(table)
+                                      : activity_.TableFieldExists(table, field),
+                        there);
+              EXPECT_EQ(host_->TakeSent(), sent);
+            }
+          });
 
   // Another account is asked anew; without a connection nothing is learnt.
   session().AccountKey = u"7$DBSRV$ACC02";

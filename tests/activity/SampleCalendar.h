@@ -42,6 +42,8 @@ class LoggedInTest : public testing::Test {
 
   Session& session() { return MAction::CurrentSession(); }
 
+  using Sent = std::vector<std::string>;
+
   // Statements since the last call.
   std::size_t Cost() { return host_->TakeSent().size(); }
 
