@@ -74,6 +74,7 @@ TEST_F(WindowServices, TopMostWindowStepsAsideForAMessageBox) {
       {"foreground, not set", 0, {1, 0, 0, {}}, false, 0},
       {"another process's", 0, {1, 0, 8, {}, 200}, false, 0},
       {"IsWindow is asked for the message box alone", 0, {0, 0, 8, {}}, true, 0},
+      {"and must answer 1 there", 0, {2, 0, 8, {}}, true, 0},
   }
       .Check([&](WindowHandle asked, const FakeWindow& state, bool expected, WindowHandle aside) {
         windows[asked == 0 ? kOther : kWindow] = state;
