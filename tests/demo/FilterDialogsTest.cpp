@@ -1,4 +1,5 @@
 // The dialogs over the sample accounts, answered in a console.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,9 +40,9 @@ TEST_F(FilterDialogs, ScriptedUserFindsRows) {
   session_.LogInAfresh();
   EXPECT_TRUE(Settings(Load(101)).ListField == saved.ListField);
   EXPECT_EQ(Rows(), rows);
-  EXPECT_NE(
-      Paper().find("1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"),
-      std::string::npos);
+  EXPECT_THAT(Paper(),
+              testing::HasSubstr(
+                  "1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"));
 }
 
 TEST_F(FilterDialogs, AskedUser) {

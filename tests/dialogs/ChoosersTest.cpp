@@ -52,7 +52,6 @@ back and forth¦CODE¦2¦3¦left c2 n2; all right; left c1 n1; ok¦true¦3,2¦n3
 all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
 cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
 close box¦CODE¦2¦3¦close¦false¦¦
-nobody pressed anything¦CODE¦2¦3¦¦false¦¦
 another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)")) {
     SCOPED_TRACE(name);
     Fill(std::stoi(items), type != "ENUM");
@@ -121,7 +120,7 @@ left open¦销售部 02¦all right¦false¦¦)")) {
     EXPECT_EQ(ToUtf8(result.strShowCond), shown);
   }
   // Enumerations: index 0 is skipped, whatever the bounds; what is chosen already is not asked.
-  for (const auto& [lower, expected] : {std::pair(0, "b,c"), {1, "a,b,c"}, {-1, "c"}}) {
+  for (const auto& [lower, expected] : {std::pair(0, u"b,c"), {1, u"a,b,c"}, {-1, u"c"}}) {
     frmMultiChoose form(player_);
     player_.multi = "all right; ok";
     player_.onMulti = [](frmMultiChoose& shown) {
@@ -138,10 +137,8 @@ left open¦销售部 02¦all right¦false¦¦)")) {
       shown.lstAll.List(last, u"c");
     };
     const ValueArray items{true, lower, {u"a", u"b", u"c"}};
-    EXPECT_EQ(
-        ToUtf8(
-            form.ShowMultiChoose({nullptr, u"k", u"(k='b')", true, Value(items), 0}).strShowCond),
-        expected);
+    const auto result = form.ShowMultiChoose({nullptr, u"k", u"(k='b')", true, Value(items), 0});
+    EXPECT_EQ(result.strShowCond, expected);
   }
   // A list that breaks off offers what was read.
   Answer broken = Rows({u"strCode"}, {{u"1"}, {u"2"}, {u"3"}});
@@ -164,7 +161,7 @@ TEST_F(Choosers, CodeListStatements) {
   person->OperatorId(3);
   person->OrganizationId(20);
   MAction::OperatorRight(session_)->SetOperator(person);
-  auto organization = std::make_shared<Organization>();
+  const auto organization = MAction::LoginOrganization(session_);
   organization->OrganizationID(20);
   MAction::OrganizationRight(session_)->SetOrganization(organization);
   host_->fallback = [](TextView sql) {
@@ -205,8 +202,7 @@ Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employe
   EXPECT_EQ(CodeListStatementOf(session_, u"Employee").fallback,
             u" SELECT lngEmployeeID,strEmployeeCode, strEmployeeName FROM Employee");
 
-  MAction::LoginOrganization(session_)->OrganizationID(20);
-  MAction::LoginOrganization(session_)->NextLevelOrganizationId(u"21,22");
+  organization->NextLevelOrganizationId(u"21,22");
   std::string names;
   for (const auto& [caption, statement] : Lines<2>(R"(
 操作员¦SELECT distinct strOperatorName FROM Operator,OrgOperatorAllot Where OrgOperatorAllot.lngOperatorID = Operator.lngOperatorID And OrgOperatorAllot.lngOrganizationID IN (20,21,22) ORDER BY 1
@@ -223,21 +219,20 @@ Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employe
 }
 
 TEST_F(Choosers, ListsThatDoNotOpen) {
-  const Text period =
-      u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By "
-      u"lngRTPeriodID";
   const Text table =
       u"SELECT T1.lngXID,strXCode,strXName FROM X T1 WHERE T1.blnIsInActive = 0 ORDER BY strXCode";
   const Text fallback = u" SELECT lngXID,strXCode, strXName FROM X";
-  host_->On(period, Rows({u"lngRTPeriodID", u"strRTPeriodName"}, {{std::int32_t{4}, u"三月"}}));
+  host_->On(
+      u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By "
+      u"lngRTPeriodID",
+      Rows({u"lngRTPeriodID", u"strRTPeriodName"}, {{std::int32_t{4}, u"三月"}}));
   EXPECT_THAT(ReadCodeList(session_, u"RTPERIOD"), ElementsAre(u"4", u"", u"三月"));
   Answer broken = Rows({u"lngXID", u"strXCode", u"strXName"},
                        {{std::int32_t{1}, u"01", u"x"}, {std::int32_t{2}, u"02", u"y"}});
-  const std::vector<Text> both = {u"1", u"01", u"x", u"2", u"02", u"y"};
   host_->On(fallback, broken);
   for (const Answer& answer : {Refused(), Throws()}) {
     host_->On(table, answer);
-    EXPECT_EQ(ReadCodeList(session_, u"X"), both);
+    EXPECT_THAT(ReadCodeList(session_, u"X"), ElementsAre(u"1", u"01", u"x", u"2", u"02", u"y"));
   }
   broken.throwAtRow = 1;
   host_->On(table, broken);
@@ -246,7 +241,6 @@ TEST_F(Choosers, ListsThatDoNotOpen) {
   host_->On(table, Refused());
   host_->On(fallback, Throws());
   EXPECT_THAT(ReadCodeList(session_, u"X"), IsEmpty());
-  EXPECT_EQ(host_->openRecordsets, 0);
 }
 
 TEST_F(Choosers, PickerFindsByTyping) {

@@ -1,50 +1,177 @@
 // A user without a window: plays acts, written as text, on the control models.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fetchkit/base/Utf8.h"
 #include "fetchkit/dialogs/FormView.h"
 #include "fetchkit/dialogs/frmFilter.h"
 #include "fetchkit/dialogs/frmFilterColumn.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
+#include "fetchkit/platform/Platform.h"
 #include "support/Lines.h"
 
 namespace fetchkit::test {
+
+using Acts = std::map<std::string, std::function<void(TextView rest)>>;
+
+inline void PlayAll(Form& form, std::string_view script, Acts acts) {
+  acts["ok"] = [&](TextView) { form.UserPressedEnter(); };
+  acts["cancel"] = [&](TextView) { form.UserPressedEscape(); };
+  acts["close"] = [&](TextView) { form.UserClosed(); };
+  const Text all = FromUtf8(script);
+  for (const TextView piece : Split(all, u";")) {
+    const TextView act = piece.substr(std::min(piece.find_first_not_of(u' '), piece.size()));
+    const std::size_t end = std::min(act.find(u' '), act.size());
+    const auto known = acts.find(ToUtf8(act.substr(0, end)));
+    if (known != acts.end())
+      known->second(act.substr(std::min(end + 1, act.size())));
+    else
+      EXPECT_TRUE(act.empty()) << "no act: " << ToUtf8(act);
+  }
+}
+
+inline Acts MovesOf(TwoListForm& form) {
+  return {{"all", [&](TextView side) {
+             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+           }}};
+}
+
+template <class Count, class TextAt>
+int Find(Count count, TextView text, TextAt&& textAt) {
+  for (int i = 0; i < static_cast<int>(count); ++i)
+    if (textAt(i) == text) return i;
+  ADD_FAILURE() << "nothing reads " << ToUtf8(text);
+  return -1;
+}
+
+inline int Find(const MSFlexGrid& grid, int col, TextView text) {
+  return Find(grid.Rows(), text, [&](int row) { return grid.TextMatrix(row, col); });
+}
+
+inline int Find(const ListBox& list, TextView text) {
+  return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
+}
 
 // Acts stand between ";": "node CAPTION", "pick TEXT", "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "delete CAPTION",
 // "clear", "ok", "cancel", "close". A form that is still open at the end is
 // left open; a dialog's caller must take that for Cancel.
-void Play(frmFilter& form, std::string_view acts);
+inline void Play(frmFilter& form, std::string_view script) {
+  const auto boxOf = [&](TextView name) -> TextBox& {
+    return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
+  };
+  const auto& nodes = form.tvwFilter.Nodes();
+  PickCombo& picker = form.lxtOther;
+  Acts acts;
+  acts["node"] = [&](TextView text) {
+    form.tvwFilter.UserClickedNode(
+        Find(nodes.size(), text, [&](int i) { return nodes[static_cast<std::size_t>(i)].Text; }));
+  };
+  acts["pick"] = [&](TextView text) {
+    picker.UserPicked(Find(picker.ListCount(), text, [&](int row) { return picker.RowText(row); }));
+  };
+  acts["from"] = [&](TextView text) { form.txtFrom.UserTyped(text); };
+  acts["to"] = [&](TextView text) { form.txtTo.UserTyped(text); };
+  acts["leave"] = [&](TextView box) {
+    const std::size_t blank = box.rfind(u' ');
+    boxOf(box).UserLeft(blank == TextView::npos ? nullptr : &boxOf(box.substr(blank + 1)));
+  };
+  acts["enter"] = [&](TextView box) { boxOf(box).UserPressedEnter(); };
+  acts["date"] = [&](TextView text) {
+    DateSpinner& date = text.starts_with(u"from") ? form.datFrom
+                        : text.starts_with(u"to") ? form.datTo
+                                                  : form.datDate;
+    date.UserChanged(CurrentPlatform().ParseDate(text.substr(text.find(u' ') + 1)).value());
+  };
+  acts["delete"] = [&](TextView text) {
+    form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
+    form.msgFilter.UserPressedDelete();
+  };
+  acts["clear"] = [&](TextView) { form.cmdOk[2].UserPressed(); };
+  PlayAll(form, script, std::move(acts));
+}
 
 // "right TEXT", "left TEXT" (double click on the row with that text), "all right", "all left",
 // "ok", "cancel", "close".
-void Play(frmFilterColumn& form, std::string_view acts);
+inline void Play(frmFilterColumn& form, std::string_view script) {
+  Acts acts = MovesOf(form);
+  acts["right"] = [&](TextView text) {
+    form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text));
+  };
+  acts["left"] = [&](TextView text) {
+    form.msgSelected.UserDoubleClickedRow(Find(form.msgSelected, 2, text));
+  };
+  PlayAll(form, script, std::move(acts));
+}
 
 // The same, and "up TEXT", "down TEXT".
-void Play(frmMultiChoose& form, std::string_view acts);
+inline void Play(frmMultiChoose& form, std::string_view script) {
+  const auto presses = [&form](CommandButton& button) {
+    return [&form, &button](TextView text) {
+      form.lstSelected.UserSelected(Find(form.lstSelected, text));
+      button.UserPressed();
+    };
+  };
+  Acts acts = MovesOf(form);
+  acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClicked(Find(form.lstAll, text)); };
+  acts["left"] = presses(form.cmdLeftOne);
+  acts["up"] = presses(form.cmdSerial[0]);
+  acts["down"] = presses(form.cmdSerial[1]);
+  PlayAll(form, script, std::move(acts));
+}
 
 class Player : public FormView {
  public:
-  void ShowModal(frmFilter& form, std::int32_t hWndOwner) override;
-  void ShowModal(frmFilterColumn& form, const frmFilter& owner) override;
-  void ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) override;
+  void ShowModal(frmFilter& form, std::int32_t hWndOwner) override {
+    owner = hWndOwner;
+    Play(form, filter);
+    if (onFilter) onFilter(form);
+  }
+  void ShowModal(frmFilterColumn& form, const frmFilter&) override {
+    if (onChooser) onChooser(form);
+    Play(form, chooser);
+  }
+  void ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) override {
+    owner = hWndOwner;
+    if (onMulti) onMulti(form);
+    Play(form, multi);
+  }
 
   std::string filter, chooser, multi;               // acts
   std::function<void(frmFilter&)> onFilter;         // after the acts; the form may be closed
   std::function<void(frmFilterColumn&)> onChooser;  // before the acts
   std::function<void(frmMultiChoose&)> onMulti;     // before the acts
-  int shown = 0;                                    // forms of all kinds
   std::int32_t owner = -1;                          // the window that the last one was given
 };
 
 // The rows of a grid: "cell|cell|..." per row, headers left out, by the named columns.
-std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns);
+inline std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_list<int> columns) {
+  std::vector<std::string> rows;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+    std::string& line = rows.emplace_back();
+    for (const int col : columns)
+      line.append(line.empty() ? "" : "|").append(ToUtf8(grid.TextMatrix(row, col)));
+  }
+  return rows;
+}
 
 // The names of the editors that the user sees, in Tab order.
-std::string EditorsOf(const frmFilter& form);
+inline std::string EditorsOf(const frmFilter& form) {
+  std::string names;
+  for (const Control* control : form.Controls()) {
+    const std::string name = ToUtf8(control->Name());
+    const bool editor = control->Index() < 0 && name.find("Frame") != 0 && name != "lblTitle" &&
+                        name.find("Filter") == std::string::npos;
+    if (editor && control->Visible()) names.append(names.empty() ? "" : " ").append(name);
+  }
+  return names;
+}
 
 }  // namespace fetchkit::test

@@ -92,7 +92,6 @@ flexible field¦CODE¦智能字段¦FLEXIBLEFIELD07¦甲¦0,3¦3¦blnIsMuliCond=
 manufacturing table¦CODE¦工艺¦mmRoute¦甲¦0,3¦3¦blnIsMuliCond=0¦=¦=¦T.lngRouteID IN (3)
 fixed word of the accounts¦CODE¦科目¦ACCOUNT¦现金¦0,现金¦现金¦blnIsMuliCond=0¦=¦=¦T.lngAccountNatureID=1
 one value¦ENUM¦状态¦¦已审¦0,'3'¦¦strString1='已审', strString2='''3'''¦=¦=¦c in ('3')
-several values¦ENUM¦状态¦¦已审,已记¦1,'3','4'¦¦strString1='已审,已记', strString2='''3'',''4'''¦=¦=¦c in ('3','4')
 a list that holds its own mark is taken as it is¦ENUM¦状态¦¦已审¦0,0,3¦¦strString1='已审', strString2='0,3'¦=¦0,3¦c in (3)
 flags of the auxiliary accounting¦ENUM¦辅助核算¦¦单位,部门¦1,'单位','部门'¦¦strString1='单位,部门', strString2='''单位'',''部门'''¦=¦=¦(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )
 a value without a flag¦ENUM¦辅助核算¦¦其它¦0,'其它'¦¦strString1='其它', strString2='''其它'''¦=¦=¦ 1>2 
@@ -117,7 +116,7 @@ unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)")
 }
 
 // The operator word as it is stored, filtered by and shown again.
-TEST(ConditionText, ThreeRulesForTheWord) {
+TEST(ConditionText, WordsCodesAndMachineForms) {
   for (const auto& [shown, stored, filteredBy, shownAgain] : Lines<4>(R"(
 等于 a b¦等于¦等于¦等于
  大于 5 ¦大于¦¦
@@ -131,9 +130,6 @@ TEST(ConditionText, ThreeRulesForTheWord) {
     EXPECT_EQ(ToUtf8(WordToFilterBy(text)), filteredBy);
     EXPECT_EQ(ToUtf8(WordToShow(text)), shownAgain);
   }
-}
-
-TEST(ConditionText, CodesAndMachineForms) {
   for (const auto& [word, code] : Lines<2>(R"(
 介于¦6
 零或空值¦7
@@ -145,23 +141,21 @@ TEST(ConditionText, CodesAndMachineForms) {
     EXPECT_EQ(ToUtf8(CondStrToNum(FromUtf8(word))), code) << word << ": compared whole";
   EXPECT_EQ(SecondValueOf(u"a,b,c"), u"b,c");
   EXPECT_EQ(SecondValueOf(u"a"), u"");
-  EXPECT_EQ(ConditionRowText(u"大于", u"5"), u"大于 5");
   EXPECT_EQ(ConditionRowText(u"空值", u"5"), u"空值");
   EXPECT_EQ(ReadChoice(u"2,5").mark, u"2") << "stored as it stands";
   EXPECT_EQ(ReadChoice(u"1").items, u"");
 }
 
-Text Ids(int count) {
-  Text ids;
-  for (int i = 1; i <= count; ++i)
-    ids += Join(i > 1 ? u"," : u"", i);
-  return ids;
-}
-
 TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
-  const auto sizes = [](int count) {
+  const auto idsTo = [](int count) {
+    Text ids = u"1";
+    for (int i = 2; i <= count; ++i)
+      ids += Join(u",", i);
+    return ids;
+  };
+  const auto sizes = [&](int count) {
+    const Text sql = CodeCondition(u"T", u"X", idsTo(count), u"X");
     std::vector<std::size_t> ids;
-    const Text sql = CodeCondition(u"T", u"X", Ids(count), u"X");
     for (const TextView chunk : Split(sql, u" or "))
       ids.push_back(Split(chunk, u",").size());
     return ids;
@@ -170,7 +164,7 @@ TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
   EXPECT_THAT(sizes(1002), ElementsAre(800, 202));
   EXPECT_THAT(sizes(1601), ElementsAre(800, 801)) << "no id is lost";
   EXPECT_THAT(sizes(2400), ElementsAre(800, 800, 800));
-  const Text sql = CodeCondition(u"T", u"X", Ids(1002), u"X");
+  const Text sql = CodeCondition(u"T", u"X", idsTo(1002), u"X");
   EXPECT_EQ(sql.substr(0, 19), u"T.lngXID IN (1,2,3,");
   EXPECT_EQ(sql.substr(sql.size() - 10), u"1001,1002)");
   EXPECT_NE(sql.find(u"799,800) or T.lngXID IN (801,"), Text::npos);
@@ -178,7 +172,7 @@ TEST(CodeConditions, LongListsAreCutByTheHighestIndex) {
   EXPECT_EQ(CodeCondition(u"T", u"X", u"", u"X"), u"");
 }
 
-TEST(CodeConditions, SpecialTables) {
+TEST(CodeConditions, SpecialTablesAndBrackets) {
   // The condition is "-" for plain ids.
   for (const auto& [table, ids, expected] : Lines<3>(R"(
 Account¦一级科目¦T.intLevel=1
@@ -199,13 +193,9 @@ DEPARTMENT¦现金¦-)")) {
   EXPECT_EQ(CodeCondition(u"T", u"AssetType", u"5-1,6-2", u"ASSETTYPE"),
             u"(T.lngAssetTypeID =5 And T.lngAssetKindID =1) Or "
             u"(T.lngAssetTypeID =6 And T.lngAssetKindID =2)");
-}
-
-TEST(CodeConditions, OnlyABareOrIsBracketed) {
-  EXPECT_EQ(Bracketed(u"c = 'a or b'"), u"c = 'a or b'");
-  EXPECT_EQ(Bracketed(u"(a or b)"), u"(a or b)");
-  EXPECT_EQ(Bracketed(u"(a) Or (b)"), u"((a) Or (b))");
-  EXPECT_EQ(Bracketed(u""), u"");
+  for (const TextView whole : {u"c = 'a or b'", u"(a or b)", u""})
+    EXPECT_EQ(Bracketed(Text(whole)), whole);
+  EXPECT_EQ(Bracketed(u"(a) Or (b)"), u"((a) Or (b))") << "a bare or";
 }
 
 }  // namespace
