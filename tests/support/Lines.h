@@ -13,18 +13,27 @@
 
 namespace fetchkit::test {
 
-// The rows of a table: one per line, kCells cells between "¦", blanks kept.
-template <std::size_t kCells>
-std::vector<std::array<std::string, kCells>> Lines(std::string_view lines) {
-  std::vector<std::array<std::string, kCells>> table;
+// The rows of a table: one per line, cells between "¦", blanks kept.
+inline std::vector<std::vector<std::string>> Lines(std::string_view lines) {
+  std::vector<std::vector<std::string>> table;
   const Text all = FromUtf8(lines);
   for (const TextView line : Split(all, u"\n")) {
     if (line.empty()) continue;
-    const auto cells = Split(line, u"¦");
-    EXPECT_EQ(cells.size(), kCells) << ToUtf8(line);
     auto& row = table.emplace_back();
-    for (std::size_t i = 0; i < std::min(cells.size(), kCells); ++i)
-      row[i] = ToUtf8(cells[i]);
+    for (const TextView cell : Split(line, u"¦"))
+      row.push_back(ToUtf8(cell));
+  }
+  return table;
+}
+
+// The same of kCells cells each.
+template <std::size_t kCells>
+std::vector<std::array<std::string, kCells>> Lines(std::string_view lines) {
+  std::vector<std::array<std::string, kCells>> table;
+  for (auto& row : Lines(lines)) {
+    EXPECT_EQ(row.size(), kCells) << row.front();
+    row.resize(kCells);
+    std::move(row.begin(), row.end(), table.emplace_back().begin());
   }
   return table;
 }
