@@ -175,6 +175,10 @@ class HostLog : public LogComponent {
   HostPtr<IHostLog> log_;
 };
 
+// Not inside the function: guarding that would take a thread-local index and two handles at every
+// load, which the run-time never gives back.
+WindowsPlatform platform;
+
 }  // namespace
 
 std::shared_ptr<LogComponent> WindowsPlatform::CreateLog() {
@@ -182,7 +186,6 @@ std::shared_ptr<LogComponent> WindowsPlatform::CreateLog() {
 }
 
 Platform& DefaultPlatform() {
-  static WindowsPlatform platform;
   return platform;
 }
 
