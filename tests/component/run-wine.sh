@@ -182,8 +182,6 @@ pictures() {
     done
   done
 }
-# Takes as long as all dialogs, and nothing of the screen: those run meanwhile.
-cycles() { wine fetchkit-load-cycles.exe | grep '^per cycle: '; }
 
 check "a Wine prefix" prepare
 x86=$build/../x86
@@ -194,14 +192,10 @@ for each in x64 x86; do
 done
 mapfile -t libraries < <(ls -d "$build/FetchKit.dll" "$x86/FetchKit.dll" 2>/dev/null)
 check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
-cycles >"$build/cycles.txt" &
-cycling=$!
 binary fetchkit-component-tests
 rm -rf "$build/pictures"
 mkdir -p "$build/pictures"
 binary fetchkit-dialog-tests
-wait $cycling
-say $? "a thousand loads and unloads" "$(<"$build/cycles.txt")"
 for dots in 144 192; do
   check "a screen of $dots dots per inch" resolution $dots
   binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*'

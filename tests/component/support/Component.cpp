@@ -26,25 +26,21 @@ constexpr TextView kColumns =
 
 Answer WideRow() {
   Answer answer = Rows({}, {{}});
+  const std::map<Text, Value> others = {
+      {u"strStartDate", u"2004-03-01"}, {u"strEndDate", u"2004-03-31"},
+      {u"strFieldType", u"STRING"},     {u"intYear", 2004},
+      {u"Dtmdate1", NullValue()},       {u"Dtmdate2", NullValue()}};
   std::int32_t number = 0;
   for (std::size_t at = 0; at < kColumns.size();) {
     const std::size_t end = std::min(kColumns.find(u',', at), kColumns.size());
     const Text name(kColumns.substr(at, end - at));
     at = end + 1;
     Value value = ++number;
-    if (name == u"strStartDate")
-      value = u"2004-03-01";
-    else if (name == u"strEndDate")
-      value = u"2004-03-31";
-    else if (name == u"strFieldType")
-      value = u"STRING";
-    else if (name == u"intYear")
-      value = std::int32_t{2004};
+    if (const auto other = others.find(name); other != others.end())
+      value = other->second;
     else if (name.starts_with(u"bln") || name.starts_with(u"Bln"))
       value = std::int32_t{1};
-    else if (name.starts_with(u"Dtm"))
-      value = NullValue();
-    else if (value.Is<std::int32_t>() && (name[0] == u's' || name[0] == u'S' || name[0] == u'a'))
+    else if (name[0] == u's' || name[0] == u'S' || name[0] == u'a')
       value = Text(u"值").append(name);
     answer.columns.push_back(name);
     answer.rows[0].push_back(std::move(value));
@@ -216,23 +212,6 @@ void ExpectKept(const std::string& file, const std::string& text) {
                 << "\nThe whole is in " << file
                 << " beside this program; if that is what is wanted, "
                 << "it is to be kept as tests/component/" << file;
-}
-
-int PressesInDialogs::button_ = 0;
-
-PressesInDialogs::PressesInDialogs(int button)
-    : hook_(SetWindowsHookExW(WH_CBT, Press, nullptr, GetCurrentThreadId())) {
-  button_ = button;
-}
-
-PressesInDialogs::~PressesInDialogs() {
-  UnhookWindowsHookEx(hook_);
-}
-
-LRESULT CALLBACK PressesInDialogs::Press(int code, WPARAM window, LPARAM) {
-  if (code == HCBT_ACTIVATE)
-    PostMessageW(reinterpret_cast<HWND>(window), WM_COMMAND, static_cast<WPARAM>(button_), 0);
-  return 0;
 }
 
 void ComponentTest::TearDown() {

@@ -104,20 +104,6 @@ Objects ObjectsOf(const ComPtr<IInterface>& entry);
 // "IBusiness.CurrencyID", late-bound.
 std::map<std::string, Value> PropertiesOf(const Objects& objects);
 
-// Presses a button in every dialog and message box that the thread shows while it lives.
-class PressesInDialogs {
- public:
-  explicit PressesInDialogs(int button);
-  ~PressesInDialogs();
-  PressesInDialogs(const PressesInDialogs&) = delete;
-  PressesInDialogs& operator=(const PressesInDialogs&) = delete;
-
- private:
-  static LRESULT CALLBACK Press(int code, WPARAM window, LPARAM);
-  static int button_;
-  HHOOK hook_;
-};
-
 // Compares with the text that is kept as tests/component/FILE and is in this program as a resource;
 // a different one is written beside the program.
 void ExpectKept(const std::string& file, const std::string& text);
