@@ -1,85 +1,48 @@
 #include "DialogPlayer.h"
 
+#include <gdiplus.h>
 #include <gtest/gtest.h>
-
-#include <vector>
 
 #include "component/ui/Controls.h"
 #include "fetchkit/base/Utf8.h"
 
-// GDI+, which writes the pictures, as far as it is used.
-extern "C" {
-struct GdiplusStartupInput {
-  UINT32 version;
-  void* callback;
-  BOOL noThread;
-  BOOL noCodecs;
-};
-int WINAPI GdiplusStartup(ULONG_PTR* token, const GdiplusStartupInput* input, void* output);
-int WINAPI GdipCreateBitmapFromHBITMAP(HBITMAP bitmap, HPALETTE palette, void** image);
-int WINAPI GdipSaveImageToFile(void* image, const WCHAR* name, const CLSID* encoder, const void*);
-int WINAPI GdipDisposeImage(void* image);
-}
-
 namespace fetchkit::test {
 namespace {
 
-constexpr UINT_PTR kWatchdog = 1;
-constexpr UINT kPatience = 60000;  // milliseconds
-constexpr wchar_t kClass[] = L"FetchKitDialogPlayer";
+constexpr DWORD kPatience = 60000;  // milliseconds
 
-LRESULT CALLBACK WatchDialog(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
-                             DWORD_PTR player) {
-  const LRESULT result = DefSubclassProc(window, message, first, second);
-  if (message == WM_ENTERIDLE && first == MSGF_DIALOGBOX)
-    reinterpret_cast<DialogPlayer*>(player)->OnIdle(reinterpret_cast<HWND>(second));
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, WatchDialog, 1);
-  return result;
-}
+DialogPlayer* playing = nullptr;
 
 }  // namespace
 
-DialogPlayer::DialogPlayer() {
-  WNDCLASSW type{};
-  type.lpfnWndProc = Procedure;
-  type.hInstance = GetModuleHandleW(nullptr);
-  type.lpszClassName = kClass;
-  RegisterClassW(&type);
-  owner_ = CreateWindowExW(0, kClass, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 900, 640,
-                           nullptr, nullptr, type.hInstance, this);
-  SetWindowLongPtrW(owner_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  SetTimer(owner_, kWatchdog, kPatience, nullptr);
+// Its messages come when the thread has no others, which is when the dialog is idle.
+DialogPlayer::DialogPlayer()
+    : owner_(CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 900,
+                             640, nullptr, nullptr, nullptr, nullptr)),
+      timer_(SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer)) {
+  playing = this;
 }
 
 DialogPlayer::~DialogPlayer() {
+  KillTimer(nullptr, timer_);
   if (IsWindow(owner_)) DestroyWindow(owner_);
 }
 
-LRESULT CALLBACK DialogPlayer::Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
-  auto* self = reinterpret_cast<DialogPlayer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self && message == WM_ENTERIDLE && first == MSGF_DIALOGBOX)
-    self->OnIdle(reinterpret_cast<HWND>(second));
-  if (self && message == WM_TIMER && first == kWatchdog) {
-    const HWND open = GetLastActivePopup(window);
-    if (open != window) {
-      ADD_FAILURE() << "the dialog was not closed by the acts; " << self->acts_.size()
-                    << " of them are left";
-      self->acts_.clear();
-      PostMessageW(open, WM_CLOSE, 0, 0);
-    }
+void CALLBACK DialogPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD now) {
+  const HWND dialog = GetActiveWindow();
+  // A modal dialog shows itself when it has no messages left, this one included.
+  if (!dialog || dialog == playing->owner_ || !IsWindowVisible(dialog)) return;
+  std::deque<Act>& acts = playing->acts_;
+  if (!acts.empty()) {
+    const Act act = std::move(acts.front());
+    acts.pop_front();
+    playing->played_ = now;
+    act(dialog);
+  } else if (now - playing->played_ > kPatience) {
+    ADD_FAILURE() << "the dialog was not closed by the acts";
+    playing->played_ = now;
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
   }
-  return DefWindowProcW(window, message, first, second);
-}
-
-void DialogPlayer::OnIdle(HWND dialog) {
-  SetWindowSubclass(dialog, WatchDialog, 1, reinterpret_cast<DWORD_PTR>(this));
-  if (acts_.empty()) return;
-  const Act act = std::move(acts_.front());
-  acts_.pop_front();
-  SetTimer(owner_, kWatchdog, kPatience, nullptr);  // begins anew
-  act(dialog);
-  // The dialog tells that it is idle once only, until it gets a message.
-  PostMessageW(dialog, WM_NULL, 0, 0);
 }
 
 void ClickNode(HWND dialog, TextView text) {
@@ -226,13 +189,12 @@ std::wstring PictureFile(HWND dialog, const std::string& name) {
 
 void KeepPicture(HWND dialog, const std::string& name) {
   ExpectCaptionsWhole(dialog, name);
-  static const ULONG_PTR started = [] {
+  static const Gdiplus::Status started = [] {
     ULONG_PTR token = 0;
-    const GdiplusStartupInput input{1, nullptr, FALSE, FALSE};
-    GdiplusStartup(&token, &input, nullptr);
-    return token;
+    const Gdiplus::GdiplusStartupInput input;
+    return Gdiplus::GdiplusStartup(&token, &input, nullptr);
   }();
-  EXPECT_NE(started, 0U);
+  EXPECT_EQ(started, Gdiplus::Ok);
   RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
   RECT place{};
   GetWindowRect(dialog, &place);
@@ -246,13 +208,12 @@ void KeepPicture(HWND dialog, const std::string& name) {
   SelectObject(to, before);
   DeleteDC(to);
   ReleaseDC(dialog, from);
-  void* image = nullptr;
-  EXPECT_EQ(GdipCreateBitmapFromHBITMAP(bitmap, nullptr, &image), 0);
   constexpr CLSID kPng = {
       0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-  EXPECT_EQ(GdipSaveImageToFile(image, PictureFile(dialog, name).c_str(), &kPng, nullptr), 0)
+  EXPECT_EQ(
+      Gdiplus::Bitmap(bitmap, nullptr).Save(PictureFile(dialog, name).c_str(), &kPng, nullptr),
+      Gdiplus::Ok)
       << name;
-  GdipDisposeImage(image);
   DeleteObject(bitmap);
 }
 

@@ -11,7 +11,7 @@
 namespace fetchkit::test {
 
 // An owner window. While a dialog that stands over it, or over another such dialog, is idle, the
-// acts are played one after the other, each with the dialog that is idle then. A dialog that is
+// acts are played one after the other, each with the dialog that is active then. A dialog that is
 // still there a minute after the last act fails the test and is closed.
 class DialogPlayer {
  public:
@@ -33,13 +33,12 @@ class DialogPlayer {
   // Whether every act has been played.
   bool IsDone() const { return acts_.empty(); }
 
-  // For dialogs of dialogs: their owner's idle notices come here too.
-  void OnIdle(HWND dialog);
-
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD now);
 
-  HWND owner_ = nullptr;
+  HWND owner_;
+  UINT_PTR timer_;
+  DWORD played_ = GetTickCount();  // when the last act was
   std::deque<Act> acts_;
 };
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 #include <vector>
 
 #include "DialogPlayer.h"
@@ -17,7 +18,7 @@ namespace fetchkit::test {
 namespace {
 
 // Rows of the pickers.
-enum Row { kEqual = 4, kBetween = 8, kThisYear = 17 };
+enum Row { kNone = -1, kEqual = 4, kBetween = 8, kThisYear = 17 };
 
 class WindowsTest : public testing::Test {
  protected:
@@ -50,6 +51,17 @@ class WindowsTest : public testing::Test {
     return Text(where.view());
   }
 
+  // A condition by hand: the column in the tree, the row of the picker, the values.
+  void Enter(TextView column, int row, TextView from = {}, TextView to = {}) {
+    player_.Then([=](HWND dialog) { ClickNode(dialog, column); });
+    if (row != kNone) player_.Then([=](HWND dialog) { Pick(dialog, row); });
+    if (from.empty()) return;
+    player_.Then([=](HWND dialog) {
+      Type(dialog, ID_TXT_FROM, from);
+      if (!to.empty()) Type(dialog, ID_TXT_TO, to);
+    });
+  }
+
   Text ShowMultiChoose(TextView sql, TextView choosed) {
     RecordsetPtr rows;
     EXPECT_TRUE(host_.connection()->OpenStaticRecordset(sql, rows, 3, 1, 1, 0));
@@ -78,37 +90,22 @@ class WindowsTest : public testing::Test {
   Text shown_;
 };
 
-DialogPlayer::Act Picture(const char* name) {
-  return [name](HWND dialog) { KeepPicture(dialog, name); };
-}
-
 TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
   Text shown;
-  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); })
-      .Then([](HWND dialog) {
-        EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
-        EXPECT_FALSE(IsWindowEnabled(GetParent(dialog)));
-        ClickNode(dialog, u"摘要");
-      })
-      .Then([](HWND dialog) { Pick(dialog, kEqual); })
-      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"差旅费"); })
-      .Then(Picture("text"))
-      .Then([](HWND dialog) { ClickNode(dialog, u"金额"); })
-      .Then([](HWND dialog) { Pick(dialog, kBetween); })
-      .Then([](HWND dialog) {
-        Type(dialog, ID_TXT_FROM, u"100");
-        Type(dialog, ID_TXT_TO, u"5000");
-      })
-      .Then(Picture("between"))
-      .Then([](HWND dialog) { ClickNode(dialog, u"凭证日期"); })
-      .Then([](HWND dialog) { Pick(dialog, kThisYear); })
-      .Then(Picture("period"))
-      .Then([](HWND dialog) { ClickNode(dialog, u"复核日期"); })
-      .Then(Picture("date"))
-      .Then([](HWND dialog) { ClickNode(dialog, u"制单人"); })
-      .Then([](HWND dialog) { Pick(dialog, 1); })
-      .Then(Picture("enumeration"))
-      .Then([](HWND dialog) { ClickNode(dialog, u"部门"); })
+  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); }).Then([](HWND dialog) {
+    EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
+    EXPECT_FALSE(IsWindowEnabled(GetParent(dialog)));
+  });
+  const std::tuple<TextView, int, TextView, TextView, const char*> conditions[] = {
+      {u"摘要", kEqual, u"差旅费", u"", "text"},    {u"金额", kBetween, u"100", u"5000", "between"},
+      {u"凭证日期", kThisYear, u"", u"", "period"}, {u"复核日期", kNone, u"", u"", "date"},
+      {u"制单人", 1, u"", u"", "enumeration"},
+  };
+  for (const auto& [column, row, from, to, picture] : conditions) {
+    Enter(column, row, from, to);
+    player_.Then([name = picture](HWND dialog) { KeepPicture(dialog, name); });
+  }
+  player_.Then([](HWND dialog) { ClickNode(dialog, u"部门"); })
       .Then([](HWND dialog) {
         const HWND picker = GetDlgItem(dialog, ID_LXT_OTHER);
         SetFocus(picker);
@@ -121,8 +118,8 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
         KeepPicture(parts.hwndList, "picker");
         SendMessageW(picker, WM_KEYDOWN, VK_RETURN, 0);
       })
-      .Then(Picture("code"))
       .Then([](HWND dialog) {
+        KeepPicture(dialog, "code");
         // The picker's last entry opens the chooser, over this dialog.
         const auto last = SendDlgItemMessageW(dialog, ID_LXT_OTHER, CB_GETCOUNT, 0, 0) - 1;
         Pick(dialog, static_cast<int>(last));
@@ -132,8 +129,8 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
         Press(chooser, ID_CMD_RIGHT_ONE);
       })
       .Then([](HWND chooser) { Press(chooser, ID_CMD_RIGHT_ONE); })
-      .Then(Picture("chooser"))
       .Then([](HWND chooser) {
+        KeepPicture(chooser, "chooser");
         EXPECT_EQ(ListCount(chooser, ID_SELECTED), 3);
         Press(chooser, IDOK);
       })
@@ -159,28 +156,27 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
 TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
   const Text before = Where();
   std::vector<int> walked;
-  player_.Then([&](HWND dialog) { ClickNode(dialog, u"摘要"); })
-      .Then([&](HWND dialog) { Pick(dialog, kBetween); })
-      .Then([&](HWND dialog) {
-        SetFocus(GetDlgItem(dialog, ID_TVW_FILTER));
-        for (int step = 0; step < 8; ++step) {
-          walked.push_back(FocusId(dialog));
-          Tab(dialog);
-        }
-        std::set<wchar_t> keys;
-        for (HWND control = GetWindow(dialog, GW_CHILD); control;
-             control = GetWindow(control, GW_HWNDNEXT)) {
-          if (!IsWindowVisible(control) || GetDlgCtrlID(control) == ID_LBL_TITLE) continue;
-          const Text text = TextIn(dialog, GetDlgCtrlID(control));
-          const auto mark = text.find(u'&');
-          if (mark == Text::npos) continue;
-          EXPECT_TRUE(keys.insert(static_cast<wchar_t>(text[mark + 1])).second)
-              << "two controls have the access key " << static_cast<char>(text[mark + 1]);
-        }
-        EXPECT_GE(keys.size(), 5U);
-      })
-      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"x"); })
-      .Then([](HWND dialog) { Key(dialog, VK_ESCAPE); });
+  Enter(u"摘要", kBetween);
+  player_.Then([&](HWND dialog) {
+    SetFocus(GetDlgItem(dialog, ID_TVW_FILTER));
+    for (int step = 0; step < 8; ++step) {
+      walked.push_back(FocusId(dialog));
+      Tab(dialog);
+    }
+    std::set<wchar_t> keys;
+    for (HWND control = GetWindow(dialog, GW_CHILD); control;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+      if (!IsWindowVisible(control) || GetDlgCtrlID(control) == ID_LBL_TITLE) continue;
+      const Text text = TextIn(dialog, GetDlgCtrlID(control));
+      const auto mark = text.find(u'&');
+      if (mark == Text::npos) continue;
+      EXPECT_TRUE(keys.insert(static_cast<wchar_t>(text[mark + 1])).second)
+          << "two controls have the access key " << static_cast<char>(text[mark + 1]);
+    }
+    EXPECT_GE(keys.size(), 5U);
+    Type(dialog, ID_TXT_FROM, u"x");
+    Key(dialog, VK_ESCAPE);
+  });
   EXPECT_FALSE(ShowFilter());
   EXPECT_EQ(Where(), before);
   EXPECT_EQ(walked, (std::vector<int>{ID_TVW_FILTER, ID_MSG_FILTER, ID_LXT_OTHER, ID_TXT_FROM,
@@ -188,33 +184,27 @@ TEST_F(WindowsTest, EscapeLeavesTheListAndTheKeyboardReachesEverything) {
 }
 
 TEST_F(WindowsTest, ARefusedValueKeepsTheDialogOpenAndTheFocus) {
-  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); })
-      .Then([](HWND dialog) { ClickNode(dialog, u"凭证号"); })
-      .Then([](HWND dialog) { Pick(dialog, kEqual); })
-      .Then([](HWND dialog) { Type(dialog, ID_TXT_FROM, u"zwölf"); })
-      .Then([](HWND dialog) { Key(dialog, VK_RETURN); })
-      .Then([](HWND dialog) {
-        EXPECT_EQ(FocusId(dialog), ID_TXT_FROM);
-        EXPECT_EQ(TextIn(dialog, ID_TXT_FROM), u"zwölf");
-        EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
-        Type(dialog, ID_TXT_FROM, u"12");
-      })
-      .Then([](HWND dialog) { Key(dialog, VK_RETURN); });
+  player_.Then([](HWND dialog) { Press(dialog, ID_CMD_CLEAR); });
+  Enter(u"凭证号", kEqual, u"zwölf");
+  player_.Then([](HWND dialog) { Key(dialog, VK_RETURN); }).Then([](HWND dialog) {
+    EXPECT_EQ(FocusId(dialog), ID_TXT_FROM);
+    EXPECT_EQ(TextIn(dialog, ID_TXT_FROM), u"zwölf");
+    EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), 0);
+    Type(dialog, ID_TXT_FROM, u"12");
+    Key(dialog, VK_RETURN);
+  });
   EXPECT_TRUE(ShowFilter());
   EXPECT_EQ(Where(), u"Voucher.lngVoucherNO = 12");
 }
 
 TEST_F(WindowsTest, DeleteRemovesTheGridsRowAndTheDialogGrows) {
-  int rows = 0;
   player_
-      .Then([&](HWND dialog) {
+      .Then([](HWND dialog) {
         EXPECT_EQ(FocusId(dialog), ID_TVW_FILTER) << "where the keyboard begins";
-        rows = ListCount(dialog, ID_MSG_FILTER);
+        const int rows = ListCount(dialog, ID_MSG_FILTER);
         ASSERT_GT(rows, 0);
-        const HWND grid = GetDlgItem(dialog, ID_MSG_FILTER);
-        SetFocus(grid);
-        ListView_SetItemState(grid, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-        SendMessageW(grid, WM_KEYDOWN, VK_DELETE, 0);
+        SelectRow(dialog, ID_MSG_FILTER, 0);
+        SendDlgItemMessageW(dialog, ID_MSG_FILTER, WM_KEYDOWN, VK_DELETE, 0);
         EXPECT_EQ(ListCount(dialog, ID_MSG_FILTER), rows - 1);
         Resize(dialog, 200, 120);
       })
