@@ -1,5 +1,4 @@
-// A program that includes the system's headers first, whose macros have names of the library's
-// members, and still finds those in the library.
+// The library's members are found behind the system's macros of the same names, too.
 #include <windows.h>
 
 #include "fetchkit/FetchKit.h"

@@ -1,6 +1,5 @@
 // Runs the tests in a single-threaded apartment, like a host's user interface thread.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "component/Windows.h"
 

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "fetchkit/base/Utf8.h"
