@@ -333,6 +333,26 @@ TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
   EXPECT_FALSE(list_.ListField[3].blnIsMuliCond);
 }
 
+TEST_F(FilterDialog, ConditionsWithoutTheirValueAreKeptAndRestrictNothing) {
+  list_.ListField.clear();
+  for (const auto& [type, shown, value] : Lines<3>(R"(
+LONG¦大于 ¦
+LONG¦介于 5,¦5,
+STRING¦等于 ¦
+STRING¦介于 ,b¦,b
+BOOLEAN¦是¦
+PERIOD¦自定义 (,2004-02-29)¦,2004-02-29
+DATE¦2004-02-29¦)")) {
+    list_.ListField.push_back(
+        Column(FromUtf8(type + shown), FromUtf8(type), u"c", u"", u"", FromUtf8(value)));
+    list_.ListField.back().strFilter = FromUtf8(shown);
+  }
+  const ListType before = list_;
+  EXPECT_TRUE(Show("ok"));
+  EXPECT_EQ(where_, u"");
+  EXPECT_EQ(list_, before);
+}
+
 TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {
   ListSet set;
   list_.lngListID = 70;

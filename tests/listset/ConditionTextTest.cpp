@@ -18,6 +18,7 @@ using testing::ElementsAre;
 // What a database makes of a written value: quotes gone, doubled ones single, '' and ' ' as read
 // back through Null and the writer's blank.
 Text Read(TextView sqlValue) {
+  if (sqlValue == u"Null") return {};
   if (!sqlValue.starts_with(u'\'')) return Text(sqlValue);
   return ReplaceText(sqlValue.substr(1, sqlValue.size() - 2), u"''", u"'");
 }
@@ -74,6 +75,8 @@ contains¦STRING¦摘要¦¦包含字符 v¦v¦¦strStringOp=7, strString1='v'¦
 similar¦STRING¦摘要¦¦类似于 v¦v¦¦strStringOp=8, strString1='v'¦=¦=¦(c like 'v%')
 text between is stored as 10¦STRING¦摘要¦¦介于 f,t¦f,t¦¦strStringOp=10, strString1='f', strString2='t'¦=¦=¦(c > 'f' And c < 't')
 no text¦STRING¦摘要¦¦空值¦¦¦strStringOp=11, strString1=''¦=¦=¦(c is NULL  or LTRIM(Rtrim(c)) Is Null)
+a value that holds the word for none¦STRING¦摘要¦¦等于 报销空值说明¦报销空值说明¦¦strStringOp=1, strString1='报销空值说明'¦=¦=¦c = '报销空值说明'
+the mark of a pair counts in a value, too¦STRING¦摘要¦¦等于 介于 5¦介于 5¦¦strStringOp=10, strString1='介于 5', strString2=''¦介于 介于 5,¦介于 5,¦
 number¦DOUBLE¦金额¦¦大于 100.5¦100.5¦¦strDoubleOP=2, dbldouble1=100.5¦=¦=¦c > 100.5
 number between is stored as 6¦Long¦数量¦¦介于 5,9¦5,9¦¦strDoubleOP=6, dbldouble1=5, dbldouble2=9¦=¦=¦(c > 5 And c < 9)
 zero or nothing is stored as 7¦INTEGER¦数量¦¦零或空值¦¦¦strDoubleOP=7, dbldouble1=0¦=¦=¦ (c IS NULL OR c =0) 
@@ -95,6 +98,16 @@ one value¦ENUM¦状态¦¦已审¦0,'3'¦¦strString1='已审', strString2='''3
 a list that holds its own mark is taken as it is¦ENUM¦状态¦¦已审¦0,0,3¦¦strString1='已审', strString2='0,3'¦=¦0,3¦c in (3)
 flags of the auxiliary accounting¦ENUM¦辅助核算¦¦单位,部门¦1,'单位','部门'¦¦strString1='单位,部门', strString2='''单位'',''部门'''¦=¦=¦(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )
 a value without a flag¦ENUM¦辅助核算¦¦其它¦0,'其它'¦¦strString1='其它', strString2='''其它'''¦=¦=¦ 1>2 
+a text without its value restricts nothing¦STRING¦科目编码¦¦等于¦¦¦strStringOp=1, strString1=''¦=¦=¦
+a text that begins with nothing¦STRING¦摘要¦¦打头字符为¦¦¦strStringOp=6, strString1=''¦=¦=¦
+texts between, only up¦STRING¦摘要¦¦介于 ,t¦,t¦¦strStringOp=10, strString1='', strString2='t'¦=¦=¦
+a missing number is Null¦LONG¦数量¦¦大于¦¦¦strDoubleOP=2, dbldouble1=Null¦=¦=¦
+numbers between, only down¦LONG¦数量¦¦介于 5,¦5,¦¦strDoubleOP=6, dbldouble1=5, dbldouble2=Null¦=¦=¦
+numbers between nothing¦LONG¦数量¦¦介于 ,¦,¦¦strDoubleOP=6, dbldouble1=Null, dbldouble2=Null¦=¦=¦
+a number has no beginning: a pair without its end¦LONG¦数量¦¦打头字符为 5¦5¦¦strDoubleOP=6, dbldouble1=5, dbldouble2=Null¦介于 5,¦5,¦
+custom range with only an end¦PERIOD¦日期¦¦自定义 (,2004-02-29)¦,2004-02-29¦¦strDateOp='', dtmDate1='', dtmDate2='2004-02-29'¦=¦=¦
+a keyword without range and dates¦PERIOD¦日期¦¦年初至本期¦,¦¦strDateOp='24', dtmDate1='', dtmDate2=''¦=¦=¦
+no date is no condition¦DATE¦日期¦¦¦¦¦strDateOp='0', dtmDate1=''¦=¦=¦
 unknown type¦BLOB¦其它¦¦等于 v¦v¦¦¦=¦=¦
 unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)")) {
     SCOPED_TRACE(row[0]);
@@ -122,7 +135,7 @@ TEST(ConditionText, WordsCodesAndMachineForms) {
  大于 5 ¦大于¦¦
 零或空值¦零或空值¦零或空值¦零或空值
 空值 ¦空值¦空值¦空值
-等于 空值 x¦等于 空值 x¦等于¦等于
+等于 空值 x¦等于¦等于¦等于
 等于¦等于¦¦等于)")) {
     SCOPED_TRACE(shown);
     const Text text = FromUtf8(shown);

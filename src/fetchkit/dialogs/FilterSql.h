@@ -19,9 +19,9 @@ struct FilterColumns {
 // Clears the conditions of all fields, also of those without a row, writes the rows back into their
 // fields, and returns the predicates in the order of the rows, joined by " And ", without "Where";
 // empty for no row and when no row has a predicate. A row of none of the nine types is skipped; one
-// without an operator word or without chosen items is written back and restricts nothing.
-// Values are inserted as they stand, quotes included. Error (TypeMismatch) or std::out_of_range for
-// a row that points to no field.
+// without an operator word, without its value or one of two, or without chosen items is written
+// back and restricts nothing. Values are inserted as they stand, quotes included. Error
+// (TypeMismatch) or std::out_of_range for a row that points to no field.
 Text ConditionsToSql(const MSFlexGrid& conditions, ListType& list);
 
 }  // namespace fetchkit

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "fetchkit/base/TextSearch.h"
 #include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit {
@@ -23,8 +22,7 @@ Text CustomPeriodText(TextView from, TextView to) {
 }
 
 TextView WordToStore(TextView strFilter) {
-  const TextView text = TrimBlanks(strFilter);
-  return FindText(text, words::kNull) != TextView::npos ? text : WordToShow(text);
+  return WordToShow(TrimBlanks(strFilter));
 }
 
 TextView WordToFilterBy(TextView strFilter) {
@@ -47,6 +45,10 @@ TextView FirstValueOf(TextView strExtValue) {
 TextView SecondValueOf(TextView strExtValue) {
   const std::size_t comma = strExtValue.find(u',');
   return comma == TextView::npos ? TextView() : strExtValue.substr(comma + 1);
+}
+
+bool IsWholePair(TextView strExtValue) {
+  return !FirstValueOf(strExtValue).empty() && !SecondValueOf(strExtValue).empty();
 }
 
 Choice ReadChoice(TextView strExtValue) {

@@ -21,8 +21,7 @@ Text CustomPeriodText(TextView from, TextView to);
 // The operator word of a shown text, by three rules, which differ where a record holds what no
 // dialog writes; saved lists rely on each of them.
 //
-// The word that is stored: up to the first blank of the trimmed text, the whole trimmed text when
-// it holds "空值" anywhere.
+// The word that is stored: up to the first blank of the trimmed text.
 TextView WordToStore(TextView strFilter);
 // The word that restricts: "空值" and "零或空值" alone, otherwise what stands in front of the first
 // blank. Empty, for no restriction, when there is none.
@@ -35,6 +34,9 @@ TextView WordToShow(TextView strFilter);
 Text PairText(TextView first, TextView second);
 TextView FirstValueOf(TextView strExtValue);
 TextView SecondValueOf(TextView strExtValue);
+
+// Whether neither value is empty: a pair that lacks one restricts nothing.
+bool IsWholePair(TextView strExtValue);
 
 // The machine form of a choice: a mark, a comma, and the items, which are ids or quoted values with
 // commas between, such as "0,12" or "1,'a','b'". The parts point into the text that was read.

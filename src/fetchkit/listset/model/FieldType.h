@@ -38,7 +38,8 @@ struct ConditionContext {
   std::int32_t naturalCurrencyId = 0;
 };
 
-// What a stored condition reads back as; sql may hold a bare " or ".
+// What a stored condition reads back as; sql may hold a bare " or ". A condition that lacks its
+// value, or one of two, has both texts and no SQL.
 struct Restored {
   Text filter;    // strFilter
   Text extValue;  // strExtValue
@@ -63,16 +64,19 @@ class FieldType {
   // condition first; none where there is no word, or where it is an item of the database.
   virtual std::vector<Text> Words() const = 0;
 
-  // The columns in which the field's condition is stored, in the order in which they are written.
+  // The columns in which the field's condition is stored, in the order in which they are written; a
+  // number that is missing as Null.
   virtual std::vector<StoredColumn> Stored(const ListFieldType& field) const = 0;
 
   // The condition that was stored, with today's date ranges. Sets strCodeID and blnIsMuliCond of
-  // the field where the type has them. All empty for a stored code that stands for nothing.
+  // the field where the type has them. All empty for a stored code that stands for nothing, and for
+  // a DATE without its date.
   virtual Restored Restore(const StoredCondition& stored, const ConditionContext& context,
                            ListFieldType& field) const = 0;
 
   // The condition as the filter dialog asks for it, from its shown and its machine form; empty for
-  // one that restricts nothing. Values are inserted as they stand, quotes included.
+  // one that restricts nothing or lacks its value. Values are inserted as they stand, quotes
+  // included.
   virtual Text Predicate(const ListFieldType& field, TextView shown, TextView value) const = 0;
 
  protected:

@@ -23,7 +23,7 @@ class Boolean final : public FieldType {
   }
 
   Text Predicate(const ListFieldType& field, TextView, TextView value) const override {
-    return Join(field.strFieldName, u" = '", value, u"'");
+    return value.empty() ? Text() : Join(field.strFieldName, u" = '", value, u"'");
   }
 };
 

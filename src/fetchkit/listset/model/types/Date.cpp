@@ -16,11 +16,12 @@ class DateOnly final : public FieldType {
 
   Restored Restore(const StoredCondition& stored, const ConditionContext&,
                    ListFieldType& field) const override {
+    if (stored.date1.empty()) return {};
     return {stored.date1, stored.date1, Predicate(field, stored.date1, stored.date1)};
   }
 
   Text Predicate(const ListFieldType& field, TextView, TextView value) const override {
-    return Join(field.strFieldName, u" = '", value, u"'");
+    return value.empty() ? Text() : Join(field.strFieldName, u" = '", value, u"'");
   }
 };
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/listset/model/types/SqlParts.h"
 #include "fetchkit/listset/model/types/Types.h"
@@ -8,6 +10,10 @@ namespace {
 // What these two are stored as; texts are stored with other codes.
 constexpr TextView kBetweenCode = u"6";
 constexpr TextView kZeroOrNullCode = u"7";
+
+Text NumberOrNull(TextView value) {
+  return Text(value.empty() ? TextView(u"Null") : value);
+}
 
 class Number final : public FieldType {
  public:
@@ -24,9 +30,9 @@ class Number final : public FieldType {
     if (code == kZeroOrNullCode) return {{u"strDoubleOP", Text(code)}, {u"dbldouble1", u"0"}};
     if (code == kBetweenCode)
       return {{u"strDoubleOP", Text(code)},
-              {u"dbldouble1", Text(FirstValueOf(field.strExtValue))},
-              {u"dbldouble2", Text(SecondValueOf(field.strExtValue))}};
-    return {{u"strDoubleOP", Text(code)}, {u"dbldouble1", field.strExtValue}};
+              {u"dbldouble1", NumberOrNull(FirstValueOf(field.strExtValue))},
+              {u"dbldouble2", NumberOrNull(SecondValueOf(field.strExtValue))}};
+    return {{u"strDoubleOP", Text(code)}, {u"dbldouble1", NumberOrNull(field.strExtValue)}};
   }
 
   Restored Restore(const StoredCondition& stored, const ConditionContext&,
@@ -34,11 +40,14 @@ class Number final : public FieldType {
     const Text& column = field.strFieldName;
     const Text& v = stored.double1;
     if (const Comparison* comparison = ComparisonByCode(stored.doubleOp))
-      return {ConditionRowText(comparison->word, v), v, Join(column, comparison->sql, v)};
+      return {ConditionRowText(comparison->word, v), v,
+              v.empty() ? Text() : Join(column, comparison->sql, v)};
     if (stored.doubleOp == kBetweenCode) {
       const Text both = PairText(v, stored.double2);
-      return {ConditionRowText(words::kBetween, both), both,
-              Join(u"(", column, u" > ", v, u" And ", column, u" < ", stored.double2, u")")};
+      Text sql;
+      if (IsWholePair(both))
+        sql = Join(u"(", column, u" > ", v, u" And ", column, u" < ", stored.double2, u")");
+      return {ConditionRowText(words::kBetween, both), both, std::move(sql)};
     }
     if (stored.doubleOp == kZeroOrNullCode)
       return {Text(words::kZeroOrNull), {}, Join(u" (", column, u" IS NULL OR ", column, u" =0) ")};

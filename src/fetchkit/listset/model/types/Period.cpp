@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/listset/model/types/SqlParts.h"
 #include "fetchkit/listset/model/types/Types.h"
@@ -31,11 +33,14 @@ class Period final : public FieldType {
     // Older data holds words without a range; these keep the dates they were stored with.
     if (!custom) context.dateRange(word, from, to);
     const Text& column = field.strFieldName;
-    return {custom ? CustomPeriodText(from, to) : Text(word), PairText(from, to),
-            Join(u"(", column, u" >='", from, u"' And ", column, u" <= '", to, u"')")};
+    Text sql;
+    if (!from.empty() && !to.empty())
+      sql = Join(u"(", column, u" >='", from, u"' And ", column, u" <= '", to, u"')");
+    return {custom ? CustomPeriodText(from, to) : Text(word), PairText(from, to), std::move(sql)};
   }
 
   Text Predicate(const ListFieldType& field, TextView, TextView value) const override {
+    if (!IsWholePair(value)) return {};
     const Text& column = field.strFieldName;
     return Join(u"(", column, u" >= '", FirstValueOf(value), u"' And ", column, u" <= '",
                 SecondValueOf(value), u"')");

@@ -12,6 +12,13 @@ Text ScalarPredicate(TextView column, TextView shown, TextView value, TextView q
   const TextView word = WordToFilterBy(shown);
   if (word == words::kNull) return Join(column, u" Is Null");
   if (word == words::kZeroOrNull) return Join(u"(", column, u" Is Null or ", column, u"=0)");
+  // Without its bounds, unlike a period.
+  if (word == words::kBetween)
+    return IsWholePair(value)
+               ? Join(u"(", column, u" > ", quote, FirstValueOf(value), quote, u" And ", column,
+                      u" < ", quote, SecondValueOf(value), quote, u")")
+               : Text();
+  if (value.empty()) return {};
   if (const Comparison* comparison = ComparisonByWord(word))
     return Join(column, comparison->sql, quote, value, quote);
   if (word == words::kBeginsWith) return Join(column, u" Like ", quote, value, u"%", quote);
@@ -19,10 +26,6 @@ Text ScalarPredicate(TextView column, TextView shown, TextView value, TextView q
   // The same match as "打头字符为", in brackets.
   if (word == words::kSimilar)
     return Join(u"(", column, u" Like ", quote, value, u"%", quote, u")");
-  // Without its bounds, unlike a period.
-  if (word == words::kBetween)
-    return Join(u"(", column, u" > ", quote, FirstValueOf(value), quote, u" And ", column, u" < ",
-                quote, SecondValueOf(value), quote, u")");
   return {};
 }
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/listset/model/types/SqlParts.h"
@@ -23,6 +25,7 @@ class String final : public FieldType {
   }
 
   std::vector<StoredColumn> Stored(const ListFieldType& field) const override {
+    // Wherever it stands: a condition whose value holds "介于 " is stored as a pair, too.
     if (FindText(field.strFilter, kBetweenMark) != TextView::npos)
       return {{u"strStringOp", Text(kBetweenCode)},
               {u"strString1", Quoted(FirstValueOf(field.strExtValue))},
@@ -35,23 +38,28 @@ class String final : public FieldType {
                    ListFieldType& field) const override {
     const Text& column = field.strFieldName;
     const Text& v = stored.string1;
+    const auto restored = [&](TextView word, Text sql) -> Restored {
+      return {ConditionRowText(word, v), v, v.empty() ? Text() : std::move(sql)};
+    };
     if (const Comparison* comparison = ComparisonByCode(stored.stringOp)) {
       const bool descends =
           comparison->word == words::kEqual && IsCode(field.strListFieldDesc, context);
-      return {ConditionRowText(comparison->word, v), v,
-              descends ? Join(u"(", column, u" = '", v, u"' or ", column, u" LIKE '", v, u"-%')")
-                       : Join(column, comparison->sql, u"'", v, u"'")};
+      return restored(comparison->word, descends ? Join(u"(", column, u" = '", v, u"' or ", column,
+                                                        u" LIKE '", v, u"-%')")
+                                                 : Join(column, comparison->sql, u"'", v, u"'"));
     }
     if (stored.stringOp == u"6")
-      return {ConditionRowText(words::kBeginsWith, v), v, Join(column, u" like '", v, u"%' ")};
+      return restored(words::kBeginsWith, Join(column, u" like '", v, u"%' "));
     if (stored.stringOp == u"7")
-      return {ConditionRowText(words::kContains, v), v, Join(column, u" like '%", v, u"%'")};
+      return restored(words::kContains, Join(column, u" like '%", v, u"%'"));
     if (stored.stringOp == u"8")
-      return {ConditionRowText(words::kSimilar, v), v, Join(u"(", column, u" like '", v, u"%')")};
+      return restored(words::kSimilar, Join(u"(", column, u" like '", v, u"%')"));
     if (stored.stringOp == kBetweenCode) {
       const Text both = PairText(v, stored.string2);
-      return {ConditionRowText(words::kBetween, both), both,
-              Join(u"(", column, u" > '", v, u"' And ", column, u" < '", stored.string2, u"')")};
+      Text sql;
+      if (IsWholePair(both))
+        sql = Join(u"(", column, u" > '", v, u"' And ", column, u" < '", stored.string2, u"')");
+      return {ConditionRowText(words::kBetween, both), both, std::move(sql)};
     }
     if (stored.stringOp == u"11")
       return {Text(words::kNull),
