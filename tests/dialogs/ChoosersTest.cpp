@@ -199,8 +199,8 @@ Employee¦¦SELECT T1.lngEmployeeID,strEmployeeCode,strEmployeeName FROM Employe
       EXPECT_NE(sql.find(Join(u"Name ", from, u" ", name, u" WHERE")), Text::npos) << ToUtf8(sql);
       EXPECT_EQ(host_->TakeSent().size(), rights) << ToUtf8(name);
     }
-  EXPECT_EQ(CodeListStatementOf(session_, u"Employee").fallback,
-            u" SELECT lngEmployeeID,strEmployeeCode, strEmployeeName FROM Employee");
+  EXPECT_THAT(CodeListStatementOf(session_, u"Employee").fallbacks,
+              ElementsAre(u" SELECT lngEmployeeID,strEmployeeCode, strEmployeeName FROM Employee"));
 
   organization->NextLevelOrganizationId(u"21,22");
   std::string names;
@@ -241,6 +241,22 @@ TEST_F(Choosers, ListsThatDoNotOpen) {
   host_->On(table, Refused());
   host_->On(fallback, Throws());
   EXPECT_THAT(ReadCodeList(session_, u"X"), IsEmpty());
+
+  // The columns of some tables are named after a part of the keyword.
+  host_->TakeSent();
+  host_->fallback = [](TextView) {
+    static const Answer refused = Refused();
+    return &refused;
+  };
+  for (const auto& [keyword, stem] :
+       {std::pair(u"Custom3", u"CUSTOM"), {u"FLEXIBLEFIELD07", u"Field"}}) {
+    const Text id = Join(u"lng", stem, u"ID"), code = Join(u"str", stem, u"Code"),
+               name = Join(u"str", stem, u"Name");
+    host_->On(Join(u"SELECT ", id, u",", code, u",", name, u" FROM ", keyword),
+              Rows({id, code, name}, {{std::int32_t{1}, u"01", u"x"}}));
+    EXPECT_THAT(ReadCodeList(session_, keyword), ElementsAre(u"1", u"01", u"x"));
+    EXPECT_EQ(host_->TakeSent().size(), 3u);
+  }
 }
 
 TEST_F(Choosers, PickerFindsByTyping) {

@@ -99,9 +99,16 @@ CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField) {
             {}};
   }
   const TextView k = strKeyField;
-  return {Join(u"SELECT T1.lng", k, u"ID,str", k, u"Code,str", k, u"Name FROM ", k,
-               u" T1 WHERE T1.blnIsInActive = 0 ORDER BY str", k, u"Code"),
-          Join(u" SELECT lng", k, u"ID,str", k, u"Code, str", k, u"Name FROM ", k)};
+  CodeListStatement list{
+      Join(u"SELECT T1.lng", k, u"ID,str", k, u"Code,str", k, u"Name FROM ", k,
+           u" T1 WHERE T1.blnIsInActive = 0 ORDER BY str", k, u"Code"),
+      {Join(u" SELECT lng", k, u"ID,str", k, u"Code, str", k, u"Name FROM ", k)}};
+  const Text keyword = UpperAscii(k);
+  const TextView stem = CodeStem(keyword);
+  if (stem != keyword)
+    list.fallbacks.push_back(
+        Join(u"SELECT lng", stem, u"ID,str", stem, u"Code,str", stem, u"Name FROM ", k));
+  return list;
 }
 
 Text EnumListStatementOf(Session& session, TextView caption) {
@@ -130,8 +137,10 @@ std::vector<Text> ReadCodeList(Session& session, TextView strKeyField) {
     for (Text& cell : row)
       cells.push_back(std::move(cell));
   };
-  if (!ForEachRow(session, statement.sql, addRow) && !statement.fallback.empty())
-    ForEachRow(session, statement.fallback, addRow);
+  bool opened = ForEachRow(session, statement.sql, addRow);
+  for (auto next = statement.fallbacks.begin(); !opened && next != statement.fallbacks.end();
+       ++next)
+    opened = ForEachRow(session, *next, addRow);
   return cells;
 }
 

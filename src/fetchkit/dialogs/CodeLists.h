@@ -10,13 +10,14 @@
 namespace fetchkit {
 
 struct CodeListStatement {
-  Text sql;       // selects id, code and name, or id and name
-  Text fallback;  // tried when sql does not open; empty for none
+  Text sql;                     // selects id, code and name, or id and name
+  std::vector<Text> fallbacks;  // tried one after the other while none opens
 };
 
 // The statement that lists the code table of a keyword (in any letter case). Tables with rights of
 // their own are held to the codes that the login operator may query and the login organization may
-// use. A keyword without a row of its own names its table itself.
+// use. A keyword without a row of its own names its table itself, whose columns are named after the
+// keyword or, at last, after the stem that conditions use.
 CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField);
 
 // The statement that lists the values of an enumeration column, by its caption.
