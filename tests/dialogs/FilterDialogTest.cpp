@@ -51,7 +51,7 @@ class FilterDialog : public testing::Test {
     host_->On(
         u"SELECT strEnumNumber FROM EnumTable WHERE LTrim( Rtrim(Enumtable.strViewFieldDesc) "
         u")='状态' order by 1",
-        Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}}));
+        Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}, {NullValue()}}));
     list_.strListWhere = u"1=1";
     list_.ListField = {Column(u"名&称", u"string", u"Name"),
                        Column(u"数量", u"LONG", u"Qty"),
@@ -96,7 +96,7 @@ node 名&称; pick 类似于; from a; leave from¦名&称|类似于 a|string|a¦
 node 名&称; pick 介于; from a; leave from to to; to b; leave to¦名&称|介于 a,b|string|a,b¦(Name > 'a' And Name < 'b')¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 名&称; pick 空值¦名&称|空值|string|¦Name Is Null¦lxtOther¦
 node 数量; pick 小于; from -5; leave from¦数量|小于 -5|LONG|-5¦Qty < -5¦lxtOther txtFrom¦
-node 金额; pick 小于等于; from 1e3; leave from¦金额|小于等于 1e3|Double|1e3¦Amount <= 1e3¦lxtOther txtFrom¦
+node 金额; pick 小于等于; from 1e125; leave from¦金额|小于等于 1e125|Double|1e125¦Amount <= 1e125¦lxtOther txtFrom¦
 node 件|数; pick 介于; from 9; to 10; leave to¦件|数|介于 9,10|INTEGER|9,10¦(Pieces > 9 And Pieces < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 件|数; pick 零或空值¦件|数|零或空值|INTEGER|¦(Pieces Is Null or Pieces=0)¦lxtOther¦
 node 停用; pick 是; pick 否¦停用|否|BOOLEAN|否¦Off = '否'¦lxtOther¦
@@ -111,7 +111,10 @@ node 人员; pick 选择项目¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦
 node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
 node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
 node 状态; pick 4¦状态|4|ENUM|0,'4'¦State = '4'¦lxtOther¦
-node 状态; pick 选择项目¦状态|4,3,所有|ENUM|1,'4','3','所有'¦State In('4','3','所有')¦lxtOther¦right 4; all right; ok
+node 状态; pick 选择项目¦状态|4,3,所有,|ENUM|1,'4','3','所有',''¦State In('4','3','所有','')¦lxtOther¦right 4; all right; ok
+node 状态; pick ¦状态|''|ENUM|0,''¦State = ''¦lxtOther¦
+node 状态; pick 选择项目¦状态|''|ENUM|0,''¦State = ''¦lxtOther¦right ; ok
+node 状态; pick ; pick 选择项目¦状态|,4|ENUM|1,'','4'¦State In('','4')¦lxtOther¦right 4; ok
 node 数量; pick 大于; from 1; leave from; pick 任意¦¦¦lxtOther¦
 node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo¦
 node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
@@ -160,6 +163,8 @@ TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
 node 数量; pick 大于; from 12a; leave from¦from¦请输入一个数字！
 node 数量; pick 大于; from  ; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from 1; to --; leave to¦to¦请输入一个数字！
+node 金额; pick 大于; from 1e400; leave from¦from¦请输入一个数字！
+node 金额; pick 介于; from -1.1e125; to 1; leave to¦from¦请输入一个数字！
 node 金额; pick 大于; from 1,000; leave from¦from¦输入了非法字符,如:'.
 node 名&称; pick 等于; from O'Neil; leave from¦from¦输入了非法字符,如:'.
 node 名&称; pick 介于; from a; to b%; leave to¦to¦输入了非法字符,如:'.
@@ -207,7 +212,8 @@ TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
 6¦2004-02-29¦2004-02-29¦¦-1¦2004-02-29¦2004-03-17
 7¦张三 李四¦1,1,12¦张三 李四¦-1¦¦
 7¦01 张三¦0,1¦01 张三¦1¦¦
-8¦4¦0,'4'¦4¦2¦¦)")) {
+8¦4¦0,'4'¦4¦2¦¦
+8¦''¦0,''¦''¦4¦¦)")) {
     SCOPED_TRACE(row[1]);
     list_ = before;
     ListFieldType& field = list_.ListField.at(std::stoul(row[0]));

@@ -94,7 +94,9 @@ code without ids¦CODE¦部门¦DEPARTMENT¦财务部¦0,¦¦blnIsMuliCond=0¦=�
 flexible field¦CODE¦智能字段¦FLEXIBLEFIELD07¦甲¦0,3¦3¦blnIsMuliCond=0¦=¦=¦T.lngFieldID IN (3)
 manufacturing table¦CODE¦工艺¦mmRoute¦甲¦0,3¦3¦blnIsMuliCond=0¦=¦=¦T.lngRouteID IN (3)
 fixed word of the accounts¦CODE¦科目¦ACCOUNT¦现金¦0,现金¦现金¦blnIsMuliCond=0¦=¦=¦T.lngAccountNatureID=1
+several words of the accounts¦CODE¦科目¦ACCOUNT¦现金 银行¦1,现金,银行¦现金,银行¦blnIsMuliCond=1¦=¦=¦(T.lngAccountNatureID=1 Or T.lngAccountNatureID=2)
 one value¦ENUM¦状态¦¦已审¦0,'3'¦¦strString1='已审', strString2='''3'''¦=¦=¦c in ('3')
+the value without a text¦ENUM¦状态¦¦''¦0,''¦¦strString1='', strString2=''''''¦=¦=¦c in ('')
 a list that holds its own mark is taken as it is¦ENUM¦状态¦¦已审¦0,0,3¦¦strString1='已审', strString2='0,3'¦=¦0,3¦c in (3)
 flags of the auxiliary accounting¦ENUM¦辅助核算¦¦单位,部门¦1,'单位','部门'¦¦strString1='单位,部门', strString2='''单位'',''部门'''¦=¦=¦(T.blnIsCustomer=1  Or T.blnIsDepartment=1 )
 a value without a flag¦ENUM¦辅助核算¦¦其它¦0,'其它'¦¦strString1='其它', strString2='''其它'''¦=¦=¦ 1>2 
@@ -126,6 +128,16 @@ unknown word¦LONG¦数量¦¦大概 5¦5¦¦strDoubleOP=, dbldouble1=5¦¦¦)")
     EXPECT_EQ(ToUtf8(field.strCodeID), row[6]);
     EXPECT_EQ(field.blnIsMuliCond, row[1] == "CODE" && row[5][0] == '1');
   }
+}
+
+TEST(ConditionText, AnApostropheStoredForTheValueWithoutATextIsShownAsThatValue) {
+  StoredCondition stored;
+  stored.string1 = u"'";
+  stored.string2 = u"''";
+  ListFieldType field;
+  field.strFieldType = u"ENUM";
+  RestoreCondition(stored, {}, field);
+  EXPECT_EQ(field.strFilter, u"''");
 }
 
 // The operator word as it is stored, filtered by and shown again.
@@ -189,6 +201,8 @@ TEST(CodeConditions, SpecialTablesAndBrackets) {
   // The condition is "-" for plain ids.
   for (const auto& [table, ids, expected] : Lines<3>(R"(
 Account¦一级科目¦T.intLevel=1
+ACCOUNT¦现金,'银行'¦T.lngAccountNatureID=1 Or T.lngAccountNatureID=2
+ACCOUNT¦现金,其他¦-
 ACCOUNT¦3,4¦-
 CUSTOMER¦客户¦T.strCategory='2'
 CUSTOMER¦散户¦T.strCategory='0'

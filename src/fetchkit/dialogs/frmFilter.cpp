@@ -1,6 +1,7 @@
 #include "fetchkit/dialogs/frmFilter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -21,6 +22,8 @@ namespace {
 
 // With the header: at this size no editor opens any more.
 constexpr int kFullGrid = 27;
+
+constexpr double kLargestNumber = 1E125;
 
 constexpr TextView kFullWarning =
     u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
@@ -131,7 +134,7 @@ bool frmFilter::Init() {
 }
 
 bool frmFilter::IsNum(TextView text) {
-  return IsNumericText(text);
+  return IsNumericText(text) && std::abs(NumericTextToDouble(text)) <= kLargestNumber;
 }
 
 void frmFilter::UserClosed() {

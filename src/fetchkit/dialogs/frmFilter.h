@@ -39,7 +39,8 @@ class frmFilter final : public Form {
   // filterable: then there is nothing to show, and the form counts as confirmed.
   bool Init();
 
-  // Whether the text is a number, in the sense of the text helpers.
+  // Whether the text is a number, in the sense of the text helpers, that a database can hold: at
+  // most 1E125, whatever its sign.
   static bool IsNum(TextView text);
 
   // In the order of the Tab key, which walks Clear in front of OK and Cancel.

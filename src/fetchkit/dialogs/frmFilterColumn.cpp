@@ -65,7 +65,9 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
   isCode_ = type != nullptr && type->EditedBy() == FieldType::Editor::Codes;
   if (isCode_ || (type != nullptr && type->EditedBy() == FieldType::Editor::Values)) {
     const Text bare = ReplaceText(strChoosed, u"'", u"");
-    const auto pieces = Split(bare, u",");
+    auto pieces = Split(bare, u",");
+    // The value without a text, chosen alone, is a pair of quotes.
+    if (pieces.empty() && !strChoosed.empty()) pieces.emplace_back();
     const std::unordered_set<TextView> choosed(pieces.begin(), pieces.end());
     for (int row = 0; row < objPicker.ListCount(); ++row) {
       if (!IsItem(objPicker, row)) continue;

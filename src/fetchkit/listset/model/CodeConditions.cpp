@@ -59,6 +59,18 @@ bool AreNumbers(TextView ids) {
   return std::all_of(items.begin(), items.end(), [](TextView id) { return IsNumericText(id); });
 }
 
+// Nothing unless every item is one of the words.
+std::optional<Text> AccountCondition(TextView table, TextView ids) {
+  Text sql;
+  for (const TextView item : Split(ids, u",")) {
+    const FixedWord* row = FindWord(kAccountWords, WithoutQuotes(item));
+    if (row == nullptr) return std::nullopt;
+    if (!sql.empty()) sql.append(u" Or ");
+    sql.append(table).append(row->sql);
+  }
+  return sql;
+}
+
 Text AssetCondition(TextView table, TextView keyStem, const std::vector<TextView>& ids) {
   const auto parts = [](TextView id) {
     const std::size_t at = id.find(u'-');
@@ -127,9 +139,7 @@ std::optional<Text> FixedCodeCondition(TextView table, TextView column, TextView
     return Join(column, u" in ('", codes, u"')");
   }
   if (AreNumbers(ids)) return std::nullopt;
-  if (EqualFolded(keyword, u"ACCOUNT")) {
-    if (const FixedWord* row = FindWord(kAccountWords, word)) return Join(table, row->sql);
-  }
+  if (EqualFolded(keyword, u"ACCOUNT")) return AccountCondition(table, ids);
   if (EqualFolded(keyword, u"CUSTOMER")) {
     const FixedWord* row = FindWord(kCustomerWords, word);
     return Join(table, row != nullptr ? row->sql : kOtherCustomers);

@@ -19,8 +19,8 @@ inline constexpr std::size_t kIdChunk = 800;
 Text CodeCondition(TextView table, TextView keyStem, TextView ids, TextView keyword);
 
 // The condition that a fixed word stands for in a stored choice ("现金" of the accounts, "客户" of
-// the customers, a currency code, ...); nothing when the ids are plain ids. naturalCurrencyId is
-// what "本位币" means.
+// the customers, a currency code, ...); nothing when the ids are plain ids. Several words of the
+// accounts are joined by a bare " Or ". naturalCurrencyId is what "本位币" means.
 std::optional<Text> FixedCodeCondition(TextView table, TextView column, TextView keyword,
                                        TextView ids, std::int32_t naturalCurrencyId);
 

@@ -24,8 +24,11 @@ class Enumeration final : public FieldType {
   std::vector<Text> Words() const override { return {}; }
 
   std::vector<StoredColumn> Stored(const ListFieldType& field) const override {
-    return {{u"strString1", Quoted(field.strFilter)},
-            {u"strString2", Quoted(WithDoubledQuotes(ReadChoice(field.strExtValue).items))}};
+    const TextView items = ReadChoice(field.strExtValue).items;
+    // Items without a text are shown with their quotes, which no literal takes as they stand.
+    const bool textless = field.strFilter == items && CountUnit(items, u'\'') > 0;
+    return {{u"strString1", Quoted(textless ? TextView() : TextView(field.strFilter))},
+            {u"strString2", Quoted(WithDoubledQuotes(items))}};
   }
 
   Restored Restore(const StoredCondition& stored, const ConditionContext&,
@@ -39,7 +42,9 @@ class Enumeration final : public FieldType {
       sql = field.strListFieldDesc == u"辅助核算"
                 ? CheckFlagCondition(field.strTableName, values)
                 : Join(field.strFieldName, u" in (", values, u")");
-    return {stored.string1.empty() ? Text(values) : stored.string1, extValue, std::move(sql)};
+    // Items without a text are shown as they are. Earlier versions stored an apostrophe for them.
+    const bool textless = stored.string1.empty() || stored.string1 == u"'";
+    return {textless ? Text(values) : stored.string1, extValue, std::move(sql)};
   }
 
   Text Predicate(const ListFieldType& field, TextView, TextView value) const override {
