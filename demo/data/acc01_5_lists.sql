@@ -87,7 +87,12 @@ INSERT INTO ViewField (lngViewID, lngViewFieldID, lngViewFieldNO, strViewFieldDe
   (103, 204, 4, '科目类别', 'AccountType', 'AccountType.strAccountTypeName', 'ENUM', NULL, 0, 0),
   (103, 205, 5, '科目级次', 'Account', 'Account.intLevel', 'INTEGER', NULL, 0, 0),
   (103, 206, 6, '科目', 'Account', 'Account.strAccountName', 'CODE', 'ACCOUNT', 0, 0),
-  (103, 207, 7, '辅助核算', 'Account', 'Account.blnUseFlexibleCheck', 'ENUM', NULL, 0, 0),
+  -- An account that is broken down by several shows the first; a saved condition goes by the flags.
+  (103, 207, 7, '辅助核算', 'Account',
+   'decode(1,Account.blnIsCustomer,''单位'',Account.blnIsDepartment,''部门'',Account.blnIsEmployee,''职员'','
+     || 'Account.blnIsClass1,''统计'',Account.blnIsClass2,''项目'',Account.blnIsFunctional,''功能分类科目'','
+     || 'Account.blnIsGovernmentECO,''政府经济分类科目'',Account.blnIsDepartmentECO,''部门经济分类科目'','
+     || 'Account.blnUseFlexibleCheck,''智能核算'')', 'ENUM', NULL, 0, 0),
   (103, 208, 8, '是否明细', 'Account', 'decode(Account.blnIsDetail,1,''是'',''否'')', 'BOOLEAN', NULL, 0, 0);
 
 INSERT INTO ViewField (lngViewID, lngViewFieldID, lngViewFieldNO, strViewFieldDesc, strTableName,
@@ -126,11 +131,13 @@ FROM ListField WHERE lngListID = 1;
 
 -- List 1: one condition of each of the nine column types. On 2004-03-17 it finds the bank receipts of
 -- the Shanghai companies that were checked on the 15th.
--- Codes: text 1 equals, numbers 2 greater, 3 less, 4 not less; date 6 "this month", whose dates are
--- those of the day it was saved and are reckoned anew at every reading; '0' no date word.
+-- Codes: text 6 begins with, numbers 2 greater, 3 less, 4 not less; date 6 "this month", whose dates
+-- are those of the day it was saved and are reckoned anew at every reading; '0' no date word. The
+-- dialog confirms all of them as they are read: no "equals" on an account's code, which takes the
+-- codes below only when it is read.
 INSERT INTO ListCond (lngListID, lngViewFieldID, strPath, strOthTableName, strStringOp, strString1,
     strString2) VALUES
-  (1, 6, '科目编码', ' ', '1', '1002', NULL),
+  (1, 6, '科目编码', ' ', '6', '1002', NULL),
   (1, 20, '凭证状态', ' ', NULL, '已复核,已记账', '''已复核'',''已记账''');
 INSERT INTO ListCond (lngListID, lngViewFieldID, strPath, strOthTableName, strDoubleOP, dbldouble1)
 VALUES (1, 3, '凭证号', ' ', '4', 2), (1, 19, '附件数', ' ', '3', 8), (1, 16, '借方金额', ' ', '2', 10000);

@@ -45,6 +45,31 @@ TEST_F(FilterDialogs, ScriptedUserFindsRows) {
                   "1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"));
 }
 
+TEST_F(FilterDialogs, ConfirmedUnchangedIsTheSameList) {
+  const ListType before = Settings(Load(101));
+  const std::int64_t rows = Rows();
+  EXPECT_GT(rows, 0);
+  std::istringstream ok("o\n");
+  AskedUser user(console_, ok);
+  EXPECT_TRUE(Show(user));
+  EXPECT_EQ(Rows(), rows);
+  session_.LogInAfresh();
+  EXPECT_TRUE(Settings(Load(101)) == before);
+  EXPECT_EQ(Rows(), rows);
+}
+
+TEST_F(FilterDialogs, AccountsByWhatTheyAreBrokenDownBy) {
+  Load(103);
+  set().SaveList();  // conditions of a list that was never saved are not found again
+  std::istringstream lines("7\n单位\no\n");
+  AskedUser user(console_, lines);
+  EXPECT_TRUE(Show(user, 103));
+  EXPECT_EQ(Rows(), 2);
+  Load(103);
+  EXPECT_EQ(ToUtf8(set().ListPureWhere()), "Account.blnIsCustomer=1 ");
+  EXPECT_EQ(Rows(), 2);
+}
+
 TEST_F(FilterDialogs, AskedUser) {
   // Columns of view 103: 1 code, 2 name, 4 kind, 5 level, 6 account, 8 detail.
   // What it shows, the answers (one line each), what ListPureWhere is then; "-" for cancelled.
@@ -99,6 +124,8 @@ TEST_F(FilterDialogs, EveryListOpens) {
   });
   for (const StatementReport& report : session_.reports())
     EXPECT_TRUE(report.answered) << ToUtf8(report.sql);
+  for (const TextView keyword : {u"CUSTOM0", u"FLEXIBLEFIELD05"})
+    EXPECT_EQ(ReadCodeList(MAction::CurrentSession(), keyword).size(), 12u) << ToUtf8(keyword);
 }
 
 }  // namespace

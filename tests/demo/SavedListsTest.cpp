@@ -27,7 +27,7 @@ TEST_F(SavedLists, OneConditionOfEachKindInTheListsOrder) {
     columns += Join(field.strListFieldDesc, u"=", field.strFilter, u" ");
   EXPECT_EQ(
       ToUtf8(columns),
-      "凭证日期=本月 凭证字= 凭证号=大于等于 2 组织= 科目编码=等于 1002 科目名称= "
+      "凭证日期=本月 凭证字= 凭证号=大于等于 2 组织= 科目编码=打头字符为 1002 科目名称= "
       "部门=国内销售科 国际业务科 借方金额=大于 10000 往来单位= 贷方金额= 摘要= 统计= 项目= "
       "凭证状态=已复核,已记账 职员= 复核日期=2004-03-15 币种= 数量= 金额= 附件数=小于 8 汇率= "
       "是否复核=是 是否记账= 记账日期= 制单人= 复核人编号= 合同号= 年度= 期间= "
