@@ -34,7 +34,8 @@ class ListSet {
 
   // Opens the filter dialog on the record. True: the user confirmed (or there was nothing to
   // filter); the record and its ListPureWhere hold the new conditions, which are saved at once.
-  // False, the record as it was, otherwise and without a view.
+  // Those of a list that was never saved (lngListID 0) go to id 0, where no loading finds them:
+  // call SaveList first. False, the record as it was, otherwise and without a view.
   bool ShowFilter(std::int32_t hWndOwner);
 
   // The id that was set last. Setting it loads the view and the operator's list for it; what a

@@ -13,7 +13,8 @@ namespace fetchkit::MListSet {
 void SaveList(Session& session, ListType& list);
 
 // Replaces the stored conditions by those of the record, in one anonymous block. When the database
-// refuses it, the stored conditions are as the database keeps them after a failed block.
+// refuses it, the stored conditions are as the database keeps them after a failed block. A list
+// that was never saved writes under id 0, which is nobody's.
 void SaveConditions(Session& session, const ListType& list);
 
 }  // namespace fetchkit::MListSet

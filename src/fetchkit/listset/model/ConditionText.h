@@ -21,7 +21,8 @@ Text CustomPeriodText(TextView from, TextView to);
 // The operator word of a shown text, by three rules, which differ where a record holds what no
 // dialog writes; saved lists rely on each of them.
 //
-// The word that is stored: up to the first blank of the trimmed text.
+// The word that is stored: up to the first blank of the trimmed text. Texts have an exception: one
+// that holds "介于 " anywhere, be it in its value, is stored as a pair (types/String.cpp).
 TextView WordToStore(TextView strFilter);
 // The word that restricts: "空值" and "零或空值" alone, otherwise what stands in front of the first
 // blank. Empty, for no restriction, when there is none.
