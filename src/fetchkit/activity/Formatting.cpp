@@ -35,12 +35,13 @@ Text FormatValue(Session& session, double dblValue) {
 }
 
 Text FormatSQL(Session& session, TextView strSql) {
-  return Guarded(u"Activity.FormatSQL", Text(), [&] {
+  // Never less than it was: an emptied condition would let everything through.
+  return Guarded(u"Activity.FormatSQL", Text(), [&](Text& sql) {
+    sql = strSql;
     const std::int32_t type = MAction::ReadAccountType(session);
-    if (type != 1 && type != 6) return Text(strSql);
-    Text sql = ReplaceText(strSql, u"||", u"+");
-    sql = ReplaceFolded(sql, u"Upper(", u"UCase(");
-    return ReplaceFolded(sql, u"Lower(", u"LCase(");
+    if (type != 1 && type != 6) return;
+    const Text joined = ReplaceText(strSql, u"||", u"+");
+    sql = ReplaceFolded(ReplaceFolded(joined, u"Upper(", u"UCase("), u"Lower(", u"LCase(");
   });
 }
 

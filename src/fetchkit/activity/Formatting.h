@@ -18,7 +18,8 @@ Text FormatValue(Session& session, double dblValue);
 
 // SQL of the library's dialect as the account's database takes it. Account types 1 and 6 join texts
 // with "+" and spell Upper and Lower as UCase and LCase; for any other type the text comes back as
-// it is. The empty text when the host does not tell the account type.
+// it is, also when the host does not tell the account type. The empty text only when there is no
+// memory for it.
 Text FormatSQL(Session& session, TextView strSql);
 
 }  // namespace fetchkit::MActivity
