@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/utility/DateKeywords.h"
 #include "support/Table.h"
@@ -133,6 +135,8 @@ TEST_F(StringHelpers, DateIsValid) {
       {"custom range with one date stands for both", u"自定义:2004-01-01", true},
       {"the word with a date behind it", u"2004/1/31自定义", false},
       {"no date", u"所有", false},
+      {"a real date, whose text has hyphens", Date{38017.5}, true},
+      {"NaN", Date{std::numeric_limits<double>::quiet_NaN()}, false},
       {"Null", NullValue(), false},
       {"an array", Value(ValueArray{}), false},
   }

@@ -138,6 +138,8 @@ std::int16_t GetEndDate(Session& session, Value& dBegin, Value& dEnd) {
       if (hasBegin) {
         year = FindAccountYear(session, ToDate(dBegin));
         begin = FormatDate(year.begin);
+      } else {
+        begin = FormatDate(SystemDate());
       }
       if (year.year == startYear) {
         end = DayBefore(start);

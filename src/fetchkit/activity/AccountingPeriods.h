@@ -30,8 +30,8 @@ std::int16_t GetPeriodCount(Session& session, std::int16_t iYear);
 // With an end, whatever it is: the range runs from the first day of the begin's accounting year to
 // the day before the begin, as an opening balance counts; an empty begin is S. A begin before S
 // stays as it is and must lie in the start year: otherwise the answer is 0.
-// A begin in no accounting year, or none at all and no end, gives the day before S and counts as
-// the start year. On failure 0, and both are left alone.
+// A begin in no accounting year, or none at all and no end, gives the system date as dBegin and the
+// day before S as dEnd, and counts as the start year. On failure 0, and both are left alone.
 std::int16_t GetEndDate(Session& session, Value& dBegin, Value& dEnd);
 
 // Period number and bounds of the date, of the first period in number order where two overlap.
@@ -51,7 +51,7 @@ AccountPeriod FindAccountPeriod(Session& session, Date date);
 AccountYear FindAccountYear(Session& session, Date date);
 
 // A period's date as stored: a date text, where older rows have "." between its parts, or a date.
-// ConvertError for anything else.
+// ConvertError for anything else, NaN included.
 Date ReadPeriodDate(const Value& stored);
 
 }  // namespace fetchkit::MActivity

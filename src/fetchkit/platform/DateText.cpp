@@ -7,12 +7,14 @@
 namespace fetchkit {
 
 Date ToDate(const Value& value) {
-  if (const auto* date = std::get_if<Date>(&value.data())) return *date;
   if (const auto* text = std::get_if<Text>(&value.data())) {
     if (const auto date = CurrentPlatform().ParseDate(*text)) return *date;
     throw ConvertError(ErrorKind::TypeMismatch, Join(u"\"", *text, u"\" is no date."));
   }
-  return Date{ToDouble(value)};
+  const Date date{ToDouble(value)};
+  // It would be equal to nothing, and before and after nothing.
+  if (std::isnan(date.serial)) throw ConvertError(ErrorKind::TypeMismatch, u"NaN is no date.");
+  return date;
 }
 
 Text ToDateText(const Value& value) {

@@ -7,7 +7,7 @@
 namespace fetchkit {
 
 // Dates as they are, numbers as day numbers, texts through the platform's parser. ConvertError for
-// a text that is no date (the empty text included) and for what ToDouble refuses.
+// a text that is no date (the empty text included), for NaN and for what ToDouble refuses.
 Date ToDate(const Value& value);
 
 // "yyyy-MM-dd" of ToDate's date; the empty text for Empty and for a text without anything but

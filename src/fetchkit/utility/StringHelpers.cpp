@@ -167,6 +167,10 @@ bool StringHelpers::ArrayIsEmpty(const Value& varArray) {
 
 bool StringHelpers::DateIsValid(const Value& varDate) {
   return Guarded(u"Utility.DateIsValid", false, [&] {
+    if (const auto* date = std::get_if<Date>(&varDate.data())) {
+      YmdOf(*date);  // throws for what no calendar holds
+      return true;
+    }
     const Text text = ToTextOrEmpty(varDate);
     if (std::find(kDateKeywords.begin(), kDateKeywords.end(), text) != kDateKeywords.end())
       return true;

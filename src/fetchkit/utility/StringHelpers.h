@@ -83,9 +83,9 @@ class StringHelpers {
   // items whose bounds are 0 to -1 has bounds and is not empty in this sense.
   static bool ArrayIsEmpty(const Value& varArray);
 
-  // Whether the value may stand as a date condition: a date keyword, a custom range of two dates,
-  // or a date text without "," and "-". "2004-01-31" is refused on purpose: a single date condition
-  // is not entered in that form.
+  // Whether the value may stand as a date condition: a date of the years that dates can hold, a
+  // date keyword, a custom range of two dates, or a date text without "," and "-". The text
+  // "2004-01-31" is refused on purpose: a single date condition is not entered in that form.
   static bool DateIsValid(const Value& varDate);
 
   // A database field's value, or the default for Empty, Null, a missing argument and a text of
