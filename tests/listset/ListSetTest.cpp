@@ -339,8 +339,16 @@ Department¦SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTME
     EXPECT_EQ(set_.FindAllKeyID(FromUtf8(keyword), u"01 02 02-1"), u"");
     Sent();
   }
-  EXPECT_EQ(set_.FindAllKeyID(u"DEPARTMENT", u"  "), u"");
-  EXPECT_TRUE(Sent().empty());
+
+  const std::string select =
+      "SELECT strDEPARTMENTCode  as a1, lngDEPARTMENTID as b1 FROM DEPARTMENT WHERE ";
+  const std::string twice =
+      select + "( strDEPARTMENTCode LIKE '01-%' OR (strDEPARTMENTCode LIKE '01-%'))";
+  host_->On(FromUtf8(twice), Rows({u"a1", u"b1"}, {{u"01-1", std::int32_t{5}}}));
+  EXPECT_EQ(set_.FindAllKeyID(u"Department", u"01 01"), u"5,5") << "a code given twice";
+  host_->On(FromUtf8(select), Refused());
+  EXPECT_EQ(set_.FindAllKeyID(u"Department", u"  "), u"") << "blanks alone: the database refuses";
+  EXPECT_THAT(Sent(), ElementsAre(twice, select));
 }
 
 TEST_F(Lists, ModifyTableName) {

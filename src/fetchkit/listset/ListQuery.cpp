@@ -47,7 +47,6 @@ Text GetListSelect(const ListType& list) {
 Text FindAllKeyID(Session& session, TextView strCodeTableName, TextView strMulCode) {
   return Guarded(u"ListSet.FindAllKeyID", Text(), [&](Text& ids) {
     const auto codes = Split(TrimBlanks(strMulCode), u" ");
-    if (codes.empty()) return;  // nothing can be below no code
     OpenedRecordset rows(MAction::ConnectionOf(session),
                          Join(CodeIdSelect(strCodeTableName),
                               BelowCodes(CodeStem(UpperAscii(strCodeTableName)), codes)),
@@ -76,7 +75,8 @@ Text FindAllKeyID(Session& session, TextView strCodeTableName, TextView strMulCo
 }
 
 Text ModifyTableName(TextView strSelected, TextView strString, TextView Replace) {
-  return Guarded(u"ListSet.ModifyTableName", Text(strSelected), [&](Text& text) {
+  return Guarded(u"ListSet.ModifyTableName", Text(), [&](Text& text) {
+    text = strSelected;
     text = ReplaceFolded(strSelected, strString, Replace);
     if (strString.empty()) return;
     const auto qualified = [](TextView name) {

@@ -13,8 +13,9 @@ Text GetListSelect(const ListType& list);
 
 // The ids, comma-separated, of all codes below the given ones in the code table of that keyword;
 // strMulCode holds codes separated by blanks. The given codes themselves do not appear; a code
-// below two of them appears twice. Empty when there are none and on failure; ids that were read
-// before an error stand.
+// below two of them, or below one that is given twice, appears twice. Empty when there are none and
+// on failure; ids that were read before an error stand. Blanks alone make a statement without a
+// condition, which the database refuses.
 Text FindAllKeyID(Session& session, TextView strCodeTableName, TextView strMulCode);
 
 // strSelected with every strString replaced by Replace, without regard to letter case, and then
