@@ -6,6 +6,7 @@
 
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/Utf8.h"
+#include "support/FailingAllocations.h"
 #include "support/Table.h"
 
 namespace fetchkit::test {
@@ -42,6 +43,8 @@ TEST(Numbers, NumberText) {
                                                {1e15, u"1E+15"},
                                                {123456789012345678.0, u"1.23456789012346E+17"},
                                                {0.001, u"0.001"},
+                                               {1e-15, u"0.000000000000001"},
+                                               {1e-16, u"1E-16"},
                                                {1.5e-20, u"1.5E-20"},
                                                {0.1f, u"0.100000001490116"}};
   for (const auto& [value, expected] : kRows)
@@ -97,6 +100,32 @@ TEST(ValueConversions, BooleansAndTexts) {
   EXPECT_FALSE(IsNumeric(*DateFromYmd(2004, 2, 29)));
   EXPECT_TRUE(IsNumeric(true));
   EXPECT_FALSE(IsNumeric(NullValue()));
+}
+
+TEST(Values, ACopyWithoutMemoryLeavesTheTarget) {
+  const Value longText = u"longer than what fits without memory";
+  for (const Value& before : {Value(), Value(std::int32_t{7}), Value(Text(100, u'x'))}) {
+    Value target = before;
+    bool raised = false;
+    {
+      const FailingAllocations fail(1);
+      try {
+        target = longText;
+      } catch (const std::bad_alloc&) {
+        raised = true;
+      }
+    }
+    EXPECT_TRUE(raised);
+    EXPECT_EQ(ToText(target), ToText(before));
+  }
+  bool raised = false;
+  try {
+    const FailingAllocations fail(1);
+    const Value copy(longText);
+  } catch (const std::bad_alloc&) {
+    raised = true;
+  }
+  EXPECT_TRUE(raised);
 }
 
 }  // namespace

@@ -34,6 +34,18 @@ std::int32_t ValueArray::UpperBound() const {
   return lowerBound + static_cast<std::int32_t>(items.size()) - 1;
 }
 
+// Not the variant's own copy: some standard libraries hold texts for impossible to fail, and end
+// the process when a copy of one does.
+Value& Value::operator=(const Value& other) {
+  std::visit(
+      [this](const auto& data) {
+        auto copy = data;
+        data_ = std::move(copy);
+      },
+      other.data_);
+  return *this;
+}
+
 std::uint8_t ToByte(const Value& value) {
   return ToWhole<std::uint8_t>(value);
 }

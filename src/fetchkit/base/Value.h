@@ -40,7 +40,7 @@ struct IsAlternative<T, std::variant<Alternatives...>>
 }  // namespace detail
 
 // A value type: copying copies. Arrays and objects are shared, and arrays are never changed once
-// they are inside a value.
+// they are inside a value. A copy that throws for want of memory leaves the target as it was.
 class Value {
  public:
   using Array = std::shared_ptr<const ValueArray>;
@@ -50,6 +50,11 @@ class Value {
                    std::int32_t, float, double, Date, Text, Array, Object>;
 
   Value() = default;
+  Value(const Value& other) { *this = other; }
+  Value(Value&&) noexcept = default;
+  Value& operator=(const Value& other);
+  Value& operator=(Value&&) noexcept = default;
+  ~Value() = default;
   Value(const char16_t* text) : data_(Text(text)) {}  // NOLINT(google-explicit-constructor)
   Value(TextView text) : data_(Text(text)) {}         // NOLINT(google-explicit-constructor)
   template <class T>
