@@ -221,6 +221,7 @@ TEST_F(DateRanges, CustomForm) {
       {"no date becomes today", u"自定义:soon,2004-03-31", toToday, toToday},
       {"one date stands for both", u"自定义:2004-01-05", "2004-01-05..2004-01-05",
        "2010-05-06..2010-05-06"},
+      {"an end alone begins today", u"自定义:,2004-03-31", toToday, toToday},
       {"nothing behind the colon", u"自定义:", "2010-05-06..2010-05-06", "2010-05-06..2010-05-06"},
       {"any fourth character is a colon", u"自定义(2004-01-05,2004-03-31", both, both},
       {"words in front", u"日期 自定义:2004-01-05,2004-03-31", "-", both},

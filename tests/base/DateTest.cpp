@@ -37,6 +37,10 @@ TEST(Dates, StepsClampToTheMonthsLastDayAndKeepTheTime) {
   EXPECT_EQ(DefaultDateText(AddMonths(Date{D(2004, 3, 31).serial + 0.5}, -1)),
             u"2004-02-29 12:00:00");
   EXPECT_EQ(DefaultDateText(AddDays(Date{-1.25}, 2)), u"1899-12-31 06:00:00");
+  EXPECT_EQ(DefaultDateText(Date{D(2004, 2, 9).serial + 0.999999}), u"2004-02-09 23:59:59")
+      << "not 24:00:00";
+  EXPECT_EQ(DefaultDateText(AddDays(Date{D(9999, 12, 30).serial + 0.5}, 1)),
+            u"9999-12-31 12:00:00");
   EXPECT_THROW(AddDays(D(9999, 12, 31), 1), Error);
   EXPECT_THROW(AddDays(D(2004, 1, 1), -2147483647), Error);
   EXPECT_THROW(AddMonths(D(100, 1, 31), -1), Error);
@@ -53,6 +57,7 @@ TEST(Dates, PortableParser) {
        {u"2004-2-9 18:00", u"2004/02/09 18:00:00", u"2004年2月9日 18:00", u"2004.2.9  18:0"})
     EXPECT_EQ(DefaultDateText(platform.ParseDate(text).value()), u"2004-02-09 18:00:00")
         << ToUtf8(text);
+  EXPECT_EQ(platform.ParseDate(u"9999-12-31"), D(9999, 12, 31));
   for (const TextView text :
        {u"", u"2004", u"2004-2", u"04-02-09", u"2004-02-30", u"2004-13-01", u"2004-00-01",
         u"2004/2-9", u"2004-2-9x", u"2004-2-9 24:00", u"2004-2-9 1:60", u"2004年2月9", u"20040209",

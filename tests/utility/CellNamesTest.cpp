@@ -95,6 +95,9 @@ TEST_F(CellNames, TextToNumber) {
       {"a whole number", std::int32_t{-7}, -7},
       {"a double is not read back from its text", 1e20, 1e20},
       {"but rounded", 2.00000000049, 2},
+      {"one that scaling would change", u"3587646663496.18", 3587646663496.18},
+      {"a whole one that scaling would change", 8767946696361776.0, 8767946696361776.0},
+      {"one that scaling would make infinite", 1e300, 1e300},
   }
       .Check([](const Value& value, double expected) { EXPECT_EQ(C2Dbl(value), expected); });
 }

@@ -132,6 +132,7 @@ TEST_F(StringHelpers, DateIsValid) {
       {"custom range", u"自定义:2004-01-01,2004-03-31", true},
       {"custom range with a bad end", u"自定义:2004-01-01,2004-02-30", false},
       {"custom range with a bad begin", u"自定义:2004-02-30,2004-03-31", false},
+      {"custom range with an end alone", u"自定义:,2004-03-31", false},
       {"custom range with one date stands for both", u"自定义:2004-01-01", true},
       {"the word with a date behind it", u"2004/1/31自定义", false},
       {"no date", u"所有", false},
