@@ -23,6 +23,27 @@ Text DescribeCurrentError() {
 
 }  // namespace
 
+MemberScope::MemberScope(LastError atBegin) noexcept
+    : thread_(static_cast<ThreadState*>(GetThreadSlot())) {
+  try {
+    if (thread_ == nullptr) thread_ = &CurrentThread();
+  } catch (...) {
+    return;
+  }
+  around_ = thread_->membersAtWork++;
+  if (around_ == 0 && atBegin == LastError::Cleared) thread_->lastError.clear();
+}
+
+MemberScope::~MemberScope() {
+  // The thread may have been released meanwhile.
+  if (thread_ != nullptr && thread_ == GetThreadSlot()) thread_->membersAtWork = around_;
+}
+
+bool MemberScope::Any() noexcept {
+  const void* state = GetThreadSlot();
+  return state != nullptr && static_cast<const ThreadState*>(state)->membersAtWork > 0;
+}
+
 void NoteCurrentError(TextView what) noexcept {
   try {
     ThreadState& thread = CurrentThread();
@@ -30,7 +51,10 @@ void NoteCurrentError(TextView what) noexcept {
     const Text statement = std::exchange(thread.failingStatement, {});
     TellDiagnostics(what, thread.lastError, statement);
   } catch (...) {
-    // Out of memory while noting it: the caller's answer matters more than the note.
+    // Out of memory while noting it: the caller's answer matters more than the note. This one is
+    // short enough to need none.
+    if (void* state = GetThreadSlot())
+      static_cast<ThreadState*>(state)->lastError.assign(u"内存不足");
   }
 }
 

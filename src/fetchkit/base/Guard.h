@@ -4,6 +4,10 @@
 // a neutral value (Guarded), or skips the failing statement and goes on (a sequence of Steps, one
 // per statement). Both note the error as the thread's last one, which WriteLog reads, and tell the
 // thread's diagnostics sink, so that what is silent by design can still be seen by whoever asks.
+//
+// The last error is that of the last public member: the outermost trap on a thread is one's, and
+// begins with the error cleared. Members that need no trap have a MemberScope of their own; plain
+// properties keep the error, and so does WriteLog, which reads it.
 #pragma once
 
 #include <type_traits>
@@ -13,13 +17,37 @@
 
 namespace fetchkit {
 
+struct ThreadState;
+
+// What becomes of the thread's last error when a public member begins.
+enum class LastError { Cleared, Kept };
+
+// A public member at work on the calling thread. Members call each other: only the outermost one
+// touches the last error.
+class MemberScope {
+ public:
+  explicit MemberScope(LastError atBegin = LastError::Cleared) noexcept;
+  ~MemberScope();
+  MemberScope(const MemberScope&) = delete;
+  MemberScope& operator=(const MemberScope&) = delete;
+
+  // Whether there is one on this thread.
+  static bool Any() noexcept;
+
+ private:
+  ThreadState* thread_;  // null: no memory for one
+  int around_ = 0;
+};
+
 // To be called inside a catch block only: notes the exception that is being handled.
 void NoteCurrentError(TextView what) noexcept;
 
 // Runs body and answers with its result, or with neutral when it throws. A body that takes an
 // argument gets the result to build on by reference, and what it has built until an error stands.
+// A neutral value that needs memory belongs into the body.
 template <class Result, class Body>
-Result Guarded(TextView what, Result neutral, Body&& body) {
+Result Guarded(TextView what, Result neutral, Body&& body, LastError atBegin = LastError::Cleared) {
+  const MemberScope scope(atBegin);
   try {
     if constexpr (std::is_invocable_v<Body&, Result&>) {
       body(neutral);
@@ -32,9 +60,19 @@ Result Guarded(TextView what, Result neutral, Body&& body) {
   return neutral;
 }
 
+// For members that fail for want of memory alone and that the library calls, too: Guarded when the
+// host calls. Inside another member the error goes on to that one's trap instead, so that a text
+// there was no memory for is never taken for an empty one.
+template <class Result, class Body>
+Result GuardedOutermost(TextView what, Result neutral, Body&& body) {
+  if (MemberScope::Any()) return body();
+  return Guarded(what, std::move(neutral), body);
+}
+
 // Runs one statement and goes on whatever it throws. Answers whether it came through.
 template <class Body>
 bool Step(TextView what, Body&& body) {
+  const MemberScope scope;
   try {
     body();
     return true;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "fetchkit/base/Guard.h"
+
 namespace fetchkit {
 
 ThreadState& CurrentThread() {
@@ -23,7 +25,9 @@ void EndThreadState(void* state) {
 }
 
 DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink) {
-  return std::exchange(CurrentThread().diagnostics, sink);
+  return Guarded(
+      u"SetDiagnosticsSink", static_cast<DiagnosticsSink*>(nullptr),
+      [&] { return std::exchange(CurrentThread().diagnostics, sink); }, LastError::Kept);
 }
 
 void TellDiagnostics(TextView what, TextView description, TextView statement) {

@@ -35,8 +35,9 @@ class ThreadOwned {
 };
 
 struct ThreadState {
-  Text lastError;                          // description of the last error; empty when none yet
-  Text failingStatement;                   // noted while an error passes its statement's owner
+  Text lastError;         // description of the last member's last error; empty when it had none
+  int membersAtWork = 0;  // public members that are being run, one inside the other
+  Text failingStatement;  // noted while an error passes its statement's owner
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
   std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
   std::unique_ptr<ThreadOwned> services;   // utility/WindowServices.cpp knows its type
@@ -50,7 +51,7 @@ ThreadState& CurrentThread();
 void ReleaseThread();
 
 // Installs the calling thread's sink (null: none) and returns the one before it. The sink must
-// outlive its installation.
+// outlive its installation. Without memory for a thread's first call none is installed.
 DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink);
 
 // Tells the sink of a failure; does not touch the last error.

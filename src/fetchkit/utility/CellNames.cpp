@@ -57,12 +57,15 @@ double RoundToNineDecimals(double value) {
 }  // namespace
 
 Text CellNames::CellNameToAbsolute(TextView strCellName) {
-  const auto [column, row] = CutAtFirstDigit(strCellName);
-  if (column.empty() || !IsNumericText(row)) return {};
-  return Join(u"$", column, u"$", row);
+  return GuardedOutermost(u"Utility.CellNameToAbsolute", Text(), [&]() -> Text {
+    const auto [column, row] = CutAtFirstDigit(strCellName);
+    if (column.empty() || !IsNumericText(row)) return {};
+    return Join(u"$", column, u"$", row);
+  });
 }
 
 bool CellNames::CellNameToRowCol(TextView strCellName, std::int32_t& lngRow, std::int32_t& lngCol) {
+  const MemberScope scope;
   const auto parts = CutAtFirstDigit(strCellName);
   const auto column = ReadPlaces(parts.column, 26, LetterValue);
   const auto row = ReadPlaces(parts.row, 10, DigitValue);
@@ -73,30 +76,34 @@ bool CellNames::CellNameToRowCol(TextView strCellName, std::int32_t& lngRow, std
 }
 
 bool CellNames::CellIsValid(TextView strCell, Text& strMsg) {
-  std::int32_t row = 0;
-  std::int32_t column = 0;
-  // Aside: strMsg may be the text that strCell looks into.
-  Text message;
-  if (strCell.empty()) {
-    message = u"单元格不能为空！";
-  } else if (strCell.find_first_of(u":,") != TextView::npos) {
-    message = u"不允许多单元格！";
-  } else {
-    const bool onSheet = strCell.find(u'!') != TextView::npos;
-    const Text cell = onSheet ? StringHelpers::GetNoXString(strCell, 2, u"!") : Text(strCell);
-    if (!CellNameToRowCol(cell, row, column)) message = u"无效的单元格！";
-  }
-  strMsg = std::move(message);
-  return strMsg.empty();
+  return GuardedOutermost(u"Utility.CellIsValid", false, [&]() -> bool {
+    std::int32_t row = 0;
+    std::int32_t column = 0;
+    // Aside: strMsg may be the text that strCell looks into.
+    Text message;
+    if (strCell.empty()) {
+      message = u"单元格不能为空！";
+    } else if (strCell.find_first_of(u":,") != TextView::npos) {
+      message = u"不允许多单元格！";
+    } else {
+      const bool onSheet = strCell.find(u'!') != TextView::npos;
+      const Text cell = onSheet ? StringHelpers::GetNoXString(strCell, 2, u"!") : Text(strCell);
+      if (!CellNameToRowCol(cell, row, column)) message = u"无效的单元格！";
+    }
+    strMsg = std::move(message);
+    return strMsg.empty();
+  });
 }
 
 Text CellNames::CellColToString(std::int16_t intCol) {
-  if (intCol < 1) return {};
-  Text name;
-  if (intCol > 26)
-    name = CellColToString(static_cast<std::int16_t>(RoundHalfToEven((intCol - 1) / 26.0)));
-  name.push_back(static_cast<char16_t>((intCol - 1) % 26 + 65));
-  return name;
+  return GuardedOutermost(u"Utility.CellColToString", Text(), [&]() -> Text {
+    if (intCol < 1) return {};
+    Text name;
+    if (intCol > 26)
+      name = CellColToString(static_cast<std::int16_t>(RoundHalfToEven((intCol - 1) / 26.0)));
+    name.push_back(static_cast<char16_t>((intCol - 1) % 26 + 65));
+    return name;
+  });
 }
 
 double CellNames::C2Dbl(const Value& varText) {
@@ -122,8 +129,10 @@ double CellNames::FourLostFiveAdd(double dblValue, std::uint8_t bytNaturalCurDec
 }
 
 Text CellNames::FormatDec(std::int16_t intDec) {
-  if (intDec <= 0) return {};
-  return Join(u"#0.", Text(static_cast<std::size_t>(intDec), u'0'));
+  return GuardedOutermost(u"Utility.FormatDec", Text(), [&]() -> Text {
+    if (intDec <= 0) return {};
+    return Join(u"#0.", Text(static_cast<std::size_t>(intDec), u'0'));
+  });
 }
 
 }  // namespace fetchkit

@@ -1,4 +1,5 @@
-// Names of spreadsheet cells, and numbers as formulas hand them over.
+// Names of spreadsheet cells, and numbers as formulas hand them over. Without memory the empty
+// text, False with the outputs untouched, or 0.
 #pragma once
 
 #include <cstdint>

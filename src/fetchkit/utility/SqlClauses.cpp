@@ -109,20 +109,22 @@ Text SqlClauses::DecomposeInClause(TextView strCondName, TextView strIdList, boo
 }
 
 Text SqlClauses::SplitInClause(TextView strList, TextView strSeparator, TextView strField) {
-  constexpr std::size_t kGroup = 800;
-  const std::int32_t separators = StringHelpers::StrCount(strList, strSeparator);
-  if (separators < 999) return Join(strField, u" IN (", strList, u")");
-  const std::size_t items = static_cast<std::size_t>(separators) + 1;
-  const std::size_t groups = (items + kGroup - 1) / kGroup;
-  Text sql;
-  sql.reserve(strList.size() + items + groups * (strField.size() + 10));
-  std::size_t from = 0;
-  for (std::size_t group = 0; group < groups; ++group) {
-    sql.append(group > 0 ? u" Or " : u"").append(strField).append(u" IN (");
-    from = AppendItems(sql, strList, from, kGroup, strSeparator, u",");
-    sql.push_back(u')');
-  }
-  return sql;
+  return GuardedOutermost(u"Utility.SplitInClause", Text(), [&]() -> Text {
+    constexpr std::size_t kGroup = 800;
+    const std::int32_t separators = StringHelpers::StrCount(strList, strSeparator);
+    if (separators < 999) return Join(strField, u" IN (", strList, u")");
+    const std::size_t items = static_cast<std::size_t>(separators) + 1;
+    const std::size_t groups = (items + kGroup - 1) / kGroup;
+    Text sql;
+    sql.reserve(strList.size() + items + groups * (strField.size() + 10));
+    std::size_t from = 0;
+    for (std::size_t group = 0; group < groups; ++group) {
+      sql.append(group > 0 ? u" Or " : u"").append(strField).append(u" IN (");
+      from = AppendItems(sql, strList, from, kGroup, strSeparator, u",");
+      sql.push_back(u')');
+    }
+    return sql;
+  });
 }
 
 Text SqlClauses::FormatDateCond(TextView strDateField, TextView strBeginDate, TextView strEndDate,
@@ -141,43 +143,49 @@ Text SqlClauses::FormatDateCond(TextView strDateField, TextView strBeginDate, Te
 }
 
 Text SqlClauses::FormatCond(TextView strCond) {
-  if (TrimBlanks(strCond).empty()) return u" AND 1=1 ";
-  return Join(u" AND ", strCond, u" ");
+  return GuardedOutermost(u"Utility.FormatCond", Text(), [&]() -> Text {
+    if (TrimBlanks(strCond).empty()) return u" AND 1=1 ";
+    return Join(u" AND ", strCond, u" ");
+  });
 }
 
 Text SqlClauses::FormatLink(TextView strClause, TextView strText, TextView strLinkSign) {
-  if (strClause.empty()) return Text(strText);
-  if (strText.empty()) return Text(strClause);
-  return Join(strText, strLinkSign, strClause);
+  return GuardedOutermost(u"Utility.FormatLink", Text(), [&]() -> Text {
+    if (strClause.empty()) return Text(strText);
+    if (strText.empty()) return Text(strClause);
+    return Join(strText, strLinkSign, strClause);
+  });
 }
 
 Text SqlClauses::FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
-  std::size_t length = 0;
-  // An insertion can become part of a placeholder in two ways only: behind an open brace of the
-  // format, as in "{1{0}}", and by bringing in one itself.
-  bool mayNest = OpenBraceLeadsTo(u'{', false, strFormatText);
-  WalkPlaceholders(
-      strFormatText, arrValues.size(), [&](TextView text) { length += text.size(); },
-      [&](std::size_t number) {
-        length += arrValues[number].size();
-        mayNest = mayNest || OpenBraceLeadsTo(u'}', true, arrValues[number]);
-      });
-  if (mayNest) {
-    // What one value brings in, the next ones may replace: number by number, as it is defined.
-    Text text(strFormatText);
-    for (std::size_t number = 0; number < arrValues.size(); ++number) {
-      const Text placeholder = Join(u"{", number, u"}");
-      if (FindText(text, placeholder) != TextView::npos)
-        text = ReplaceText(text, placeholder, arrValues[number]);
+  return GuardedOutermost(u"Utility.FormatString", Text(), [&]() -> Text {
+    std::size_t length = 0;
+    // An insertion can become part of a placeholder in two ways only: behind an open brace of the
+    // format, as in "{1{0}}", and by bringing in one itself.
+    bool mayNest = OpenBraceLeadsTo(u'{', false, strFormatText);
+    WalkPlaceholders(
+        strFormatText, arrValues.size(), [&](TextView text) { length += text.size(); },
+        [&](std::size_t number) {
+          length += arrValues[number].size();
+          mayNest = mayNest || OpenBraceLeadsTo(u'}', true, arrValues[number]);
+        });
+    if (mayNest) {
+      // What one value brings in, the next ones may replace: number by number, as it is defined.
+      Text text(strFormatText);
+      for (std::size_t number = 0; number < arrValues.size(); ++number) {
+        const Text placeholder = Join(u"{", number, u"}");
+        if (FindText(text, placeholder) != TextView::npos)
+          text = ReplaceText(text, placeholder, arrValues[number]);
+      }
+      return text;
     }
+    Text text;
+    text.reserve(length);
+    WalkPlaceholders(
+        strFormatText, arrValues.size(), [&](TextView piece) { text.append(piece); },
+        [&](std::size_t number) { text.append(arrValues[number]); });
     return text;
-  }
-  Text text;
-  text.reserve(length);
-  WalkPlaceholders(
-      strFormatText, arrValues.size(), [&](TextView piece) { text.append(piece); },
-      [&](std::size_t number) { text.append(arrValues[number]); });
-  return text;
+  });
 }
 
 Text SqlClauses::FormatString(TextView strFormatText, const Value& arrValues) {

@@ -1,7 +1,7 @@
 // Small pieces of WHERE text: IN lists that stay under the database's limit of 1000 items, date
 // ranges, prefixes, links and numbered placeholders.
 //
-// Plain concatenation: nothing is escaped, and no quote is doubled.
+// Plain concatenation: nothing is escaped, and no quote is doubled. The empty text without memory.
 #pragma once
 
 #include <vector>

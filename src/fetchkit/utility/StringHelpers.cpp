@@ -26,36 +26,42 @@ std::size_t FindWith(CompareMethod method, TextView text, TextView find, std::si
 
 bool StringHelpers::ContainErrorChar(TextView strText, TextView strCheckChar,
                                      TextView strFilterChar) {
+  const MemberScope scope;
   // Marks for the ASCII part, where the sets in use lie, so that a long text is walked once.
   std::bitset<0x80> marked;
-  Text others;
+  bool others = false;
   for (const char16_t unit : strCheckChar) {
     if (strFilterChar.find(unit) != TextView::npos) continue;
     if (unit < marked.size()) {
       marked.set(unit);
     } else {
-      others.push_back(unit);
+      others = true;
     }
   }
-  return std::any_of(strText.begin(), strText.end(), [&](char16_t unit) {
-    return unit < marked.size() ? marked[unit] : others.find(unit) != Text::npos;
+  return std::any_of(strText.begin(), strText.end(), [&](char16_t unit) -> bool {
+    if (unit < marked.size()) return marked[unit];
+    return others && strCheckChar.find(unit) != TextView::npos &&
+           strFilterChar.find(unit) == TextView::npos;
   });
 }
 
 Text StringHelpers::GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
-  // Walks no further than the piece that is asked for.
-  std::size_t from = 0;
-  for (int piece = 1;; ++piece) {
-    const std::size_t at =
-        strDelimiter.empty() ? TextView::npos : FindText(strText, strDelimiter, from);
-    if (at == TextView::npos || piece >= intNumber)
-      return Text(TrimBlanks(strText.substr(from, at == TextView::npos ? at : at - from)));
-    from = at + strDelimiter.size();
-  }
+  return GuardedOutermost(u"Utility.GetNoXString", Text(), [&]() -> Text {
+    // Walks no further than the piece that is asked for.
+    std::size_t from = 0;
+    for (int piece = 1;; ++piece) {
+      const std::size_t at =
+          strDelimiter.empty() ? TextView::npos : FindText(strText, strDelimiter, from);
+      if (at == TextView::npos || piece >= intNumber)
+        return Text(TrimBlanks(strText.substr(from, at == TextView::npos ? at : at - from)));
+      from = at + strDelimiter.size();
+    }
+  });
 }
 
 std::int32_t StringHelpers::GetNoXPos(TextView strText, std::int16_t intNumber,
                                       TextView strDelimiter) {
+  const MemberScope scope;
   std::size_t from = 0;
   for (int hit = 1; hit <= intNumber; ++hit) {
     // A search that starts behind the text finds nothing, not even the empty delimiter.
@@ -69,6 +75,7 @@ std::int32_t StringHelpers::GetNoXPos(TextView strText, std::int16_t intNumber,
 }
 
 std::int32_t StringHelpers::StrCount(TextView strText, TextView strDelimiter) {
+  const MemberScope scope;
   if (strText.empty()) return -1;
   if (strDelimiter.empty()) return 0;
   if (strDelimiter.size() == 1)
@@ -82,6 +89,7 @@ std::int32_t StringHelpers::StrCount(TextView strText, TextView strDelimiter) {
 
 std::int32_t StringHelpers::TextCount(TextView strText, TextView strFind,
                                       CompareMethod enmCompareMethod) {
+  const MemberScope scope;
   std::int32_t count = 0;
   for (std::size_t from = 0; from < strText.size();) {
     const std::size_t at = FindWith(enmCompareMethod, strText, strFind, from);
@@ -93,74 +101,93 @@ std::int32_t StringHelpers::TextCount(TextView strText, TextView strFind,
 }
 
 std::int32_t StringHelpers::CharCount(TextView strText, TextView strChar) {
+  const MemberScope scope;
   if (strChar.size() != 1) return 0;
   return static_cast<std::int32_t>(CountUnit(strText, strChar.front()));
 }
 
 std::int32_t StringHelpers::StrLen(TextView strText) {
-  return static_cast<std::int32_t>(
-      CurrentPlatform().AnsiLength(strText.substr(0, FindText(strText, TextView(u"\0", 1)))));
+  return GuardedOutermost(u"Utility.StrLen", std::int32_t{0}, [&]() -> std::int32_t {
+    return static_cast<std::int32_t>(
+        CurrentPlatform().AnsiLength(strText.substr(0, FindText(strText, TextView(u"\0", 1)))));
+  });
 }
 
 Text StringHelpers::StrLeft(TextView strText, std::int32_t n) {
-  const TextView left = strText.substr(0, static_cast<std::size_t>(std::max(n, 0)));
-  return Join(left, TextView(u"\0", 1));
+  return GuardedOutermost(u"Utility.StrLeft", Text(), [&]() -> Text {
+    const TextView left = strText.substr(0, static_cast<std::size_t>(std::max(n, 0)));
+    return Join(left, TextView(u"\0", 1));
+  });
 }
 
 Text StringHelpers::GetFilePath(TextView strFile) {
-  return Text(strFile.substr(0, strFile.rfind(u'\\') + 1));
+  return GuardedOutermost(u"Utility.GetFilePath", Text(), [&]() -> Text {
+    return Text(strFile.substr(0, strFile.rfind(u'\\') + 1));
+  });
 }
 
 Text StringHelpers::GetFileName(TextView strFile) {
-  return Text(strFile.substr(strFile.rfind(u'\\') + 1));
+  return GuardedOutermost(u"Utility.GetFileName", Text(),
+                          [&]() -> Text { return Text(strFile.substr(strFile.rfind(u'\\') + 1)); });
 }
 
 Text StringHelpers::GetStrAfter(TextView strInfo, TextView strSearch, bool bMustFind) {
-  const std::size_t at = FindText(strInfo, strSearch);
-  if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
-  return Text(strInfo.substr(at + strSearch.size()));
+  return GuardedOutermost(u"Utility.GetStrAfter", Text(), [&]() -> Text {
+    const std::size_t at = FindText(strInfo, strSearch);
+    if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
+    return Text(strInfo.substr(at + strSearch.size()));
+  });
 }
 
 Text StringHelpers::GetStrBefore(TextView strInfo, TextView strSearch, bool bMustFind) {
-  if (strInfo.empty() || strSearch.empty()) return {};
-  const std::size_t at = FindText(strInfo, strSearch);
-  if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
-  return Text(strInfo.substr(0, at));
+  return GuardedOutermost(u"Utility.GetStrBefore", Text(), [&]() -> Text {
+    if (strInfo.empty() || strSearch.empty()) return {};
+    const std::size_t at = FindText(strInfo, strSearch);
+    if (at == TextView::npos) return bMustFind ? Text() : Text(strInfo);
+    return Text(strInfo.substr(0, at));
+  });
 }
 
 Text StringHelpers::GetStrBetween(TextView strSource, TextView strFrom, TextView strTo,
                                   bool bInclude, [[maybe_unused]] bool bMustFind) {
-  if (strSource.empty()) return {};
-  const std::size_t from = FindText(strSource, strFrom);
-  if (from == TextView::npos) return {};
-  const std::size_t inner = from + strFrom.size();
-  // Behind the end nothing is found, not even an empty mark.
-  const std::size_t to =
-      inner < strSource.size() ? FindText(strSource, strTo, inner) : TextView::npos;
-  // Both marks are there from here on: what bMustFind would excuse cannot happen any more.
-  if (to == TextView::npos) return {};
-  return Text(bInclude ? strSource.substr(from, to + strTo.size() - from)
-                       : strSource.substr(inner, to - inner));
+  return GuardedOutermost(u"Utility.GetStrBetween", Text(), [&]() -> Text {
+    if (strSource.empty()) return {};
+    const std::size_t from = FindText(strSource, strFrom);
+    if (from == TextView::npos) return {};
+    const std::size_t inner = from + strFrom.size();
+    // Behind the end nothing is found, not even an empty mark.
+    const std::size_t to =
+        inner < strSource.size() ? FindText(strSource, strTo, inner) : TextView::npos;
+    // Both marks are there from here on: what bMustFind would excuse cannot happen any more.
+    if (to == TextView::npos) return {};
+    return Text(bInclude ? strSource.substr(from, to + strTo.size() - from)
+                         : strSource.substr(inner, to - inner));
+  });
 }
 
 Text StringHelpers::GetSpace(TextView strText, std::int16_t intNumber) {
-  Text repeated;
-  if (intNumber > 0) repeated.reserve(strText.size() * static_cast<std::size_t>(intNumber));
-  for (int i = 0; i < intNumber; ++i)
-    repeated.append(strText);
-  return repeated;
+  return GuardedOutermost(u"Utility.GetSpace", Text(), [&]() -> Text {
+    Text repeated;
+    if (intNumber > 0) repeated.reserve(strText.size() * static_cast<std::size_t>(intNumber));
+    for (int i = 0; i < intNumber; ++i)
+      repeated.append(strText);
+    return repeated;
+  });
 }
 
 bool StringHelpers::StrInStr(TextView strSource, TextView strText, TextView strDelimiter,
                              CompareMethod enmCompareMethod) {
-  const bool folded = enmCompareMethod != CompareMethod::Binary;
-  const auto pieces = Split(strSource, strDelimiter, folded);
-  return std::any_of(pieces.begin(), pieces.end(), [&](TextView piece) {
-    return folded ? EqualFolded(piece, strText) : piece == strText;
+  return GuardedOutermost(u"Utility.StrInStr", false, [&]() -> bool {
+    const bool folded = enmCompareMethod != CompareMethod::Binary;
+    const auto pieces = Split(strSource, strDelimiter, folded);
+    return std::any_of(pieces.begin(), pieces.end(), [&](TextView piece) {
+      return folded ? EqualFolded(piece, strText) : piece == strText;
+    });
   });
 }
 
 bool StringHelpers::ArrayIsEmpty(const Value& varArray) {
+  const MemberScope scope;
   const auto* array = std::get_if<Value::Array>(&varArray.data());
   return array == nullptr || *array == nullptr || !(*array)->dimensioned;
 }
@@ -186,14 +213,16 @@ bool StringHelpers::DateIsValid(const Value& varDate) {
 }
 
 Value StringHelpers::NotNull(const Value& varValue, const Value& varDefaultValue) {
-  if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
-  if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
-    return varDefaultValue;
-  // Whole numbers are what their text reads as; the lists ask for thousands of them.
-  if (varValue.Is<std::int32_t>() || varValue.Is<std::int16_t>() || varValue.Is<std::uint8_t>())
-    return ToDouble(varValue);
-  if (IsNumeric(varValue)) return LeadingNumber(ToText(varValue));
-  return varValue;
+  return GuardedOutermost(u"Utility.NotNull", Value(), [&]() -> Value {
+    if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
+    if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
+      return varDefaultValue;
+    // Whole numbers are what their text reads as; the lists ask for thousands of them.
+    if (varValue.Is<std::int32_t>() || varValue.Is<std::int16_t>() || varValue.Is<std::uint8_t>())
+      return ToDouble(varValue);
+    if (IsNumeric(varValue)) return LeadingNumber(ToText(varValue));
+    return varValue;
+  });
 }
 
 }  // namespace fetchkit

@@ -2,7 +2,7 @@
 //
 // Positions are 1-based and counted in UTF-16 units; 0 means not found. Binary comparison is the
 // exact comparison of code units. None of these reports an error; on bad input each answers with
-// the value that is named with it.
+// the value that is named with it, and without memory with the empty text, 0, False or Empty.
 #pragma once
 
 #include <cstdint>

@@ -84,23 +84,29 @@ LogComponent& LogOfThread() {
 }  // namespace
 
 std::int32_t WindowServices::GetActiveWindowHandle() {
+  const MemberScope scope;
   return Windows().GetActiveWindow();
 }
 
 std::int32_t WindowServices::GetDesktopWindowHandle() {
+  const MemberScope scope;
   return Windows().GetDesktopWindow();
 }
 
 std::int32_t WindowServices::GetForegroundWindowHandle() {
+  const MemberScope scope;
   return Windows().GetForegroundWindow();
 }
 
 std::int32_t WindowServices::FindWindowHandle(TextView strCaption) {
-  // The search starts behind the child that is passed: 0 includes the desktop's first one.
-  return Windows().FindWindowEx(0, 0, kFormClass, strCaption);
+  return Guarded(u"Utility.FindWindowHandle", std::int32_t{0}, [&] {
+    // The search starts behind the child that is passed: 0 includes the desktop's first one.
+    return Windows().FindWindowEx(0, 0, kFormClass, strCaption);
+  });
 }
 
 bool WindowServices::IsTopMostWindow(std::int32_t& hWnd) {
+  const MemberScope scope;
   WindowSystem& windows = Windows();
   if (hWnd != 0) return windows.IsWindow(hWnd) == 1 && HasTopMostBit(hWnd);
   hWnd = windows.GetForegroundWindow();
@@ -113,6 +119,7 @@ void WindowServices::SetWindowTopPos(std::int32_t hWnd, bool blnOnTop,
                                      WindowPositionConstants enmPosition, std::int32_t lngLeft,
                                      std::int32_t lngTop, std::int32_t lngWidth,
                                      std::int32_t lngHeight) {
+  const MemberScope scope;
   WindowSystem& windows = Windows();
   if (windows.IsWindow(hWnd) == 0) return;
   const WindowRect own = RectOf(hWnd);
@@ -146,15 +153,18 @@ void WindowServices::SetWindowTopPos(std::int32_t hWnd, bool blnOnTop,
 }
 
 void WindowServices::SetPopupWindow(std::int32_t hWnd, bool blnEnabled) {
+  const MemberScope scope;
   SwitchBits(hWnd, kStyle, kPopupBits, blnEnabled);
 }
 
 void WindowServices::SetToolWindow(std::int32_t hWnd, bool blnEnabled) {
+  const MemberScope scope;
   SwitchBits(hWnd, kExtendedStyle, kToolWindowBit, blnEnabled);
 }
 
 bool WindowServices::GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std::int32_t& lngTop,
                                    std::int32_t& lngWidth, std::int32_t& lngHeight) {
+  const MemberScope scope;
   WindowSystem& windows = Windows();
   if (windows.IsWindow(hWnd) != 1) return false;
   WindowRect rect;
@@ -170,16 +180,20 @@ bool WindowServices::GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std
 
 std::int32_t WindowServices::MessageBox(TextView strMessage, std::int32_t enmButtons,
                                         TextView strTitle, std::int32_t hWnd) {
+  const MemberScope scope;
   // In this order: the first call replaces a handle of 0, the second tests what it put there.
   const bool topMost = IsTopMostWindow(hWnd);
   const bool stepsAside = Windows().IsWindow(hWnd) == 1 && topMost;
   if (stepsAside) SetWindowTopPos(hWnd, false, wpDefault, 0, 0, 0, 0);
-  const std::int32_t answer = Windows().MessageBox(strMessage, enmButtons, strTitle);
+  const std::int32_t answer = Guarded(u"Utility.MessageBox", std::int32_t{0}, [&] {
+    return Windows().MessageBox(strMessage, enmButtons, strTitle);
+  });
   if (stepsAside) SetWindowTopPos(hWnd, true, wpDefault, 0, 0, 0, 0);
   return answer;
 }
 
 Text WindowServices::Security(TextView strText) {
+  const MemberScope scope;
   // Each character needs the one kKeyShift behind its own in the key.
   if (strText.size() > kKey.size() - kKeyShift)
     throw Error(ErrorKind::InvalidCall, u"A text of more than 23 characters cannot be scrambled.");
@@ -198,12 +212,15 @@ Text WindowServices::Security(TextView strText) {
 }
 
 bool WindowServices::WriteLog(TextView strA, TextView strB, std::int32_t lngC) {
-  return Guarded(u"Utility.WriteLog", false, [&] {
-    // Copied: the component may call back and meet another error meanwhile.
-    const Text& last = CurrentThread().lastError;
-    const Text message = last.empty() ? u"无" : last;
-    return LogOfThread().Write(message, strA, strB, lngC);
-  });
+  return Guarded(
+      u"Utility.WriteLog", false,
+      [&] {
+        // Copied: the component may call back and meet another error meanwhile.
+        const Text& last = CurrentThread().lastError;
+        const Text message = last.empty() ? u"无" : last;
+        return LogOfThread().Write(message, strA, strB, lngC);
+      },
+      LastError::Kept);
 }
 
 }  // namespace fetchkit

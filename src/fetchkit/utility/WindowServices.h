@@ -1,8 +1,8 @@
 // Top-level windows, message boxes, the error log and the scrambling of short texts.
 //
 // Window handles are 32-bit and 0 means no window; coordinates are pixels. All windows are reached
-// through the platform. Except for WriteLog, nothing here is trapped: Error (Overflow) when the
-// arithmetic of a rectangle leaves 32 bits.
+// through the platform. What throws says so: Error (Overflow) comes from every member that computes
+// with a rectangle, when its arithmetic leaves 32 bits.
 #pragma once
 
 #include <cstdint>
@@ -51,7 +51,8 @@ class WindowServices {
   static bool GetWindowArea(std::int32_t hWnd, std::int32_t& lngLeft, std::int32_t& lngTop,
                             std::int32_t& lngWidth, std::int32_t& lngHeight);
 
-  // Shows a message box and answers with the number of the button that was pressed. hWnd, or the
+  // Shows a message box and answers with the number of the button that was pressed, 0 when it could
+  // not be shown. hWnd, or the
   // foreground window for 0, is taken out of the top-most band meanwhile, so that it does not hide
   // the box. enmButtons: the platform's number for buttons and icon.
   static std::int32_t MessageBox(TextView strMessage, std::int32_t enmButtons, TextView strTitle,
@@ -71,12 +72,14 @@ class WindowServices {
 
   // Scrambles a text; applied twice it gives the text back, as long as the ANSI code page has its
   // characters. Error (InvalidCall) above 23 characters, which is a limit that hosts know, and when
-  // the result would hold a code that no character has: better no text than one that is lost.
+  // the result would hold a code that no character has: better no text than one that is lost. For
+  // the same reason std::bad_alloc without memory.
   static Text Security(TextView strText);
 
-  // Hands the description of the thread's last error ("无" without one), both texts and the number
-  // to the log component of the host's environment, which is created on first use and kept for the
-  // thread. The component's answer; False when there is no component or it fails.
+  // Hands the description of the thread's last error, both texts and the number to the log
+  // component of the host's environment, which is created on first use and kept for the thread. The
+  // last error is that of the last public member but this one and the plain properties; "无" when
+  // that met none. The component's answer; False when there is no component or it fails.
   static bool WriteLog(TextView strA, TextView strB, std::int32_t lngC);
 };
 
