@@ -9,6 +9,7 @@
 #include "fetchkit/rights/OrganizationRight.h"
 #include "fetchkit/session/model/Business.h"
 #include "fetchkit/session/model/Session.h"
+#include "support/FailingAllocations.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {
@@ -270,6 +271,61 @@ TEST_F(Choosers, PickerFindsByTyping) {
                                                         {u"b3", -1}, {u"", -1},  {u"7", -1}};
   for (const auto& [typed, row] : kTyped)
     EXPECT_EQ(picker.FindTyped(typed), row) << ToUtf8(typed);
+}
+
+// A row or an item is on either side, once, whatever fails; OK says what it says in peace.
+TEST_F(Choosers, ActsWithoutMemoryLoseNothing) {
+  Fill(5, true);
+  bool failed = true;
+  for (int number = 1; failed && number < 1000; ++number) {
+    failed = false;
+    const auto spoilt = [&](auto& form, int items, auto countLeft, auto countRight) {
+      for (CommandButton* button :
+           {&form.cmdRightAll, &form.cmdLeftAll, &form.cmdRightOne, &form.cmdLeftOne}) {
+        const FailingAllocations memory(number);
+        button->UserPressed();
+        failed = failed || memory.Failed();
+        ASSERT_EQ(countLeft() + countRight(), items);
+      }
+    };
+    frmFilterColumn columns(player_, owner_);
+    player_.onChooser = [&](frmFilterColumn& form) {
+      spoilt(
+          form, 5, [&] { return form.msgAll.Rows(); }, [&] { return form.msgSelected.Rows(); });
+      form.cmdRightAll.UserPressed();
+      {
+        const FailingAllocations memory(number);
+        form.cmdOK.UserPressed();
+        failed = failed || memory.Failed();
+      }
+    };
+    player_.chooser = "ok";
+    Text names, ids;
+    EXPECT_TRUE(columns.ShowFiltration(u"CODE", owner_.lxtOther, u"", names, ids));
+    EXPECT_EQ(names.size(), 14u) << ToUtf8(names);
+
+    frmMultiChoose multi(player_);
+    ValueArray items;
+    items.dimensioned = true;
+    items.items = {u"", u"one that needs memory", u"two that needs memory"};
+    player_.onMulti = [&](frmMultiChoose& form) {
+      spoilt(
+          form, 2, [&] { return form.lstAll.ListCount(); },
+          [&] { return form.lstSelected.ListCount(); });
+      form.cmdRightAll.UserPressed();
+      {
+        const FailingAllocations memory(number);
+        form.cmdOk.UserPressed();
+        failed = failed || memory.Failed();
+      }
+    };
+    player_.multi = "ok";
+    const MultiChooseResult result =
+        multi.ShowMultiChoose({nullptr, u"编号", u"", true, Value(std::move(items)), 0});
+    EXPECT_TRUE(result.bOk);
+    EXPECT_EQ(result.strShowCond.size(), 43u) << ToUtf8(result.strShowCond);
+  }
+  EXPECT_FALSE(failed);
 }
 
 }  // namespace

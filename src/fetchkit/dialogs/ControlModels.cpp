@@ -122,6 +122,8 @@ void MSFlexGrid::RemoveItem(int row) {
 
 void MSFlexGrid::MoveRowsTo(MSFlexGrid& other, int first, int count) {
   if (count <= 0 || !IsDataRow(first) || !IsDataRow(first + count - 1)) return;
+  // First of all: without memory no row may be on its way.
+  other.cells_.reserve(other.cells_.size() + At(count));
   const auto begin = cells_.begin() + first;
   std::move(begin, begin + count, std::back_inserter(other.cells_));
   cells_.erase(begin, begin + count);
@@ -185,6 +187,8 @@ void ListBox::RemoveItem(int item) {
 
 void ListBox::MoveAllTo(ListBox& other) {
   if (items_.empty()) return;
+  // First of all: without memory no item may be on its way.
+  other.items_.reserve(other.items_.size() + items_.size());
   std::move(items_.begin(), items_.end(), std::back_inserter(other.items_));
   Clear();
   other.KeepIndexInside();

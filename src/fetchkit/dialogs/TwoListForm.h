@@ -1,6 +1,7 @@
 // What the two dialogs with a list on either side share.
 #pragma once
 
+#include "fetchkit/base/Guard.h"
 #include "fetchkit/dialogs/ControlModels.h"
 #include "fetchkit/dialogs/Form.h"
 
@@ -28,12 +29,19 @@ class TwoListForm : public Form {
     cmdLeftAll.ToolTipText(u"全部移除");
   }
 
+  // A handler whose errors end the act alone.
+  template <class Handler>
+  auto Act(Handler handler) {
+    return [this, handler](auto... arguments) { Step(Name(), [&] { handler(arguments...); }); };
+  }
+
   // Lets two of the buttons, and a double click in either list, move the current item: what calls
   // move(from, to).
   template <class List, class Move>
   void WireMoves(List& all, List& selected, Move move) {
-    cmdRightOne.OnClick = all.OnDoubleClick = [&all, &selected, move] { move(all, selected); };
-    cmdLeftOne.OnClick = selected.OnDoubleClick = [&all, &selected, move] { move(selected, all); };
+    cmdRightOne.OnClick = all.OnDoubleClick = Act([&all, &selected, move] { move(all, selected); });
+    cmdLeftOne.OnClick = selected.OnDoubleClick =
+        Act([&all, &selected, move] { move(selected, all); });
   }
 
   // Current item, -1 for none, and number of items of the left and of the right list.

@@ -45,13 +45,13 @@ frmFilterColumn::frmFilterColumn(FormView& view, const frmFilter& owner)
     from.MoveRowsTo(to, from.Row(), 1);
     EnableButtons();
   });
-  cmdRightAll.OnClick = [this] { MoveAllRight(); };
-  cmdLeftAll.OnClick = [this] {
+  cmdRightAll.OnClick = Act([this] { MoveAllRight(); });
+  cmdLeftAll.OnClick = Act([this] {
     msgSelected.MoveRowsTo(msgAll, 0, msgSelected.Rows());
     EnableButtons();
-  };
-  cmdOK.OnClick = [this] { Ok(); };
-  cmdCancel.OnClick = [this] { Close(); };
+  });
+  cmdOK.OnClick = Act([this] { Ok(); });
+  cmdCancel.OnClick = Act([this] { Close(); });
 }
 
 bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicker,
@@ -103,6 +103,9 @@ void frmFilterColumn::EnableButtons() {
 }
 
 void frmFilterColumn::Ok() {
+  // One that an error cut short may have left something.
+  ids_.clear();
+  names_.clear();
   const TextView quote = isCode_ ? u"" : u"'";
   const TextView between = isCode_ ? u" " : u",";
   for (int row = 0; row < msgSelected.Rows(); ++row) {

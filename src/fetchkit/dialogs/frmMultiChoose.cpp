@@ -24,20 +24,20 @@ frmMultiChoose::frmMultiChoose(FormView& view)
   SetTabOrder({&lblAll, &lstAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
                &lstSelected, &cmdSerial[0], &cmdSerial[1], &cmdOk, &cmdCancel});
   WireMoves(lstAll, lstSelected, [this](ListBox& from, ListBox& to) { MoveItem(from, to); });
-  cmdRightAll.OnClick = [this] {
+  cmdRightAll.OnClick = Act([this] {
     lstAll.MoveAllTo(lstSelected);
     RefreshButtons();
-  };
-  cmdLeftAll.OnClick = [this] {
+  });
+  cmdLeftAll.OnClick = Act([this] {
     lstSelected.MoveAllTo(lstAll);
     RefreshButtons();
-  };
-  cmdSerial[0].OnClick = [this] { Exchange(-1); };
-  cmdSerial[1].OnClick = [this] { Exchange(1); };
-  lstAll.OnSelect = lstSelected.OnSelect = [this] { RefreshButtons(); };
-  lstAll.OnPointer = [this](int item) { PointAt(item); };
-  cmdOk.OnClick = [this] { Ok(); };
-  cmdCancel.OnClick = [this] { Close(); };
+  });
+  cmdSerial[0].OnClick = Act([this] { Exchange(-1); });
+  cmdSerial[1].OnClick = Act([this] { Exchange(1); });
+  lstAll.OnSelect = lstSelected.OnSelect = Act([this] { RefreshButtons(); });
+  lstAll.OnPointer = Act([this](int item) { PointAt(item); });
+  cmdOk.OnClick = Act([this] { Ok(); });
+  cmdCancel.OnClick = Act([this] { Close(); });
 }
 
 MultiChooseResult frmMultiChoose::ShowMultiChoose(const MultiChooseRequest& request) {
@@ -127,6 +127,9 @@ void frmMultiChoose::RefreshButtons() {
 }
 
 void frmMultiChoose::Ok() {
+  // One that an error cut short may have left something.
+  condition_.clear();
+  show_.clear();
   for (const Text& each : lstSelected.Items()) {
     const TextView item = TrimBlanks(each);
     condition_.append(condition_.empty() ? u"(" : u" 或 ")
