@@ -80,13 +80,20 @@ Text ListSet::GetListSelect() const {
   return MListSet::GetListSelect(list_);
 }
 
+ListType ListSet::List() const {
+  return Guarded(
+      u"ListSet.List", ListType(), [&] { return list_; }, LastError::Kept);
+}
+
 void ListSet::RefreshListField() {
   Step(u"ListSet.RefreshListField",
        [&] { MListSet::RefreshListField(MAction::CurrentSession(), list_); });
 }
 
 Text ListSet::FindAllKeyID(TextView strCodeTableName, TextView strMulCode) const {
-  return MListSet::FindAllKeyID(MAction::CurrentSession(), strCodeTableName, strMulCode);
+  return Guarded(u"ListSet.FindAllKeyID", Text(), [&] {
+    return MListSet::FindAllKeyID(MAction::CurrentSession(), strCodeTableName, strMulCode);
+  });
 }
 
 Text ListSet::ModifyTableName(TextView strSelected, TextView strString, TextView Replace) const {
@@ -98,11 +105,14 @@ void ListSet::SaveList() {
 }
 
 Text ListSet::CondStrToNum(TextView strOperate) const {
-  return Text(fetchkit::CondStrToNum(strOperate));
+  return Guarded(u"ListSet.CondStrToNum", Text(),
+                 [&] { return Text(fetchkit::CondStrToNum(strOperate)); });
 }
 
 FormView* SetFormView(FormView* view) {
-  return std::exchange(MAction::CurrentSession().View, view);
+  return Guarded(
+      u"SetFormView", static_cast<FormView*>(nullptr),
+      [&] { return std::exchange(MAction::CurrentSession().View, view); }, LastError::Kept);
 }
 
 }  // namespace fetchkit

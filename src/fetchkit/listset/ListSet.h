@@ -51,8 +51,9 @@ class ListSet {
   // failure.
   Text GetListSelect() const;
 
-  // A deep copy either way: neither side sees what the other changes later.
-  ListType List() const { return list_; }
+  // A deep copy either way: neither side sees what the other changes later. Without memory for the
+  // copy an empty record, which the diagnostics sink is told of.
+  ListType List() const;
   void List(ListType record) { list_ = std::move(record); }
 
   // Loads the columns and conditions again; unsaved edits are gone. When they cannot be read, the
@@ -82,7 +83,8 @@ class ListSet {
 };
 
 // Installs who draws the dialogs of the calling thread (null: nobody, and there are no dialogs) and
-// returns who did before. Not owned; must outlive its installation.
+// returns who did before. Not owned; must outlive its installation. Without memory for a thread's
+// first call nobody is installed.
 FormView* SetFormView(FormView* view);
 
 }  // namespace fetchkit

@@ -128,7 +128,7 @@ Text OperatorRight::GetUserQueryRight(TextView strTableName) {
 }
 
 void OperatorRight::Clear() {
-  queryRights_.clear();
+  Step(u"OperatorRight.Clear", [&] { queryRights_.clear(); });
 }
 
 namespace MAction {

@@ -6,10 +6,11 @@
 namespace fetchkit {
 namespace {
 
-// Runs get on the calling thread's session.
+// Runs get on the calling thread's session: what plain properties are made of.
 template <class Result, class Get>
 Result FromSession(TextView what, Get&& get) {
-  return Guarded(what, Result(), [&]() -> Result { return get(MAction::CurrentSession()); });
+  return Guarded(
+      what, Result(), [&]() -> Result { return get(MAction::CurrentSession()); }, LastError::Kept);
 }
 
 template <class Object>

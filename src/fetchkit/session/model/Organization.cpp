@@ -32,10 +32,15 @@ constexpr RecordColumn<Organization> kColumns[] = {
 }  // namespace
 
 std::uint8_t Organization::OrganizationProperty() const {
-  const auto business = MAction::Business(MAction::CurrentSession());
-  return business->GroupDBType() == 1 && business->AccountProperty() == 1
-             ? std::uint8_t{2}
-             : business->AccountProperty();
+  return Guarded(
+      u"Organization.OrganizationProperty", std::uint8_t{0},
+      [] {
+        const auto business = MAction::Business(MAction::CurrentSession());
+        return business->GroupDBType() == 1 && business->AccountProperty() == 1
+                   ? std::uint8_t{2}
+                   : business->AccountProperty();
+      },
+      LastError::Kept);
 }
 
 std::int16_t Organization::BeginYear() const {
@@ -43,8 +48,13 @@ std::int16_t Organization::BeginYear() const {
 }
 
 Text Organization::LowerOrganizationId() const {
-  const Text& below = NextLevelOrganizationId();
-  return below.empty() ? Join(OrganizationID()) : Join(OrganizationID(), u",", below);
+  return Guarded(
+      u"Organization.LowerOrganizationId", Text(),
+      [&] {
+        const Text& below = NextLevelOrganizationId();
+        return below.empty() ? Join(OrganizationID()) : Join(OrganizationID(), u",", below);
+      },
+      LastError::Kept);
 }
 
 namespace MAction {

@@ -21,7 +21,7 @@ class Organization {
   Property<Text> OrganizationFullName;
 
   // The account's property of the calling thread's session, but 2 when its group database type
-  // and its property are both 1.
+  // and its property are both 1. 0 without memory.
   std::uint8_t OrganizationProperty() const;
 
   Property<std::int16_t> Level;  // 1 for a root
@@ -52,7 +52,8 @@ class Organization {
   Property<Text> NextLevelOrganizationId;            // all descendants, by level, then id
   Property<Text> NextLevelDirectOrganizationID;      // the children
 
-  // The own id, then "," and the descendants; a leaf reads its own id and ",0".
+  // The own id, then "," and the descendants; a leaf reads its own id and ",0". Empty without
+  // memory.
   Text LowerOrganizationId() const;
 
   Property<std::uint8_t> ThisQuarter;
