@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include "dialogs/Player.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/session/model/Session.h"
@@ -120,6 +121,7 @@ class Lists : public testing::Test {
   RecordingSink sink_;
   std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
   ListSet set_;
+  Player unused_;
 };
 
 TEST_F(Lists, ViewsWithoutConditionsCostThreeStatements) {
@@ -196,35 +198,112 @@ TEST_F(Lists, FieldsAndConditionsOfRepeatedRowsAreReadOnce) {
   EXPECT_EQ(set_.List(), list) << "loading again replaces the columns";
 }
 
-TEST_F(Lists, FailingStatementsOfLoading) {
-  Answer breaking = FieldRows({{1, u"a", u"STRING"}, {2, u"b", u"STRING"}, {3, u"c", u"STRING"}});
+// Each fault of a load, once while the view changes and once while it stays: what the record holds
+// then, that neither the dialog nor a save touches the database, and that loading again mends it.
+TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {
+  Answer breaking = FieldRows({{1, u"a", u"STRING"}, {2, u"b", u"STRING"}});
   breaking.throwAtRow = 1;
   Answer lacking = FieldRows({{1, u"a", u"STRING"}});
   lacking.columns.back() = u"other";
-  // What fails, and then: the columns, the list's id and the view's name.
-  for (const auto& [statement, answer, fields, listId, viewName] :
-       {std::tuple(kViewStatement, Refused(), 1u, 70, u"old"),
-        {kViewStatement, Throws(), 1u, 70, u"old"},
-        {kListStatement, Refused(), 1u, 9, u"凭证"},
-        {kListStatement, Throws(), 1u, 9, u"凭证"},
-        {kFieldStatement, Refused(), 2u, 70, u"凭证"},
-        {kFieldStatement, Throws(), 2u, 70, u"凭证"},
-        {kFieldStatement, breaking, 1u, 70, u"凭证"},
-        {kFieldStatement, lacking, 0u, 70, u"凭证"}}) {
+  const Answer noNumber = FieldRows({{1, u"a", u"STRING", u"bytHead", u"x"}});
+  const Answer noId = FieldRows({{kNull, u"a", u"STRING"}});
+  Answer lackingWhere =
+      Rows({u"strViewName", u"strViewSQL", u"strCurTable"}, {{u"凭证", u"", u""}});
+  host_->fallback = Done;
+  // What fails, and then: the columns, which are 2 before, the list's id, which is 9, the view's
+  // name, and the columns and the id of a record of another view.
+  for (const auto& [statement, answer, fields, listId, viewName, otherFields, otherId] :
+       {std::tuple(kViewStatement, Refused(), 1u, 70, u"old", 1u, 70),
+        {kViewStatement, Throws(), 1u, 70, u"old", 1u, 70},
+        {kViewStatement, lackingWhere, 1u, 70, u"凭证", 1u, 70},
+        {kListStatement, Refused(), 1u, 9, u"凭证", 1u, 0},
+        {kListStatement, Throws(), 1u, 9, u"凭证", 1u, 0},
+        {kListStatement, Rows({u"lngListID"}, {{kNull}}), 1u, 0, u"凭证", 1u, 0},
+        {kFieldStatement, Refused(), 2u, 70, u"凭证", 0u, 70},
+        {kFieldStatement, Throws(), 2u, 70, u"凭证", 0u, 70},
+        {kFieldStatement, breaking, 2u, 70, u"凭证", 0u, 70},
+        {kFieldStatement, lacking, 2u, 70, u"凭证", 0u, 70},
+        {kFieldStatement, noNumber, 2u, 70, u"凭证", 0u, 70},
+        {kFieldStatement, noId, 1u, 70, u"凭证", 1u, 70}}) {
+    for (const bool changes : {true, false}) {
+      AnswerView();
+      host_->On(statement, answer);
+      ListType before;
+      before.lngViewID = changes ? 4 : 5;
+      before.strViewName = u"old";
+      before.lngListID = 9;
+      before.ListField.resize(2);
+      set_.List(before);
+      sink_.failures.clear();
+      set_.ViewId(5);
+      EXPECT_EQ(set_.List().ListField.size(), changes ? otherFields : fields);
+      EXPECT_EQ(set_.List().lngListID, changes ? otherId : listId);
+      EXPECT_EQ(set_.List().strViewName, viewName);
+      EXPECT_THAT(sink_.failures,
+                  Contains(testing::Field(&Failure::what, testing::Ne(u"ListSet.ViewId: "
+                                                                      u"strPrimaryKey"))));
+
+      set_.List(set_.List());
+      Sent();
+      for (const auto& act :
+           {std::function<void()>([&] { set_.SaveList(); }), {[&] { set_.ShowFilter(0); }}}) {
+        sink_.failures.clear();
+        SetFormView(&unused_);
+        act();
+        EXPECT_THAT(Sent(), testing::IsEmpty());
+        ASSERT_EQ(sink_.failures.size(), 1u);
+        EXPECT_THAT(ToUtf8(sink_.failures[0].description), testing::EndsWith(" again."));
+      }
+      AnswerView();
+      if (statement == kViewStatement) {
+        set_.RefreshListField();
+        Sent();
+        set_.SaveList();
+        EXPECT_THAT(Sent(), testing::IsEmpty()) << "a refresh does not load the view";
+        set_.ViewId(5);
+      } else {
+        set_.RefreshListField();
+      }
+      Sent();
+      set_.SaveList();
+      EXPECT_EQ(Sent().size(), 2u) << "settings and conditions";
+    }
+  }
+}
+
+TEST_F(Lists, WholeLists) {
+  host_->fallback = Done;
+  set_.SaveList();
+  EXPECT_FALSE(Sent().empty()) << "never loaded";
+  const Answer outOfRange = FieldRows({{1, u"a", u"STRING", u"bytHead", 300, u"blnIsFixed", 1,
+                                        u"lngdisplaywidth", 5e9, u"bytSort1", 2}});
+  for (const auto& [statement, answer] : {std::pair(kViewStatement, Rows({u"strViewName"}, {})),
+                                          {kListStatement, Rows({u"lngListID"}, {})},
+                                          {kFieldStatement, Rows({u"lngViewFieldID"}, {})},
+                                          {kFieldStatement, outOfRange}}) {
     AnswerView();
     host_->On(statement, answer);
-    ListType before;
-    before.strViewName = u"old";
-    before.lngListID = 9;
-    before.ListField.resize(2);
-    set_.List(before);
-    sink_.failures.clear();
     set_.ViewId(5);
-    EXPECT_EQ(set_.List().ListField.size(), fields);
-    EXPECT_EQ(set_.List().lngListID, listId);
-    EXPECT_EQ(set_.List().strViewName, viewName);
-    EXPECT_THAT(sink_.failures, Contains(testing::Field(&Failure::statement, statement)));
+    Sent();
+    set_.SaveList();
+    EXPECT_FALSE(Sent().empty()) << ToUtf8(statement);
   }
+  ListFieldType field;
+  field.lngViewFieldID = 1;
+  field.strListFieldDesc = field.strPath = u"a";
+  field.strFieldType = u"STRING";
+  field.blnIsFixed = true;
+  field.bytSort = 2;
+  EXPECT_THAT(set_.List().ListField, ElementsAre(field)) << "the values in range are read";
+
+  host_->On(kFieldStatement, Refused());
+  set_.RefreshListField();
+  ListType other = set_.List();
+  other.lngViewID = 6;
+  set_.List(other);
+  Sent();
+  set_.SaveList();
+  EXPECT_FALSE(Sent().empty()) << "a record that the host made for another view";
 }
 
 ListFieldType Field(const char16_t* type, const char16_t* caption, const char16_t* filter,

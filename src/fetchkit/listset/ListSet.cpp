@@ -1,5 +1,6 @@
 #include "fetchkit/listset/ListSet.h"
 
+#include "fetchkit/base/Error.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/dialogs/frmFilter.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
@@ -60,20 +61,41 @@ bool ListSet::ShowFilter(std::int32_t hWndOwner) {
   return Guarded(u"ListSet.ShowFilter", false, [&] {
     Session& session = MAction::CurrentSession();
     if (session.View == nullptr) return false;
-    Text where = list_.strListPureWhere;
+    RequireWhole();
+    ListType record = list_;
+    Text where = record.strListPureWhere;
     {
       const OwnerBelowDialog owner(hWndOwner);
-      if (!frmFilter(session, *session.View).ShowFilter(list_, where, hWndOwner)) return false;
+      if (!frmFilter(session, *session.View).ShowFilter(record, where, hWndOwner)) return false;
     }
-    list_.strListPureWhere = std::move(where);
-    MListSet::SaveConditions(session, list_);
+    record.strListPureWhere = std::move(where);
+    MListSet::SaveConditions(session, record);
+    Keep(std::move(record));
     return true;
   });
 }
 
 void ListSet::ViewId(std::int32_t lngViewId) {
-  Step(u"ListSet.ViewId", [&] { MListSet::LoadView(MAction::CurrentSession(), lngViewId, list_); });
+  // Whatever fails from here on: nothing that another view left can be saved as this one's.
+  if (lngViewId != list_.lngViewID) {
+    MListSet::DropFields(list_);
+    list_.lngViewID = lngViewId;
+    loaded_ = {false, false, false};
+  }
+  LoadedParts loaded{false, false, false};
+  ListType record;
+  const bool done = Step(u"ListSet.ViewId", [&] {
+    record = list_;
+    MListSet::LoadView(MAction::CurrentSession(), record, loaded);
+  });
+  if (done) list_ = std::move(record);
+  loaded_ = loaded;
   viewId_ = lngViewId;
+}
+
+void ListSet::List(ListType record) {
+  if (record.lngViewID != list_.lngViewID) loaded_ = {};
+  list_ = std::move(record);
 }
 
 Text ListSet::GetListSelect() const {
@@ -86,8 +108,16 @@ ListType ListSet::List() const {
 }
 
 void ListSet::RefreshListField() {
-  Step(u"ListSet.RefreshListField",
-       [&] { MListSet::RefreshListField(MAction::CurrentSession(), list_); });
+  LoadedParts loaded{loaded_.view, false, false};
+  ListType record;
+  const std::int32_t view = list_.lngViewID;
+  const bool done = Step(u"ListSet.RefreshListField", [&] {
+    record = list_;
+    MListSet::RefreshListField(MAction::CurrentSession(), record, loaded);
+  });
+  if (list_.lngViewID != view) return;
+  if (done) list_ = std::move(record);
+  loaded_ = loaded;
 }
 
 Text ListSet::FindAllKeyID(TextView strCodeTableName, TextView strMulCode) const {
@@ -101,12 +131,29 @@ Text ListSet::ModifyTableName(TextView strSelected, TextView strString, TextView
 }
 
 void ListSet::SaveList() {
-  Step(u"ListSet.SaveList", [&] { MListSet::SaveList(MAction::CurrentSession(), list_); });
+  Step(u"ListSet.SaveList", [&] {
+    RequireWhole();
+    ListType record = list_;
+    MListSet::SaveList(MAction::CurrentSession(), record);
+    Keep(std::move(record));
+  });
 }
 
 Text ListSet::CondStrToNum(TextView strOperate) const {
   return Guarded(u"ListSet.CondStrToNum", Text(),
                  [&] { return Text(fetchkit::CondStrToNum(strOperate)); });
+}
+
+void ListSet::RequireWhole() const {
+  if (loaded_.view && loaded_.list && loaded_.fields) return;
+  throw Error(ErrorKind::InvalidCall,
+              Join(u"The list did not come in whole, so it is neither filtered nor saved: ",
+                   loaded_.view ? u"call RefreshListField again." : u"set ViewId again."));
+}
+
+// Takes over what a call has made of the record, unless another view was loaded meanwhile.
+void ListSet::Keep(ListType record) noexcept {
+  if (record.lngViewID == list_.lngViewID) list_ = std::move(record);
 }
 
 FormView* SetFormView(FormView* view) {

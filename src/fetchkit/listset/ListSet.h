@@ -8,6 +8,7 @@
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
 #include "fetchkit/host/Recordset.h"
+#include "fetchkit/listset/LoadedParts.h"
 #include "fetchkit/listset/model/TypeDef.h"
 
 namespace fetchkit {
@@ -17,6 +18,15 @@ class FormView;
 // Holds one list record. Works with the calling thread's session, whose connection it fetches at
 // every call. No member throws; what fails leaves things as they were, and the diagnostics sink is
 // told. One per thread from Interface.ListSet; hosts may create more.
+//
+// Whether the view, the list and its columns came in whole is remembered. When a refused statement
+// or an error cut one of them short, ShowFilter and SaveList do nothing but tell the diagnostics
+// until it has been loaded again: they would replace what is stored by the part that was read. A
+// list that was never loaded is whole, and so is a view or a list without a row.
+//
+// The host may call back while a member waits for it. Each call works on a record of its own and
+// puts it into the object when it ends; a call other than ViewId leaves an object alone that has
+// gone to another view meanwhile.
 class ListSet {
  public:
   // The host's own note; nothing here reads it.
@@ -35,11 +45,13 @@ class ListSet {
   // Opens the filter dialog on the record. True: the user confirmed (or there was nothing to
   // filter); the record and its ListPureWhere hold the new conditions, which are saved at once.
   // Those of a list that was never saved (lngListID 0) go to id 0, where no loading finds them:
-  // call SaveList first. False, the record as it was, otherwise and without a view.
+  // call SaveList first. False, the record as it was, otherwise, without a view to show it and for
+  // a list that did not come in whole.
   bool ShowFilter(std::int32_t hWndOwner);
 
   // The id that was set last. Setting it loads the view and the operator's list for it; what a
-  // failing step would have set stays as it was. An id without a view loads no columns.
+  // failing step would have set stays as it was, but nothing stays of another view's columns,
+  // conditions and list id. An id without a view loads no columns.
   std::int32_t ViewId() const { return viewId_; }
   void ViewId(std::int32_t lngViewId);
 
@@ -52,12 +64,13 @@ class ListSet {
   Text GetListSelect() const;
 
   // A deep copy either way: neither side sees what the other changes later. Without memory for the
-  // copy an empty record, which the diagnostics sink is told of.
+  // copy an empty record, which the diagnostics sink is told of. A record of the same lngViewID is
+  // as whole as the one that it replaces, another one is whole.
   ListType List() const;
-  void List(ListType record) { list_ = std::move(record); }
+  void List(ListType record);
 
-  // Loads the columns and conditions again; unsaved edits are gone. When they cannot be read, the
-  // record keeps its own.
+  // Loads the columns and conditions again; unsaved edits are gone. When they cannot be read to
+  // their end, the record keeps its own.
   void RefreshListField();
 
   // The ids, comma-separated, of all codes below the given ones, which blanks separate, in the code
@@ -70,16 +83,20 @@ class ListSet {
 
   // Writes the record back for the login operator and organization, its fields and conditions
   // included; after a first save it holds the new ids. See listset/Saving.h for what stands after a
-  // failure.
+  // failure. Nothing is sent for a list that did not come in whole.
   void SaveList();
 
   // The code that an operator or date word is stored as; empty for any other word.
   Text CondStrToNum(TextView strOperate) const;
 
  private:
+  void RequireWhole() const;
+  void Keep(ListType record) noexcept;
+
   Text accountName_;
   std::int32_t viewId_ = 0;
   ListType list_;
+  LoadedParts loaded_;  // not in the record, which is public
 };
 
 // Installs who draws the dialogs of the calling thread (null: nobody, and there are no dialogs) and

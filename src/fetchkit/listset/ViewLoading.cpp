@@ -11,6 +11,7 @@
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/TextSearch.h"
+#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/host/OpenedRecordset.h"
 #include "fetchkit/listset/model/FieldType.h"
 #include "fetchkit/utility/StringHelpers.h"
@@ -30,6 +31,13 @@ Value NumberOf(const Value& value) {
 
 bool FlagOf(const Value& value) {
   return ToBoolean(NumberOf(value));
+}
+
+// Nothing for a Null: no row has such an id, but a read that went wrong may give one.
+std::optional<double> IdOf(const Value& value) {
+  const Value id = StringHelpers::NotNull(value, NullValue());
+  if (id.IsNull()) return std::nullopt;
+  return ToDouble(id);
 }
 
 void RestrictToOrganization(const Session& session, ListType& list) {
@@ -100,11 +108,17 @@ void Field(const Value& value, ListFieldType& field) {
     target = TextOf(value);
   } else if constexpr (std::is_same_v<Target, bool>) {
     target = FlagOf(value);
-  } else if constexpr (std::is_same_v<Target, std::int32_t>) {
-    target = ToLong(NumberOf(value));
   } else {
-    static_assert(std::is_same_v<Target, std::uint8_t>);
-    target = ToByte(NumberOf(value));
+    const double number = ToDouble(NumberOf(value));
+    // What is left to fail is the range, and that costs this value alone.
+    Step(u"ListSet.RefreshListField: value", [&] {
+      if constexpr (std::is_same_v<Target, std::uint8_t>) {
+        target = ToByte(number);
+      } else {
+        static_assert(std::is_same_v<Target, std::int32_t>);
+        target = ToLong(number);
+      }
+    });
   }
 }
 
@@ -175,7 +189,7 @@ class FieldRows {
  public:
   explicit FieldRows(Recordset& rows) : rows_(rows) {}
 
-  std::int32_t ViewFieldId() { return ToLong(NumberOf(rows_.At(fields_.front()))); }
+  std::optional<double> ViewFieldId() { return IdOf(rows_.At(fields_.front())); }
   bool HasCondition() { return !ToTextOrEmpty(rows_.At(conditionPath_)).empty(); }
 
   ListFieldType Field() {
@@ -250,76 +264,116 @@ ConditionContext ContextOf(Session& session) {
   return context;
 }
 
-void FindList(Session& session, ListType& list) {
+// Whether an opened statement without a row has none indeed: a host that does not say whether it is
+// empty counts as one that says so.
+bool IsEmpty(OpenedRecordset& rows) {
+  return rows->Eof();
+}
+
+// A row without the id under which it is saved back.
+void TellIdMissing(TextView what) {
+  TellDiagnostics(what, u"A row has no id, so that the list cannot be saved.", {});
+}
+
+void FindList(Session& session, ListType& list, bool& whole) {
   OpenedRecordset row(
       MAction::ConnectionOf(session),
       Join(u"Select * From List Where lngViewID =", list.lngViewID, u" And lngOrganizationID =",
            session.LoginOrganizationId, u" And lngOperatorID =", session.LoginOperatorId),
       Cursor::Static);
   if (!row) return;
-  list.lngListID = row.HasRow() ? ToLong(NumberOf(row[u"lngListID"])) : 0;
+  if (row.HasRow()) {
+    const std::optional<double> id = IdOf(row[u"lngListID"]);
+    list.lngListID = ToLong(id.value_or(0));
+    whole = id.has_value();
+    if (!whole) TellIdMissing(u"ListSet.RefreshListField: list");
+  } else {
+    list.lngListID = 0;
+    whole = IsEmpty(row);
+  }
   row.Close();
 }
 
-void LoadFields(Session& session, ListType& list) {
+void LoadFields(Session& session, ListType& list, bool& whole) {
   OpenedRecordset rows(MAction::ConnectionOf(session), FieldStatement(session, list.lngViewID),
                        Cursor::Static);
   if (!rows) return;
-  list.ListField.clear();
-  list.intFixedCols = 0;
-  list.strListPureWhere.clear();
-  if (!rows.HasRow()) return rows.Close();
-
-  FieldRows fields(*rows.operator->());
-  // A field with several codes comes in several rows, and not always next to each other.
-  std::unordered_set<std::int32_t> seen;
-  std::optional<ConditionContext> context;  // two statements, so only for lists with conditions
-  for (; !rows->Eof(); rows->MoveNext()) {
-    if (!seen.insert(fields.ViewFieldId()).second) continue;
-    ListFieldType& field = list.ListField.emplace_back(fields.Field());
-    if (field.blnIsFixed) ++list.intFixedCols;
-    if (!fields.HasCondition()) continue;
-    if (!context) context = ContextOf(session);
-    StoredCondition stored = fields.Condition();
-    if (HasCodes(field)) ReadCodes(session, list.lngListID, field.strPath, stored);
-    const Text sql = RestoreCondition(stored, *context, field);
-    if (sql.empty()) continue;
-    if (!list.strListPureWhere.empty()) list.strListPureWhere.append(u" And ");
-    list.strListPureWhere.append(sql);
+  ListType read;
+  bool complete = true;
+  if (rows.HasRow()) {
+    FieldRows fields(*rows.operator->());
+    // A field with several codes comes in several rows, and not always next to each other.
+    std::unordered_set<double> seen;
+    std::optional<ConditionContext> context;  // two statements, so only for lists with conditions
+    for (; !rows->Eof(); rows->MoveNext()) {
+      const std::optional<double> id = fields.ViewFieldId();
+      if (!id) complete = false;
+      if (!seen.insert(id.value_or(0)).second) continue;
+      ListFieldType& field = read.ListField.emplace_back(fields.Field());
+      if (field.blnIsFixed) ++read.intFixedCols;
+      if (!fields.HasCondition()) continue;
+      if (!context) context = ContextOf(session);
+      StoredCondition stored = fields.Condition();
+      if (HasCodes(field)) ReadCodes(session, list.lngListID, field.strPath, stored);
+      const Text sql = RestoreCondition(stored, *context, field);
+      if (sql.empty()) continue;
+      if (!read.strListPureWhere.empty()) read.strListPureWhere.append(u" And ");
+      read.strListPureWhere.append(sql);
+    }
+    if (!complete) TellIdMissing(u"ListSet.RefreshListField: fields");
+  } else {
+    complete = IsEmpty(rows);
   }
+  list.ListField = std::move(read.ListField);
+  list.intFixedCols = read.intFixedCols;
+  list.strListPureWhere = std::move(read.strListPureWhere);
+  whole = complete;
   rows.Close();
 }
 
 }  // namespace
 
-void LoadView(Session& session, std::int32_t viewId, ListType& list) {
-  list.lngViewID = viewId;
+void LoadView(Session& session, ListType& list, LoadedParts& loaded) {
+  loaded.view = false;
   Step(u"ListSet.ViewId", [&] {
     OpenedRecordset row(
         MAction::ConnectionOf(session),
         Join(u"Select strViewName,strViewSQL,strCurTable,StrViewWhere from View1 Where lngViewId=",
-             viewId),
+             list.lngViewID),
         Cursor::Static);
-    if (!row.HasRow()) return;
+    if (!row) return;
+    if (!row.HasRow()) {
+      loaded.view = IsEmpty(row);
+      return;
+    }
     const auto set = [&](TextView column, Text& target) {
-      Step(Join(u"ListSet.ViewId: ", column), [&] { target = TextOf(row[column]); });
+      return Step(Join(u"ListSet.ViewId: ", column), [&] { target = TextOf(row[column]); });
     };
-    set(u"strViewName", list.strViewName);
-    set(u"strCurTable", list.strCurTable);
-    set(u"strViewSQL", list.strListFrom);
-    set(u"strViewWhere", list.strListWhere);
+    bool whole = set(u"strViewName", list.strViewName);
+    whole &= set(u"strCurTable", list.strCurTable);
+    whole &= set(u"strViewSQL", list.strListFrom);
+    whole &= set(u"strViewWhere", list.strListWhere);
     // The statement does not select it: this step fails and the key keeps what it had.
     set(u"strPrimaryKey", list.strPrimaryKey);
-    set(u"strViewName", list.strListName);
+    whole &= set(u"strViewName", list.strListName);
     RestrictToOrganization(session, list);
+    loaded.view = whole;
     row.Close();
   });
-  RefreshListField(session, list);
+  RefreshListField(session, list, loaded);
 }
 
-void RefreshListField(Session& session, ListType& list) {
-  Step(u"ListSet.RefreshListField: list", [&] { FindList(session, list); });
-  Step(u"ListSet.RefreshListField: fields", [&] { LoadFields(session, list); });
+void RefreshListField(Session& session, ListType& list, LoadedParts& loaded) {
+  loaded.list = loaded.fields = false;
+  Step(u"ListSet.RefreshListField: list", [&] { FindList(session, list, loaded.list); });
+  Step(u"ListSet.RefreshListField: fields", [&] { LoadFields(session, list, loaded.fields); });
+}
+
+void DropFields(ListType& list) noexcept {
+  list.lngListID = 0;
+  list.ListField.clear();
+  list.intFixedCols = 0;
+  list.strListPureWhere.clear();
 }
 
 }  // namespace fetchkit::MListSet
