@@ -400,6 +400,34 @@ TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {
   EXPECT_EQ(shown, u"a,b");
 }
 
+TEST_F(FilterDialog, OkThatCannotWriteBackStaysOpen) {
+  ListSet set;
+  list_.ListField[1].strFilter = u"大于 7";
+  list_.ListField[1].strExtValue = u"7";
+  set.List(list_);
+  SetFormView(&player_);
+  player_.onFilter = [](frmFilter& form) {
+    form.msgFilter.AddRow({u"99", u"", u"x", u"LONG", u"x"});  // of no column
+    form.UserPressedEnter();
+    EXPECT_TRUE(form.IsOpen());
+  };
+  EXPECT_FALSE(set.ShowFilter(0));
+  EXPECT_EQ(set.List(), list_);
+  EXPECT_TRUE(host_->TakeSent().empty()) << "nothing is saved";
+
+  player_.onFilter = [&](frmFilter& form) {
+    form.msgFilter.AddRow({u"99", u"", u"x", u"LONG", u"x"});
+    form.UserPressedEnter();
+    form.msgFilter.UserSelectedRow(2);
+    form.msgFilter.UserPressedDelete();
+    form.UserPressedEnter();
+    EXPECT_FALSE(form.IsOpen());
+  };
+  EXPECT_TRUE(set.ShowFilter(0));
+  EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
+  EXPECT_EQ(set.List().ListField, list_.ListField) << "the same condition is confirmed";
+}
+
 // Random acts; whatever is played, one row per column, of the column's own type, and nothing of it
 // in the caller's record before OK; OK and a second opening agree.
 TEST_F(FilterDialog, RandomActs) {

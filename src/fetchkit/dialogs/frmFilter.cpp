@@ -375,7 +375,13 @@ void frmFilter::DeleteRow() {
 
 void frmFilter::Ok() {
   if (CommitValue() == Commit::Refused) return;
-  Step(u"frmFilter: OK", [&] { result_ = ConditionsToSql(msgFilter, list_); });
+  // Into a copy: when it fails half way, the form stays open over the record as it was.
+  const bool written = Step(u"frmFilter: OK", [&] {
+    ListType record = list_;
+    result_ = ConditionsToSql(msgFilter, record);
+    list_ = std::move(record);
+  });
+  if (!written) return;
   confirmed_ = true;
   Close();
 }

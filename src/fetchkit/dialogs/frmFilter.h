@@ -32,7 +32,8 @@ class frmFilter final : public Form {
   frmFilter(Session& session, FormView& view);
 
   // Opens the dialog on a copy of list. True: OK, or there is nothing to filter. Only OK writes to
-  // list (the conditions of its fields) and where (the condition text).
+  // list (the conditions of its fields) and where (the condition text). An OK whose conditions
+  // cannot be written back leaves the dialog open.
   bool ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner);
 
   // Fills tree and grid from the record and opens the first node's editor. False when no column is
