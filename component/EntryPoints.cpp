@@ -56,7 +56,7 @@ STDAPI DllGetClassObject(REFCLSID asked, REFIID interfaceId, void** object) {
 // answer, because afterwards nobody could release the host's connection.
 STDAPI DllCanUnloadNow() {
   if (fetchkit::Module::IsUsed()) return S_FALSE;
-  fetchkit::ReleaseThread();
+  if (!fetchkit::ReleaseThread()) return S_FALSE;
   fetchkit::TypeLibrary::Forget();
   return fetchkit::Module::IsUsed() ? S_FALSE : S_OK;
 }

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 #include "fetchkit/base/Guard.h"
+#include "fetchkit/host/Execution.h"
+#include "fetchkit/session/Interface.h"
+#include "fetchkit/session/model/HostLogin.h"
+#include "support/CallingBack.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {
@@ -67,6 +73,40 @@ TEST_F(OpenedRecordsets, ErrorOfClosingIsRaisedByCloseAndNotedOtherwise) {
   EXPECT_EQ(sink_.failures[0].description, u"close failed");
   OpenedRecordset rows(host_, kSql, Cursor::Plain);
   EXPECT_THROW(rows.Close(), std::runtime_error);
+}
+
+// A host that handles messages may be logged in with another connection, and asked to release the
+// thread, from inside each operation.
+TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
+  host_->fallback = [](TextView) {
+    static const Answer done;
+    return &done;
+  };
+  const std::function<void()> operations[] = {
+      [] { Execute(MAction::ConnectionOf(MAction::CurrentSession()), kSql); },
+      [] {
+        OpenedRecordset rows(MAction::ConnectionOf(MAction::CurrentSession()), kSql, Cursor::Plain);
+        EXPECT_TRUE(rows.HasRow());
+        EXPECT_EQ(ToText(rows[u"a"]), u"x");
+      },
+      [] { EXPECT_EQ(MAction::ReadAccountType(MAction::CurrentSession()), 7); },
+      [] { Interface().Initialize(MAction::CurrentSession().Connection); },
+  };
+  for (const auto& operation : operations) {
+    auto calling = std::make_shared<CallingBack>(host_);
+    MAction::CurrentSession().Connection = calling;
+    sink_.failures.clear();
+    calling->onOperation = [this] {
+      MAction::CurrentSession().Connection = host_;
+      EXPECT_FALSE(ReleaseThread());
+      EXPECT_EQ(sink_.failures.back().what, u"ReleaseThread");
+    };
+    const std::weak_ptr<CallingBack> alive = std::exchange(calling, nullptr);
+    operation();
+    EXPECT_FALSE(sink_.failures.empty());
+    EXPECT_TRUE(alive.expired());
+  }
+  EXPECT_TRUE(ReleaseThread());
 }
 
 TEST_F(OpenedRecordsets, TrapsKeepWhatWasBuiltAndGoOn) {

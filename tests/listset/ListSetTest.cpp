@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
+#include <optional>
 
 #include "dialogs/Player.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/session/model/Session.h"
+#include "support/CallingBack.h"
 #include "support/FakeConnection.h"
 #include "support/Lines.h"
 
@@ -269,6 +272,66 @@ TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {
       EXPECT_EQ(Sent().size(), 2u) << "settings and conditions";
     }
   }
+}
+
+// A host that handles messages calls back from inside each operation of each member: whatever it
+// calls there, the member ends as it does undisturbed, or leaves the other view alone that the host
+// has gone to.
+TEST_F(Lists, CalledFromInsideTheHost) {
+  host_->fallback = Done;
+  host_->On(kFieldStatement,
+            FieldRows({{1, u"摘要", u"STRING", u"blnIsFilter", 1, u"Strpath", u"摘要",
+                        u"Strstringop", 1, u"Strstring1", u"x"},
+                       {3, u"部门", u"CODE", u"blnIsFilter", 1, u"Strpath", u"部门", u"strKeyField",
+                        u"DEPARTMENT", u"Strcodeid", u"12"}}));
+  host_->On(kCodesStatement,
+            Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
+  const auto calling = std::make_shared<CallingBack>(host_);
+  MAction::CurrentSession().Connection = calling;
+  Player player;
+  player.filter = "node 部门; ok";
+  SetFormView(&player);
+
+  const std::function<void(ListSet&)> members[] = {
+      [](ListSet& set) { set.ViewId(5); },  // from no view, and from the same
+      [](ListSet& set) { set.ViewId(5); },  [](ListSet& set) { set.RefreshListField(); },
+      [](ListSet& set) { set.SaveList(); }, [](ListSet& set) { EXPECT_TRUE(set.ShowFilter(0)); },
+  };
+  const std::function<void(ListSet&)> calls[] = {
+      [](ListSet& set) { set.ViewId(5); },
+      [](ListSet& set) { set.RefreshListField(); },
+      [](ListSet& set) { set.SaveList(); },
+      [](ListSet& set) { set.ShowFilter(0); },
+      [](ListSet& set) {
+        ListType emptied;
+        emptied.lngViewID = 5;
+        set.List(emptied);
+      },
+      [](ListSet&) { EXPECT_FALSE(ReleaseThread()); },
+      [](ListSet& set) { set.ViewId(6); },
+  };
+  for (std::size_t member = 0; member < std::size(members); ++member) {
+    std::optional<ListType> undisturbed;
+    for (std::size_t call = 0; call <= std::size(calls); ++call) {
+      SCOPED_TRACE(testing::Message() << "call " << call << " from member " << member);
+      ListSet set;
+      if (member > 0) set.ViewId(5);
+      const int before = calling->operations;
+      if (call > 0) calling->onOperation = [&] { calls[call - 1](set); };
+      members[member](set);
+      calling->onOperation = nullptr;
+      EXPECT_GT(calling->operations, before);
+      if (!undisturbed) undisturbed = set.List();
+      if (call == std::size(calls) && member > 1) {
+        EXPECT_EQ(set.ViewId(), 6);
+        EXPECT_EQ(set.List().lngViewID, 6);
+      } else {
+        EXPECT_EQ(set.ViewId(), 5);
+        EXPECT_EQ(set.List(), *undisturbed);
+      }
+    }
+  }
+  EXPECT_TRUE(ReleaseThread());
 }
 
 TEST_F(Lists, WholeLists) {

@@ -13,8 +13,18 @@ ThreadState& CurrentThread() {
   return *fresh.release();
 }
 
-void ReleaseThread() {
-  EndThreadState(GetThreadSlot());
+bool ReleaseThread() {
+  void* state = GetThreadSlot();
+  if (state != nullptr && static_cast<ThreadState*>(state)->hostCalls > 0) {
+    Step(u"ReleaseThread", [] {
+      TellDiagnostics(u"ReleaseThread",
+                      u"Refused: the library waits for the host. Call it when that has returned.",
+                      {});
+    });
+    return false;
+  }
+  EndThreadState(state);
+  return true;
 }
 
 void EndThreadState(void* state) {

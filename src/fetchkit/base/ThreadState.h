@@ -39,6 +39,7 @@ struct ThreadState {
   int membersAtWork = 0;  // public members that are being run, one inside the other
   Text failingStatement;  // noted while an error passes its statement's owner
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
+  int hostCalls = 0;                       // HostCalls in scope
   std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
   std::unique_ptr<ThreadOwned> services;   // utility/WindowServices.cpp knows its type
 };
@@ -46,9 +47,23 @@ struct ThreadState {
 // The calling thread's state, created on first use.
 ThreadState& CurrentThread();
 
+// In scope while a host's object is at work for the library. The host may call back meanwhile, and
+// what waits for its answer goes on with the thread's state: ReleaseThread is refused.
+class HostCall {
+ public:
+  HostCall() : thread_(CurrentThread()) { ++thread_.hostCalls; }
+  ~HostCall() { --thread_.hostCalls; }
+  HostCall(const HostCall&) = delete;
+  HostCall& operator=(const HostCall&) = delete;
+
+ private:
+  ThreadState& thread_;
+};
+
 // Ends the calling thread's state now: session objects and the host's connection are let go.
-// Later calls start afresh. Needs not be called before a thread ends.
-void ReleaseThread();
+// Later calls start afresh. Needs not be called before a thread ends. False, with everything as it
+// was and the diagnostics sink told, from inside a call of the library's to the host.
+bool ReleaseThread();
 
 // Installs the calling thread's sink (null: none) and returns the one before it. The sink must
 // outlive its installation. Without memory for a thread's first call none is installed.

@@ -6,9 +6,11 @@
 
 namespace fetchkit {
 
-bool Execute(const SessionConnectionPtr& connection, TextView sql) {
+// NOLINTNEXTLINE(performance-unnecessary-value-param): it keeps the connection alive
+bool Execute(SessionConnectionPtr connection, TextView sql) {
   if (!connection)
     throw Error(ErrorKind::ObjectMissing, u"No connection: Interface.Initialize comes first.");
+  const HostCall call;
   const StatementTrace trace(sql);
   Value out;
   const bool done = connection->ExecuteSql(trace.sql(), 1, out);

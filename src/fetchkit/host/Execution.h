@@ -8,7 +8,7 @@ namespace fetchkit {
 
 // Runs the statement or block through the connection; True: it went through. A refusal is told to
 // the diagnostics sink. Throws what the host throws, and Error (ObjectMissing) without a
-// connection.
-bool Execute(const SessionConnectionPtr& connection, TextView sql);
+// connection. The pointer is a copy: the host may call back and log in with another connection.
+bool Execute(SessionConnectionPtr connection, TextView sql);
 
 }  // namespace fetchkit

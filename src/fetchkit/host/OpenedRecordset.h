@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fetchkit/base/Text.h"
+#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/base/Value.h"
 #include "fetchkit/host/SessionConnection.h"
 
@@ -28,6 +29,7 @@ enum class Cursor {
   Static,  // OpenStaticRecordset with 3, 1, 1, 0: the services, the lists and the dialogs
 };
 
+// Its whole life counts as a HostCall: reading rows calls the host, too.
 class OpenedRecordset {
  public:
   // Opens the statement. An open that answers False is told to the diagnostics sink and leaves the
@@ -57,8 +59,9 @@ class OpenedRecordset {
   void Close();
 
  private:
+  HostCall call_;
   StatementTrace trace_;
-  SessionConnectionPtr connection_;
+  SessionConnectionPtr connection_;  // of its own: the session may get another one meanwhile
   RecordsetPtr recordset_;
   bool opened_ = false;
 };

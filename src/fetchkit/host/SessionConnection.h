@@ -12,7 +12,7 @@
 namespace fetchkit {
 
 // The library keeps a reference for the whole session and calls on the thread that initialised it
-// only. All operations may throw.
+// only. All operations may throw, and may call the library on that thread before they return.
 class SessionConnection {
  public:
   virtual ~SessionConnection() = default;

@@ -2,6 +2,7 @@
 
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Guard.h"
+#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/dialogs/frmFilter.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
 #include "fetchkit/listset/ListQuery.h"
@@ -45,6 +46,7 @@ Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
                               const Value& arrEnum, bool& bOk, std::int32_t hWndOwner) {
   bOk = false;
   return Guarded(u"ListSet.ShowMultiChoose", Text(), [&]() -> Text {
+    const HostCall call;
     FormView* view = MAction::CurrentSession().View;
     if (view == nullptr) return {};
     const OwnerBelowDialog owner(hWndOwner);
@@ -59,6 +61,7 @@ Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
 
 bool ListSet::ShowFilter(std::int32_t hWndOwner) {
   return Guarded(u"ListSet.ShowFilter", false, [&] {
+    const HostCall call;  // an open dialog handles messages
     Session& session = MAction::CurrentSession();
     if (session.View == nullptr) return false;
     RequireWhole();

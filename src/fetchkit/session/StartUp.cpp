@@ -118,10 +118,13 @@ void TakeCopies(Session& session, const fetchkit::Business& business,
 }  // namespace
 
 void Initialize(Session& session, const SessionConnectionPtr& connection) {
+  const HostCall call;
   Step(u"Initialize: connection", [&] {
     Present(connection, u"connection object");
     session.Connection = connection;
   });
+  // A host that is being read may call back with another connection.
+  const SessionConnectionPtr running = session.Connection;
   const Identity now = ReadIdentity(session);
   FindChanges(session, now);
   StoreLogin(session, now);
