@@ -201,6 +201,34 @@ TEST_F(Lists, FieldsAndConditionsOfRepeatedRowsAreReadOnce) {
   EXPECT_EQ(set_.List(), list) << "loading again replaces the columns";
 }
 
+// One row for each code, as older data has them; the rows without a code add nothing.
+TEST_F(Lists, CodesAreJoinedAlsoWithoutTheirStatement) {
+  std::vector<std::vector<Value>> fieldRows, codeRows;
+  for (const auto& [id, name] : {std::pair<Value, Value>(u" ", kNull),
+                                 {u"12", u"财务部"},
+                                 {kNull, u" "},
+                                 {u"15", u"销售部"}}) {
+    fieldRows.push_back({1, u"部门", u"CODE", u"Strpath", u"部门", u"strTableName", u"T",
+                         u"strKeyField", u"DEPARTMENT", u"Blnismulicond", 1, u"Strcodeid", id,
+                         u"Strkeyname", name});
+    codeRows.push_back({id, name});
+  }
+  fieldRows.insert(fieldRows.begin() + 2, {2, u"a", u"STRING"});
+  host_->On(kFieldStatement, FieldRows(fieldRows));
+  const Answer whole = Rows({u"strCodeID", u"strKeyName"}, codeRows);
+  Answer breaking = whole;
+  breaking.throwAtRow = 2;
+  for (const Answer& answer : {whole, Refused(), Throws(), breaking}) {
+    host_->On(kCodesStatement, answer);
+    set_.ViewId(5);
+    const ListFieldType field = set_.List().ListField.at(0);
+    EXPECT_EQ(field.strFilter, u"财务部 销售部");
+    EXPECT_EQ(field.strCodeID, u"12,15");
+    EXPECT_EQ(field.strExtValue, u"1,12,15");
+    EXPECT_EQ(set_.ListPureWhere(), u"T.lngDEPARTMENTID IN (12,15)");
+  }
+}
+
 // Each fault of a load, once while the view changes and once while it stays: what the record holds
 // then, that neither the dialog nor a save touches the database, and that loading again mends it.
 TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {

@@ -2,7 +2,7 @@
 
 #include <optional>
 #include <type_traits>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -180,9 +180,15 @@ constexpr ColumnOf<S> kConditionColumns[] = {
     {u"Dtmdate1", AsStored<&S::date1>},       {u"Dtmdate2", AsStored<&S::date2>},
     {u"Strdoubleop", AsStored<&S::doubleOp>}, {u"Dbldouble1", Decimal<&S::double1>},
     {u"Dbldouble2", Decimal<&S::double2>},    {u"Blnismulicond", Flag<&S::isMulti>},
-    {u"Blnboolean", Flag<&S::boolean>},       {u"Strcodeid", AsStored<&S::codeIds>},
-    {u"Strkeyname", AsStored<&S::codeNames>},
+    {u"Blnboolean", Flag<&S::boolean>},
 };
+
+// Joins the codes of one condition. Writing makes one row of them; older data may hold one row for
+// each, and rows without a code.
+void JoinCodes(StoredCondition& stored, const Text& id, const Text& name) {
+  if (!TrimBlanks(id).empty()) AppendWith(stored.codeIds, u',', id);
+  if (!TrimBlanks(name).empty()) AppendWith(stored.codeNames, u' ', name);
+}
 
 // The rows of the field statement. All columns are looked up in advance, each once.
 class FieldRows {
@@ -198,6 +204,9 @@ class FieldRows {
     return field;
   }
   StoredCondition Condition() { return Read<StoredCondition>(kConditionColumns, conditions_); }
+  void AddCodes(StoredCondition& stored) {
+    JoinCodes(stored, ToTextOrEmpty(rows_.At(codeIds_)), ToTextOrEmpty(rows_.At(codeNames_)));
+  }
 
  private:
   template <class Columns>
@@ -220,10 +229,12 @@ class FieldRows {
   std::vector<std::size_t> fields_ = Find(kFieldColumns);
   std::size_t conditionPath_ = rows_.Column(u"Strpath");
   std::vector<std::size_t> conditions_ = Find(kConditionColumns);
+  std::size_t codeIds_ = rows_.Column(u"Strcodeid");
+  std::size_t codeNames_ = rows_.Column(u"Strkeyname");
 };
 
-// The chosen codes of one CODE condition. Writing makes one row; older data may hold one row per
-// code. When they cannot be read, what the field statement has joined stands.
+// The chosen codes of one CODE condition. When they cannot be read, what the rows of the field
+// statement hold stands.
 void ReadCodes(Session& session, std::int32_t listId, const Text& path, StoredCondition& stored) {
   Step(u"ListSet: chosen codes", [&] {
     OpenedRecordset rows(MAction::ConnectionOf(session),
@@ -233,17 +244,11 @@ void ReadCodes(Session& session, std::int32_t listId, const Text& path, StoredCo
     if (!rows.HasRow()) return;
     const std::size_t idColumn = rows->Column(u"strCodeID");
     const std::size_t nameColumn = rows->Column(u"strKeyName");
-    Text ids;
-    Text names;
-    const auto append = [](Text& all, const Text& one, char16_t separator) {
-      if (!TrimBlanks(one).empty()) AppendWith(all, separator, one);
-    };
-    for (; !rows->Eof(); rows->MoveNext()) {
-      append(ids, ToTextOrEmpty(rows->At(idColumn)), u',');
-      append(names, ToTextOrEmpty(rows->At(nameColumn)), u' ');
-    }
-    stored.codeIds = std::move(ids);
-    stored.codeNames = std::move(names);
+    StoredCondition codes;
+    for (; !rows->Eof(); rows->MoveNext())
+      JoinCodes(codes, ToTextOrEmpty(rows->At(idColumn)), ToTextOrEmpty(rows->At(nameColumn)));
+    stored.codeIds = std::move(codes.codeIds);
+    stored.codeNames = std::move(codes.codeNames);
     rows.Close();
   });
 }
@@ -302,25 +307,33 @@ void LoadFields(Session& session, ListType& list, bool& whole) {
   bool complete = true;
   if (rows.HasRow()) {
     FieldRows fields(*rows.operator->());
-    // A field with several codes comes in several rows, and not always next to each other.
-    std::unordered_set<double> seen;
-    std::optional<ConditionContext> context;  // two statements, so only for lists with conditions
+    // A field with several codes comes in several rows, and not always next to each other: its
+    // condition is complete behind the last row.
+    std::unordered_map<double, std::size_t> places;  // of the fields, by their id
+    std::vector<std::optional<StoredCondition>> conditions;
     for (; !rows->Eof(); rows->MoveNext()) {
       const std::optional<double> id = fields.ViewFieldId();
       if (!id) complete = false;
-      if (!seen.insert(id.value_or(0)).second) continue;
-      ListFieldType& field = read.ListField.emplace_back(fields.Field());
-      if (field.blnIsFixed) ++read.intFixedCols;
-      if (!fields.HasCondition()) continue;
+      const auto [place, isNew] = places.try_emplace(id.value_or(0), conditions.size());
+      if (isNew) {
+        if (read.ListField.emplace_back(fields.Field()).blnIsFixed) ++read.intFixedCols;
+        conditions.emplace_back();
+        if (fields.HasCondition()) conditions.back() = fields.Condition();
+      }
+      if (auto& stored = conditions[place->second]) fields.AddCodes(*stored);
+    }
+    if (!complete) TellIdMissing(u"ListSet.RefreshListField: fields");
+    std::optional<ConditionContext> context;  // two statements, so only for lists with conditions
+    for (std::size_t i = 0; i < conditions.size(); ++i) {
+      if (!conditions[i]) continue;
+      ListFieldType& field = read.ListField[i];
       if (!context) context = ContextOf(session);
-      StoredCondition stored = fields.Condition();
-      if (HasCodes(field)) ReadCodes(session, list.lngListID, field.strPath, stored);
-      const Text sql = RestoreCondition(stored, *context, field);
+      if (HasCodes(field)) ReadCodes(session, list.lngListID, field.strPath, *conditions[i]);
+      const Text sql = RestoreCondition(*conditions[i], *context, field);
       if (sql.empty()) continue;
       if (!read.strListPureWhere.empty()) read.strListPureWhere.append(u" And ");
       read.strListPureWhere.append(sql);
     }
-    if (!complete) TellIdMissing(u"ListSet.RefreshListField: fields");
   } else {
     complete = IsEmpty(rows);
   }
