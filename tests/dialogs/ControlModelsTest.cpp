@@ -1,19 +1,100 @@
+// The control models by themselves: which acts are heard, and how rows and items keep their place.
 #include "fetchkit/dialogs/ControlModels.h"
 
 #include <gtest/gtest.h>
 
+#include "fetchkit/dialogs/PickCombo.h"
 #include "support/Table.h"
 
 namespace fetchkit::test {
 namespace {
 
-class EmptyForm : public Form {
+// One control of every kind, with two rows, items or nodes each.
+class EveryControl : public Form {
  public:
-  EmptyForm() : Form(u"form", u"") {}
+  EveryControl() : Form(u"form", u"") {
+    SetTabOrder({&button, &box, &date, &tree, &grid, &list, &pick});
+    Open();
+    tree.Add({u"K", u"a", u"", 0});
+    tree.Add({u"L", u"b", u"", 1});
+    grid.FormatString(u"<c");
+    grid.AddItem(u"a");
+    grid.AddItem(u"b");
+    list.AddItem(u"a");
+    list.AddItem(u"b");
+    list.extent = {50, 10, 5, 0};
+    pick.SetList({u"a", u"b"});
+  }
+
+  void Listen() {
+    const auto heard = [this](auto&&...) { ++count; };
+    button.OnClick = box.OnChange = box.OnEnter = date.OnChange = grid.OnRowChange =
+        grid.OnDoubleClick = grid.OnDelete = list.OnSelect = list.OnDoubleClick = heard;
+    box.OnLeave = heard;
+    tree.OnNodeClick = heard;
+    list.OnPointer = heard;
+    pick.OnPick = heard;
+  }
+
+  // Every act there is, once; returns how many were heard. Typing the same again is no change.
+  int Act(int at) {
+    count = 0;
+    button.UserPressed();
+    box.UserTyped(u"t");
+    box.UserLeft();
+    box.UserPressedEnter();
+    date.UserChanged({date.Value().serial + 1});
+    tree.UserClickedNode(at);
+    grid.UserSelectedRow(at + grid.FixedRows());
+    grid.UserDoubleClickedRow(at + grid.FixedRows());
+    grid.UserPressedDelete();
+    list.UserSelected(at);
+    list.UserDoubleClicked(at);
+    list.UserMovedPointer(5);
+    pick.UserPicked(at);
+    return count;
+  }
+
   void UserPressedEnter() override {}
   void UserPressedEscape() override {}
-  void UserClosed() override {}
+  void UserClosed() override { Close(); }
+
+  CommandButton button{*this, u"button"};
+  TextBox box{*this, u"box"};
+  DateSpinner date{*this, u"date"};
+  TreeView tree{*this, u"tree"};
+  MSFlexGrid grid{*this, u"grid"};
+  ListBox list{*this, u"list"};
+  PickCombo pick{*this, u"pick"};
+  int count = 0;
 };
+
+TEST(ControlModels, ActsAreHeardWhereTheUserCanAct) {
+  EveryControl form;
+  EXPECT_EQ(form.Act(1), 0) << "nobody listens";
+  EXPECT_EQ(form.box.Text(), u"t");
+  EXPECT_EQ(form.list.ListIndex(), 1);
+  form.Listen();
+  EXPECT_EQ(form.Act(0), 13);
+  for (const int nowhere : {-2, 2}) {
+    form.grid.Row(-1);
+    EXPECT_EQ(form.Act(nowhere), 5) << "what names no row, item or node";
+  }
+  const auto each = [&](void (*set)(Control&, bool)) {
+    for (Control* control : form.Controls())
+      set(*control, false);
+    EXPECT_EQ(form.Act(1), 0);
+    EXPECT_EQ(form.pick.UserTyped(u"b"), -1);
+    for (Control* control : form.Controls())
+      set(*control, true);
+  };
+  each([](Control& control, bool on) { control.Enabled(on); });
+  each([](Control& control, bool on) { control.Visible(on); });
+  EXPECT_EQ(form.pick.UserTyped(u"b"), 1);
+  EXPECT_EQ(form.Act(1), 13);
+  form.UserClosed();
+  EXPECT_EQ(form.Act(0), 0) << "the form has closed";
+}
 
 // Of four rows or items, "a" to "d".
 TEST(ControlModels, TheCurrentRowStaysTheSameOneWhenAnotherIsRemoved) {
@@ -23,11 +104,10 @@ TEST(ControlModels, TheCurrentRowStaysTheSameOneWhenAnotherIsRemoved) {
       {"one that is not there", 2, 4, 2},
   }
       .Check([](int current, int removed, int expected) {
-        EmptyForm form;
-        ListBox list(form, u"list");
-        MSFlexGrid grid(form, u"grid");
-        grid.FormatString(u"caption");
-        for (const TextView text : {u"a", u"b", u"c", u"d"}) {
+        EveryControl form;
+        ListBox& list = form.list;
+        MSFlexGrid& grid = form.grid;
+        for (const TextView text : {u"c", u"d"}) {
           list.AddItem(Text(text));
           grid.AddItem(text);
         }
@@ -39,6 +119,29 @@ TEST(ControlModels, TheCurrentRowStaysTheSameOneWhenAnotherIsRemoved) {
         grid.RemoveItem(removed + 1);
         EXPECT_EQ(grid.Row(), expected + 1);
       });
+}
+
+TEST(ControlModels, WhatIsNoRowItemOrCellIsNothing) {
+  EveryControl form;
+  form.grid.RemoveItem(0);
+  EXPECT_EQ(form.grid.Rows(), 3) << "headers stay";
+  form.grid.MoveRowsTo(form.grid, 0, 1);
+  form.grid.MoveRowsTo(form.grid, 3, 0);
+  EXPECT_EQ(form.grid.Rows(), 3);
+
+  form.list.OnPointer = [&](int item) { form.count = item; };
+  form.list.AddItem(u"d");
+  for (const auto& [y, height, expected] :
+       {std::tuple{9, 10, 0}, {30, 10, -1}, {-1, 10, -1}, {5, 0, -1}}) {
+    form.list.extent.itemHeight = height;
+    form.list.UserMovedPointer(y);
+    EXPECT_EQ(form.count, expected) << y;
+  }
+  EXPECT_EQ(form.pick.Cell(2, 0), u"");
+  EXPECT_EQ(form.pick.Cell(0, 1), u"");
+  EXPECT_EQ(form.pick.Cell(0, -1), u"");
+  form.pick.Show(u"x", 5);
+  EXPECT_EQ(form.pick.ListIndex(), -1);
 }
 
 }  // namespace
