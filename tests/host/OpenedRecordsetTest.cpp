@@ -110,6 +110,7 @@ TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
 }
 
 TEST_F(OpenedRecordsets, TrapsKeepWhatWasBuiltAndGoOn) {
+  const MemberScope member;  // all of these are inside one
   const Text built = Guarded(u"list", Text(u"-"), [](Text& result) {
     result += u"a";
     throw Error(ErrorKind::Host, u"half way");
