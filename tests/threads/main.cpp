@@ -42,7 +42,7 @@ void Work(unsigned seed, int calls) {
       entry.Initialize(host);
     }
     EXPECT_EQ(entry.LoginOrganizationId(), organization) << "another thread's session";
-    CallService(entry, static_cast<int>(random() % kServices), u"Department",
+    CallService(entry, static_cast<std::uint32_t>(random()), u"Department",
                 static_cast<std::int32_t>(random() % 100));
     EXPECT_EQ(host->openRecordsets, 0);
   }
