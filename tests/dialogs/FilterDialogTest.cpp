@@ -2,9 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <random>
-#include <set>
-
 #include "dialogs/Player.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListSet.h"
@@ -15,7 +12,6 @@ namespace fetchkit::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::UnorderedElementsAreArray;
 
 ListFieldType Column(TextView caption, TextView type, TextView name, TextView table = u"",
                      TextView key = u"", TextView value = u"") {
@@ -426,63 +422,6 @@ TEST_F(FilterDialog, OkThatCannotWriteBackStaysOpen) {
   EXPECT_TRUE(set.ShowFilter(0));
   EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
   EXPECT_EQ(set.List().ListField, list_.ListField) << "the same condition is confirmed";
-}
-
-// Random acts; whatever is played, one row per column, of the column's own type, and nothing of it
-// in the caller's record before OK; OK and a second opening agree.
-TEST_F(FilterDialog, RandomActs) {
-  std::mt19937 random(20040317);  // NOLINT(cert-msc51-cpp): the same acts at every run
-  const auto below = [&](int count) {
-    return count <= 0 ? 0 : static_cast<int>(random() % static_cast<unsigned>(count));
-  };
-  static constexpr TextView kValues[] = {u"", u"5", u"9", u"10", u"x", u"a'b", u"1,2", u"-1"};
-  player_.onChooser = [&](frmFilterColumn& form) {
-    for (int i = below(5); i > 0; --i) {
-      form.msgAll.UserDoubleClickedRow(below(form.msgAll.Rows()));
-      if (below(3) == 0) form.msgSelected.UserDoubleClickedRow(below(form.msgSelected.Rows()));
-    }
-    if (below(2) == 0) form.UserPressedEnter();
-  };
-  for (int game = 0; game < 150; ++game) {
-    const ListType before = list_;
-    std::vector<std::string> rows;
-    const bool confirmed = Show("", [&](frmFilter& form) {
-      const auto value = [&] { return kValues[below(8)]; };
-      const std::function<void()> acts[] = {
-          [&] { form.tvwFilter.UserClickedNode(below(10)); },
-          [&] { form.lxtOther.UserPicked(below(form.lxtOther.ListCount())); },
-          [&] { form.txtFrom.UserTyped(value()); },
-          [&] { form.txtTo.UserTyped(value()); },
-          [&] { form.txtFrom.UserLeft(below(2) == 0 ? nullptr : &form.txtTo); },
-          [&] { form.txtTo.UserLeft(); },
-          [&] { (below(2) == 0 ? form.datFrom : form.datDate).UserChanged({38000.0 + below(99)}); },
-          [&] { form.msgFilter.UserSelectedRow(below(form.msgFilter.Rows())); },
-          [&] { form.msgFilter.UserPressedDelete(); },
-      };
-      for (int act = 0; act < 50; ++act) {
-        acts[below(static_cast<int>(std::size(acts)))]();
-        std::set<Text> fields;
-        for (int row = 1; row < form.msgFilter.Rows(); ++row) {
-          const Text& index = form.msgFilter.TextMatrix(row, 0);
-          EXPECT_TRUE(fields.insert(index).second) << "two rows of one column";
-          const auto& field = before.ListField[static_cast<std::size_t>(std::stoi(ToUtf8(index)))];
-          EXPECT_EQ(form.msgFilter.TextMatrix(row, 3), field.strFieldType);
-          EXPECT_NE(form.msgFilter.TextMatrix(row, 2), u"");
-        }
-        EXPECT_EQ(list_, before);
-      }
-      form.UserPressedEnter();
-      rows = RowsOf(form.msgFilter, {0, 2, 3, 4});
-    });
-    if (!confirmed) {
-      EXPECT_EQ(list_, before);
-      continue;
-    }
-    Show("", [&](frmFilter& form) {
-      EXPECT_THAT(RowsOf(form.msgFilter, {0, 2, 3, 4}), UnorderedElementsAreArray(rows));
-    });
-    if (HasFailure()) break;
-  }
 }
 
 }  // namespace

@@ -3,44 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
-
-#include "fetchkit/base/TextSearch.h"
 #include "fetchkit/listset/model/CodeConditions.h"
 #include "fetchkit/listset/model/FieldType.h"
 #include "support/Lines.h"
+#include "support/StoredConditions.h"
 
 namespace fetchkit::test {
 namespace {
 
 using testing::ElementsAre;
-
-// What a database makes of a written value: quotes gone, doubled ones single, '' and ' ' as read
-// back through Null and the writer's blank.
-Text Read(TextView sqlValue) {
-  if (sqlValue == u"Null") return {};
-  if (!sqlValue.starts_with(u'\'')) return Text(sqlValue);
-  return ReplaceText(sqlValue.substr(1, sqlValue.size() - 2), u"''", u"'");
-}
-
-StoredCondition ReadBack(const ListFieldType& field) {
-  std::map<Text, Text> columns;
-  for (const StoredColumn& column : StoredColumnsOf(field))
-    columns[Text(column.name)] = Read(column.value);
-  return {columns[u"strStringOp"],
-          columns[u"strString1"],
-          columns[u"strString2"],
-          columns[u"strDateOp"],
-          columns[u"dtmDate1"],
-          columns[u"dtmDate2"],
-          columns[u"strDoubleOP"],
-          columns[u"dbldouble1"],
-          columns[u"dbldouble2"],
-          columns[u"blnBoolean"] == u"1",
-          columns[u"blnIsMuliCond"] == u"1",
-          field.strCodeID.empty() ? u" " : field.strCodeID,
-          field.strFilter};
-}
 
 std::string Written(const ListFieldType& field) {
   std::string all;
