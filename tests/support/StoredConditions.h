@@ -8,8 +8,9 @@
 
 namespace fetchkit::test {
 
-// A written value as it is read: quotes gone, doubled ones single, '' as the empty text.
+// A written value as it is read: quotes gone, doubled ones single, Null and '' as the empty text.
 inline Text ReadLiteral(TextView sqlValue) {
+  if (sqlValue == u"Null") return {};
   if (!sqlValue.starts_with(u'\'')) return Text(sqlValue);
   return ReplaceText(sqlValue.substr(1, sqlValue.size() - 2), u"''", u"'");
 }
