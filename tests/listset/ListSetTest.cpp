@@ -308,10 +308,10 @@ TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {
 TEST_F(Lists, CalledFromInsideTheHost) {
   host_->fallback = Done;
   host_->On(kFieldStatement,
-            FieldRows({{1, u"摘要", u"STRING", u"blnIsFilter", 1, u"Strpath", u"摘要",
-                        u"Strstringop", 1, u"Strstring1", u"x"},
-                       {3, u"部门", u"CODE", u"blnIsFilter", 1, u"Strpath", u"部门", u"strKeyField",
-                        u"DEPARTMENT", u"Strcodeid", u"12"}}));
+            FieldRows({{1, u"摘要", u"STRING", u"blnIsFilter", 1, u"blnIsMust", 1, u"Strpath",
+                        u"摘要", u"Strstringop", 1, u"Strstring1", u"x"},
+                       {3, u"部门", u"CODE", u"blnIsFilter", 1, u"blnIsMust", 1, u"Strpath",
+                        u"部门", u"strKeyField", u"DEPARTMENT", u"Strcodeid", u"12"}}));
   host_->On(kCodesStatement,
             Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
   const auto calling = std::make_shared<CallingBack>(host_);
