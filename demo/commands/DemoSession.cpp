@@ -26,7 +26,6 @@ void DemoSession::Switch(std::string_view loginName) {
 void DemoSession::LogIn() {
   entry_.Initialize(connection());
   host_.reports().clear();
-  failures_.clear();
 }
 
 void DemoSession::LogInAfresh() {
@@ -36,15 +35,21 @@ void DemoSession::LogInAfresh() {
 }
 
 void DemoSession::OnFailure(const Failure& failure) {
-  failures_.push_back(failure);
+  told_.push_back(failure);
 }
 
 void DemoSession::ShowStatements() {
   ListStatements(console_, reports(), trace_);
-  for (const Failure& failure : std::exchange(failures_, {}))
-    console_.Note(
-        fmt::format("quietly skipped: {}: {}", ToUtf8(failure.what), ToUtf8(failure.description)));
-  CountStatements(console_, reports().size());
+  std::size_t failures = 0;
+  for (const Failure& told : std::exchange(told_, {})) {
+    const bool isNote = told.severity == Severity::Note;
+    if (!isNote) ++failures;
+    if (isNote && !trace_) continue;
+    console_.Note(fmt::format("{}: {}: {}{}{}", isNote ? "note" : "failed", ToUtf8(told.what),
+                              ToUtf8(told.description), told.databaseText.empty() ? "" : " ",
+                              ToUtf8(told.databaseText)));
+  }
+  CountStatements(console_, reports().size(), failures);
 }
 
 }  // namespace fetchkit::demo

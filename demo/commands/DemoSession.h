@@ -14,7 +14,7 @@ namespace fetchkit::demo {
 
 // Owns the calling thread's library session while it lives: the session ends with it. One
 // connection per account, made in memory when it is first needed. Tells of failures that the
-// library keeps quiet about.
+// library keeps quiet about, those of logging in included; with a trace of its notes as well.
 class DemoSession : private DiagnosticsSink {
  public:
   // trace: show every statement whole, with its answer; otherwise one line each.
@@ -38,7 +38,7 @@ class DemoSession : private DiagnosticsSink {
 
   const std::shared_ptr<SampleConnection>& connection() const { return host_.connection(); }
 
-  // Runs work, then prints the statements it sent and their number.
+  // Runs work, then prints the statements it sent, their number and that of the failures.
   template <class Work>
   void Run(Work&& work) {
     host_.reports().clear();
@@ -65,7 +65,7 @@ class DemoSession : private DiagnosticsSink {
   bool trace_;
   DiagnosticsSink* sinkBefore_;
   SampleHost host_;
-  std::vector<Failure> failures_;
+  std::vector<Failure> told_;  // since the statements were last shown
 };
 
 }  // namespace fetchkit::demo

@@ -42,8 +42,10 @@ void ListStatements(Console& console, const std::vector<StatementReport>& report
   console.EndTable();
 }
 
-void CountStatements(Console& console, std::size_t count) {
-  console.Note(fmt::format("{} statement{}", count, count == 1 ? "" : "s"));
+void CountStatements(Console& console, std::size_t count, std::optional<std::size_t> failures) {
+  std::string line = fmt::format("{} statement{}", count, count == 1 ? "" : "s");
+  if (failures) line += fmt::format(", {} failure{}", *failures, *failures == 1 ? "" : "s");
+  console.Note(line);
 }
 
 }  // namespace fetchkit::demo

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ std::string OneLine(TextView sql);
 // refused.
 void ListStatements(Console& console, const std::vector<StatementReport>& reports, bool trace);
 
-void CountStatements(Console& console, std::size_t count);
+// Where failures are known, their number as well.
+void CountStatements(Console& console, std::size_t count,
+                     std::optional<std::size_t> failures = std::nullopt);
 
 }  // namespace fetchkit::demo

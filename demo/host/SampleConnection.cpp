@@ -151,6 +151,7 @@ bool SampleConnection::Traced(TextView sql, const std::function<void(StatementRe
   }
   report.microseconds =
       std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
+  if (!report.answered) lastRefusal_ = report.error;
   if (trace) trace(report);
   return report.answered;
 }

@@ -67,6 +67,8 @@ class SampleConnection : public SessionConnection {
   // out becomes the number of rows that were changed.
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override;
 
+  Text LastRefusal() override { return lastRefusal_; }
+
  private:
   bool Open(TextView sql, RecordsetPtr& recordset);
 
@@ -75,6 +77,7 @@ class SampleConnection : public SessionConnection {
   bool Traced(TextView sql, const std::function<void(StatementReport&)>& work);
 
   std::shared_ptr<Database> database_;
+  Text lastRefusal_;
   int openRecordsets_ = 0;
 };
 

@@ -93,6 +93,7 @@ TEST_F(SampleConnectionTest, TellsEveryStatement) {
   EXPECT_EQ(account.reports[1].rows, 2);
   EXPECT_FALSE(account.reports[2].answered);
   EXPECT_EQ(account.reports[2].error, u"no such column: x");
+  EXPECT_EQ(account.connection->LastRefusal(), account.reports[3].error);
   EXPECT_EQ(account.reports[3].adapted, u"") << "refused by the adapter, not by the database";
 }
 

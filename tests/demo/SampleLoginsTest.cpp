@@ -1,6 +1,10 @@
 // Start-up through the real statements, on the sample accounts.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <sstream>
+
+#include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/Interface.h"
@@ -47,6 +51,37 @@ TEST(SampleLogins, ReadWhatTheBooksHold) {
   const auto rights = session.entry().LoginOperatorRight();
   EXPECT_TRUE(rights->UserRight(u"12,15"));
   EXPECT_FALSE(rights->UserRight(u"31"));
+}
+
+// The paper of a subcommand, without colour.
+template <class Command>
+std::string PaperOf(Command&& command) {
+  std::FILE* paper = std::tmpfile();
+  Console console(paper, ColourMode::Never);
+  command(console);
+  std::string text(static_cast<std::size_t>(std::ftell(paper)), '\0');
+  std::rewind(paper);
+  text.resize(std::fread(text.data(), 1, text.size(), paper));
+  std::fclose(paper);
+  return text;
+}
+
+TEST(Commands, AHealthyRunReportsNoFailure) {
+  const CommonOptions options;
+  std::istringstream nobody;
+  const std::function<int(Console&)> kCommands[] = {
+      [&](Console& console) { return RunLogin(console, options); },
+      [&](Console& console) { return RunRights(console, options); },
+      [&](Console& console) { return RunRights(console, {.login = "account"}); },
+      [&](Console& console) { return RunSettings(console, options); },
+      [&](Console& console) { return RunList(console, options, {.where = {"金额 大于 100"}}); },
+      [&](Console& console) { return RunFilter(console, options, {}, nobody, false); },
+  };
+  for (const auto& command : kCommands) {
+    const std::string paper = PaperOf([&](Console& console) { EXPECT_EQ(command(console), 0); });
+    EXPECT_NE(paper.find(", 0 failures"), std::string::npos);
+    EXPECT_EQ(paper.find("failed: "), std::string::npos) << paper;
+  }
 }
 
 TEST(Console, WidthsCountChineseGlyphsTwice) {

@@ -50,11 +50,18 @@ TEST_F(OpenedRecordsets, AreGivenBackOnceOnEveryPath) {
 
 TEST_F(OpenedRecordsets, RefusedStatementsAreToldAndNotClosed) {
   host_->On(Text(kSql), Refused());
-  OpenedRecordset rows(host_, kSql, Cursor::Plain);
-  EXPECT_FALSE(rows);
-  EXPECT_FALSE(rows.HasRow());
-  ASSERT_EQ(sink_.failures.size(), 1u);
-  EXPECT_EQ(sink_.failures[0].statement, kSql);
+  for (const Severity severity : {Severity::Failure, Severity::Note}) {
+    OpenedRecordset rows(host_, kSql, Cursor::Plain, severity);
+    EXPECT_FALSE(rows);
+    EXPECT_FALSE(rows.HasRow());
+    EXPECT_EQ(sink_.failures.back().severity, severity);
+  }
+  EXPECT_FALSE(Execute(host_, kSql));
+  ASSERT_EQ(sink_.failures.size(), 3u);
+  for (const Failure& told : sink_.failures) {
+    EXPECT_EQ(told.statement, kSql);
+    EXPECT_EQ(told.databaseText, u"the table is locked");
+  }
   EXPECT_EQ(CurrentThread().lastError, u"") << "an answer of False is no error";
 }
 
@@ -119,7 +126,12 @@ TEST_F(OpenedRecordsets, TrapsKeepWhatWasBuiltAndGoOn) {
   EXPECT_EQ(Guarded(u"number", 7, []() -> int { throw 1; }), 7);
   EXPECT_EQ(CurrentThread().lastError, u"The host raised an error of an unknown kind.");
   EXPECT_TRUE(Step(u"fine", [] {}));
-  EXPECT_EQ(sink_.failures.size(), 2u);
+  Step(
+      u"expected", [] { throw Error(ErrorKind::Host, u"not there"); }, Severity::Note);
+  EXPECT_EQ(CurrentThread().lastError, u"The host raised an error of an unknown kind.");
+  ASSERT_EQ(sink_.failures.size(), 3u);
+  EXPECT_EQ(sink_.failures[2].description, u"not there");
+  EXPECT_EQ(sink_.failures[2].severity, Severity::Note);
 }
 
 }  // namespace

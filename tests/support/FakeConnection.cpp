@@ -115,7 +115,7 @@ void FakeConnection::CloseRecordset(RecordsetPtr& recordset) {
 }
 
 void FakeConnection::RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) {
-  isEmpty = recordset->Bof() && recordset->Eof();
+  if (!unsaid) isEmpty = recordset->Bof() && recordset->Eof();
 }
 
 bool FakeConnection::OpenStaticRecordset(TextView sql, RecordsetPtr& recordset,

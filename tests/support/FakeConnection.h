@@ -73,6 +73,7 @@ class FakeConnection : public SessionConnection,
 
   FakeLogin login;
   int openRecordsets = 0;
+  bool unsaid = false;  // whether a recordset is empty is asked in vain
 
   std::shared_ptr<fetchkit::HostContext> HostContext() override;
   void CloseRecordset(RecordsetPtr& recordset) override;
@@ -83,6 +84,7 @@ class FakeConnection : public SessionConnection,
   bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t option1,
                      std::int32_t option2) override;
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override;
+  Text LastRefusal() override { return u"the table is locked"; }
 
  private:
   // The answer, null for one of False.

@@ -31,18 +31,25 @@ Text FlexibleColumn(TextView fieldTitle, TextView columnWord) {
   return ReplaceText(fieldTitle, u"智能字段", columnWord);
 }
 
-// Runs a statement that returns no rows but fails where the schema lacks what it names.
+// Returns no rows but fails where the schema lacks what it names.
+Text Probe(Session& session, TextView column, TextView table) {
+  return Join(u"Select ", column, u" From ", MAction::Business(session)->AccountUserID(), u".",
+              table, u" Where 1=0");
+}
+
 bool SchemaTakes(Session& session, TextView what, TextView column, TextView table) {
   return Guarded(what, false, [&] {
-    const Text sql = Join(u"Select ", column, u" From ",
-                          MAction::Business(session)->AccountUserID(), u".", table, u" Where 1=0");
+    const Text sql = Probe(session, column, table);
     Text key = Join(session.AccountKey, u":", sql);
     auto& probes = ActivityCaches::Of(session).probes;
     if (const auto known = probes.find(key); known != probes.end()) return known->second;
     const SessionConnectionPtr& connection = MAction::ConnectionOf(session);
     bool taken = false;
     // Its own trap: a statement that raises answers the question like one that is refused.
-    Step(what, [&] { taken = bool(OpenedRecordset(connection, sql, Cursor::Static)); });
+    Step(
+        what,
+        [&] { taken = bool(OpenedRecordset(connection, sql, Cursor::Static, Severity::Note)); },
+        Severity::Note);
     return probes.insert_or_assign(std::move(key), taken).first->second;
   });
 }
@@ -132,6 +139,13 @@ bool TableNameExists(Session& session, TextView strTableName) {
 
 bool TableFieldExists(Session& session, TextView strTableName, TextView strFieldName) {
   return SchemaTakes(session, u"Activity.TableFieldExists", strFieldName, strTableName);
+}
+
+bool TableAnswers(Session& session, TextView tableName) {
+  return Guarded(u"TableAnswers", false, [&] {
+    return bool(OpenedRecordset(MAction::ConnectionOf(session), Probe(session, u"1", tableName),
+                                Cursor::Static));
+  });
 }
 
 }  // namespace fetchkit::MActivity

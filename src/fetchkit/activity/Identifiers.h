@@ -51,4 +51,8 @@ bool FlexFieldIsUsed(Session& session, TextView strFieldTitle, Text& strTitle);
 bool TableNameExists(Session& session, TextView strTableName);
 bool TableFieldExists(Session& session, TextView strTableName, TextView strFieldName);
 
+// Whether the database answers a statement on the account's own table now: one statement at every
+// call, nothing kept. Tells a table that is not there from a connection that is gone.
+bool TableAnswers(Session& session, TextView tableName);
+
 }  // namespace fetchkit::MActivity

@@ -3,7 +3,6 @@
 #include <exception>
 
 #include "fetchkit/base/Error.h"
-#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/base/Utf8.h"
 
 namespace fetchkit {
@@ -44,12 +43,13 @@ bool MemberScope::Any() noexcept {
   return state != nullptr && static_cast<const ThreadState*>(state)->membersAtWork > 0;
 }
 
-void NoteCurrentError(TextView what) noexcept {
+void NoteCurrentError(TextView what, Severity severity) noexcept {
   try {
     ThreadState& thread = CurrentThread();
-    thread.lastError = DescribeCurrentError();
+    const Text description = DescribeCurrentError();
+    if (severity == Severity::Failure) thread.lastError = description;
     const Text statement = std::exchange(thread.failingStatement, {});
-    TellDiagnostics(what, thread.lastError, statement);
+    TellDiagnostics(what, description, statement, severity);
   } catch (...) {
     // Out of memory while noting it: the caller's answer matters more than the note. This one is
     // short enough to need none.

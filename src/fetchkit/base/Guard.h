@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "fetchkit/base/Text.h"
+#include "fetchkit/base/ThreadState.h"
 
 namespace fetchkit {
 
@@ -39,8 +40,9 @@ class MemberScope {
   int around_ = 0;
 };
 
-// To be called inside a catch block only: notes the exception that is being handled.
-void NoteCurrentError(TextView what) noexcept;
+// To be called inside a catch block only: notes the exception that is being handled. One that is a
+// mere note is told, but is not the thread's last error.
+void NoteCurrentError(TextView what, Severity severity = Severity::Failure) noexcept;
 
 // Runs body and answers with its result, or with neutral when it throws. A body that takes an
 // argument gets the result to build on by reference, and what it has built until an error stands.
@@ -69,15 +71,16 @@ Result GuardedOutermost(TextView what, Result neutral, Body&& body) {
   return Guarded(what, std::move(neutral), body);
 }
 
-// Runs one statement and goes on whatever it throws. Answers whether it came through.
+// Runs one statement and goes on whatever it throws. Answers whether it came through. severity:
+// what it means when it does not.
 template <class Body>
-bool Step(TextView what, Body&& body) {
+bool Step(TextView what, Body&& body, Severity severity = Severity::Failure) {
   const MemberScope scope;
   try {
     body();
     return true;
   } catch (...) {
-    NoteCurrentError(what);
+    NoteCurrentError(what, severity);
     return false;
   }
 }

@@ -40,9 +40,10 @@ DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink) {
       [&] { return std::exchange(CurrentThread().diagnostics, sink); }, LastError::Kept);
 }
 
-void TellDiagnostics(TextView what, TextView description, TextView statement) {
+void TellDiagnostics(TextView what, TextView description, TextView statement, Severity severity,
+                     TextView databaseText) {
   if (DiagnosticsSink* sink = CurrentThread().diagnostics)
-    sink->OnFailure({Text(what), Text(description), Text(statement)});
+    sink->OnFailure({Text(what), Text(description), Text(statement), Text(databaseText), severity});
 }
 
 }  // namespace fetchkit

@@ -13,15 +13,22 @@
 
 namespace fetchkit {
 
-// A failure that a trap met, or a statement that the database refused.
-struct Failure {
-  Text what;         // the step or member that failed, such as "Interface.Initialize: LoginDate"
-  Text description;  // what went wrong, for a person
-  Text statement;    // the SQL text that was being read or run; empty when there was none
+enum class Severity {
+  Note,     // belongs to a healthy session: a probe's "no", a value that a dialog refused
+  Failure,  // something is missing that should be there
 };
 
-// Told of failures that are silent by design. Called on the thread on which they happen, in the
-// midst of the work: it must not throw and must not call back into the library.
+// What a trap met, or a statement that the database refused.
+struct Failure {
+  Text what;          // the step or member that failed, such as "Initialize: LoginDate"
+  Text description;   // what went wrong, for a person
+  Text statement;     // the SQL text that was being read or run; empty when there was none
+  Text databaseText;  // the database's own words for a refusal; empty where the host offers none
+  Severity severity = Severity::Failure;
+};
+
+// Told of failures that are silent by design, and of notes. Called on the thread on which they
+// happen, in the midst of the work: it must not throw and must not call back into the library.
 class DiagnosticsSink {
  public:
   virtual ~DiagnosticsSink() = default;
@@ -69,8 +76,9 @@ bool ReleaseThread();
 // outlive its installation. Without memory for a thread's first call none is installed.
 DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink);
 
-// Tells the sink of a failure; does not touch the last error.
-void TellDiagnostics(TextView what, TextView description, TextView statement);
+// Tells the sink; does not touch the last error.
+void TellDiagnostics(TextView what, TextView description, TextView statement,
+                     Severity severity = Severity::Failure, TextView databaseText = {});
 
 // The slot itself. Get answers null before the first Set on a thread. A state that is in the slot
 // when its thread ends is given to EndThreadState.

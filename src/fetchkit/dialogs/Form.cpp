@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "fetchkit/base/Error.h"
 #include "fetchkit/base/Guard.h"
 
 namespace fetchkit {
@@ -18,8 +17,11 @@ void Form::Close() {
 }
 
 void Form::RefuseSilently(TextView warning) const {
-  Step(Join(name_, u": ", warning),
-       [] { throw ConvertError(ErrorKind::TypeMismatch, u"A value has the wrong type."); });
+  Step(name_, [&] {
+    Text& lastError = CurrentThread().lastError;
+    lastError = u"A value has the wrong type.";
+    TellDiagnostics(Join(name_, u": ", warning), lastError, {}, Severity::Note);
+  });
 }
 
 void Control::SetFocus() {

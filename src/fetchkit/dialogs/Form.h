@@ -73,8 +73,8 @@ class Form {
   void DropFocusWish() { focusWish_ = nullptr; }
 
   // What the user asked for is not done, and no box says so: the users know the dialogs that way.
-  // It counts as a failing step named by the form and the warning, so that the diagnostics sink
-  // hears of it and WriteLog can.
+  // The diagnostics sink hears of it as a note named by the form and the warning, and WriteLog
+  // finds it as the last error.
   void RefuseSilently(TextView warning) const;
 
  private:

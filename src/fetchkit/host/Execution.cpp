@@ -1,7 +1,6 @@
 #include "fetchkit/host/Execution.h"
 
 #include "fetchkit/base/Error.h"
-#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/host/OpenedRecordset.h"
 
 namespace fetchkit {
@@ -14,7 +13,7 @@ bool Execute(SessionConnectionPtr connection, TextView sql) {
   const StatementTrace trace(sql);
   Value out;
   const bool done = connection->ExecuteSql(trace.sql(), 1, out);
-  if (!done) TellDiagnostics(u"ExecuteSql", u"The database refused the statement.", trace.sql());
+  if (!done) TellRefusal(*connection, u"ExecuteSql", trace.sql());
   return done;
 }
 

@@ -5,7 +5,6 @@
 
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Guard.h"
-#include "fetchkit/base/ThreadState.h"
 
 namespace fetchkit {
 
@@ -18,7 +17,17 @@ StatementTrace::~StatementTrace() {
   if (failing.empty()) failing = std::move(sql_);
 }
 
-OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor)
+void TellRefusal(SessionConnection& connection, TextView operation, TextView sql,
+                 Severity severity) {
+  if (CurrentThread().diagnostics == nullptr) return;
+  Text reason;
+  Step(
+      u"LastRefusal", [&] { reason = connection.LastRefusal(); }, Severity::Note);
+  TellDiagnostics(operation, u"The database refused the statement.", sql, severity, reason);
+}
+
+OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor,
+                                 Severity refusal)
     : trace_(sql), connection_(std::move(connection)) {
   if (!connection_)
     throw Error(ErrorKind::ObjectMissing, u"No connection: Interface.Initialize comes first.");
@@ -26,7 +35,7 @@ OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, 
                 ? connection_->OpenStaticRecordset(trace_.sql(), recordset_, 3, 1, 1, 0)
                 : connection_->OpenRecordset(trace_.sql(), recordset_, 0, 0);
   if (!opened_) {
-    TellDiagnostics(u"OpenRecordset", u"The database refused the statement.", trace_.sql());
+    TellRefusal(*connection_, u"OpenRecordset", trace_.sql(), refusal);
   } else if (!recordset_) {
     opened_ = false;
     throw Error(ErrorKind::Host, u"The connection opened a statement but gave no recordset.");
@@ -42,6 +51,16 @@ bool OpenedRecordset::HasRow() {
   bool isEmpty = true;
   connection_->RecordsetIsEmpty(recordset_, isEmpty);
   return !isEmpty;
+}
+
+bool OpenedRecordset::HasRowForCertain() {
+  if (HasRow()) return true;
+  if (!opened_) return false;
+  // What the host leaves alone keeps what it was preset with, whichever that is.
+  bool isEmpty = false;
+  connection_->RecordsetIsEmpty(recordset_, isEmpty);
+  if (!isEmpty) throw Error(ErrorKind::Host, u"The connection did not say whether there is a row.");
+  return false;
 }
 
 void OpenedRecordset::Close() {

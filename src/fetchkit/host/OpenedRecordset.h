@@ -24,6 +24,11 @@ class StatementTrace {
   int uncaught_;
 };
 
+// Tells the diagnostics sink, if there is one, of a statement that the connection has just refused,
+// with the database's own words for it.
+void TellRefusal(SessionConnection& connection, TextView operation, TextView sql,
+                 Severity severity = Severity::Failure);
+
 enum class Cursor {
   Plain,   // OpenRecordset with 0, 0: the session's loaders and the rights queries
   Static,  // OpenStaticRecordset with 3, 1, 1, 0: the services, the lists and the dialogs
@@ -32,9 +37,11 @@ enum class Cursor {
 // Its whole life counts as a HostCall: reading rows calls the host, too.
 class OpenedRecordset {
  public:
-  // Opens the statement. An open that answers False is told to the diagnostics sink and leaves the
-  // object closed; an open that throws throws on. A null connection is Error (ObjectMissing).
-  OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor);
+  // Opens the statement. An open that answers False is told to the diagnostics sink, as what
+  // refusal says it is, and leaves the object closed; an open that throws throws on. A null
+  // connection is Error (ObjectMissing).
+  OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor,
+                  Severity refusal = Severity::Failure);
 
   // Gives the recordset back unless Close has done so. An error of the host is noted, not thrown.
   ~OpenedRecordset();
@@ -47,6 +54,10 @@ class OpenedRecordset {
 
   // Whether it was opened and the connection says that it holds a row.
   bool HasRow();
+
+  // The same where an answer that the host does not write must not pass for "no row": Error (Host)
+  // then. An empty recordset is asked about twice.
+  bool HasRowForCertain();
 
   // The rows; to be used only while the object converts to true.
   Recordset* operator->() const { return recordset_.get(); }

@@ -38,6 +38,10 @@ class SessionConnection {
   // Runs a statement or an anonymous block; True: it went through. The library passes 1 for the
   // option and does not look at the out-value.
   virtual bool ExecuteSql(TextView sql, std::int32_t option, Value& out) = 0;
+
+  // The database's own error text for the operation that has just answered False, for the
+  // diagnostics sink; asked only while one is installed. Hosts that have none leave it empty.
+  virtual Text LastRefusal() { return {}; }
 };
 
 using SessionConnectionPtr = std::shared_ptr<SessionConnection>;

@@ -359,15 +359,16 @@ void LoadView(Session& session, ListType& list, LoadedParts& loaded) {
       loaded.view = IsEmpty(row);
       return;
     }
-    const auto set = [&](TextView column, Text& target) {
-      return Step(Join(u"ListSet.ViewId: ", column), [&] { target = TextOf(row[column]); });
+    const auto set = [&](TextView column, Text& target, Severity severity = Severity::Failure) {
+      return Step(
+          Join(u"ListSet.ViewId: ", column), [&] { target = TextOf(row[column]); }, severity);
     };
     bool whole = set(u"strViewName", list.strViewName);
     whole &= set(u"strCurTable", list.strCurTable);
     whole &= set(u"strViewSQL", list.strListFrom);
     whole &= set(u"strViewWhere", list.strListWhere);
     // The statement does not select it: this step fails and the key keeps what it had.
-    set(u"strPrimaryKey", list.strPrimaryKey);
+    set(u"strPrimaryKey", list.strPrimaryKey, Severity::Note);
     whole &= set(u"strViewName", list.strListName);
     RestrictToOrganization(session, list);
     loaded.view = whole;
