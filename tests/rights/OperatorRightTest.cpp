@@ -143,6 +143,20 @@ TEST_F(OperatorRights, AllCodesRights) {
   EXPECT_FALSE(OperatorRight().HaveAllAccountQueryRight());
 }
 
+TEST_F(OperatorRights, AHostThatDoesNotSayWhetherThereIsARowGrantsNothing) {
+  host_->On(kRights, Ids({12}));
+  host_->On(AllSql(u"blnAllClass1"), All(1));
+  host_->unsaid = true;
+  RecordingSink sink;
+  OperatorRight rights = Fresh();
+  EXPECT_FALSE(rights.UserRight(u"12"));
+  EXPECT_FALSE(rights.HaveAllCodeQueryRight(u"Class1"));
+  EXPECT_EQ(rights.GetUserQueryRight(u"Class1"), kClass1Condition);
+  EXPECT_EQ(sink.failures.size(), 3u);
+  host_->unsaid = false;
+  EXPECT_EQ(rights.GetUserQueryRight(u"Class1"), u"") << "what was not said is not kept";
+}
+
 TEST_F(OperatorRights, QueryConditions) {
   // Lower case in the key column: cut as it is passed.
   const Text lowerCase = u"lngclass" + kClass1Condition.substr(8);

@@ -1,5 +1,7 @@
 #include "fetchkit/rights/OrganizationRight.h"
 
+#include <algorithm>
+
 #include "activity/SampleCalendar.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/model/Business.h"
@@ -14,6 +16,9 @@ class OrganizationRights : public LoggedInTest {
       u"SELECT lngKeyID,blnUse FROM OrgCodeAllot WHERE lngOrganizationID = 20 AND "
       u"Upper(strTableName) = 'DEPARTMENT'";
   const Text kProbe = u"Select 1 From ACC01.OrgCodeAllot Where 1=0";
+  const Text kCertain = u"Select 1 From ACC01.Organization Where 1=0";
+  const std::string kNothing = "not all; 0; 0; 1=0";
+  const std::string kEverything = "all, 4, 12; ; 12,4,99,7; ";
 
   OrganizationRights() {
     MAction::Business(session())->AccountUserID(u"ACC01");
@@ -64,22 +69,53 @@ TEST_F(OrganizationRights, ADatabaseThatDoesNotAnswerOpensNothing) {
   host_->On(kProbe, Rows({u"1"}, {}));
   Answer lost = Codes({{4, 1}, {7, 1}});
   lost.throwAtRow = 1;
-  const std::string nothing = "not all; 0; 0; 1=0";
   for (const Answer& fault : {Refused(), Throws(), lost}) {
     host_->On(kAllotted, fault);
-    EXPECT_EQ(AllAnswers(), nothing);
+    EXPECT_EQ(AllAnswers(), kNothing);
+  }
+  host_->unsaid = true;
+  for (const auto& rows : {Codes({}), Codes({{4, 1}})}) {
+    host_->On(kAllotted, rows);
+    EXPECT_EQ(AllAnswers(), kNothing) << "whether there is a row was not said";
   }
   organization_->OrganizationID(0);  // the login organization has no row
-  EXPECT_EQ(AllAnswers(), nothing);
+  EXPECT_EQ(AllAnswers(), kNothing);
   organization_.reset();
-  EXPECT_EQ(AllAnswers(), nothing);
+  EXPECT_EQ(AllAnswers(), kNothing);
+}
+
+TEST_F(OrganizationRights, ADeadConnectionIsNoAccountWithoutAllotment) {
+  for (const Answer& fault : {Refused(), Throws()}) {
+    session().ActivityCaches.reset();
+    for (const Text& sql : {kAllotted, kProbe, kCertain})
+      host_->On(sql, fault);
+    RecordingSink sink;
+    EXPECT_EQ(AllAnswers(), kNothing);
+    EXPECT_EQ(sink.failures.back().severity, Severity::Failure);
+    EXPECT_EQ(sink.failures.back().statement, kAllotted);
+    // The probe's answer is kept, and opens nothing by itself.
+    host_->TakeSent();
+    EXPECT_EQ(AllAnswers(), kNothing);
+    const auto sent = host_->TakeSent();
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), "static: " + ToUtf8(kProbe)), 0);
+    host_->On(kAllotted, Codes({{4, 1}, {7, 1}}));
+    EXPECT_TRUE(AllAnswers().starts_with("not all, 4; 4,7; 4,7; lngDepartmentID IN ("));
+  }
 }
 
 TEST_F(OrganizationRights, AnAccountThatKnowsNoAllotmentOpensEverything) {
+  host_->On(kCertain, Rows({u"1"}, {}));
   for (const Answer& fault : {Refused(), Throws()}) {
+    session().ActivityCaches.reset();
     host_->On(kAllotted, fault);
     host_->On(kProbe, fault);
-    EXPECT_EQ(AllAnswers(), "all, 4, 12; ; 12,4,99,7; ");
+    host_->TakeSent();
+    RecordingSink sink;
+    EXPECT_EQ(AllAnswers(), kEverything);
+    EXPECT_EQ(host_->TakeSent(), (std::vector{ToUtf8(kAllotted), "static: " + ToUtf8(kProbe),
+                                              "static: " + ToUtf8(kCertain)}));
+    for (const Failure& told : sink.failures)
+      EXPECT_EQ(told.severity, Severity::Note);
   }
 }
 

@@ -47,7 +47,7 @@ Text OperatorRight::ReadRights(Session& session) const {
                  u"AND RightGroupDetail.lngRightGroupId = RightGroup.lngRightGroupId");
   OpenedRecordset rows(MAction::ConnectionOf(session), sql, Cursor::Plain);
   Text rights;
-  if (!rows.HasRow()) return rights;
+  if (!rows.HasRowForCertain()) return rights;
   const std::size_t id = rows->Column(u"lngRightID");
   for (; !rows->Eof(); rows->MoveNext())
     rights.append(u",").append(ToTextOrEmpty(rows->At(id)));
@@ -76,7 +76,7 @@ std::optional<bool> OperatorRight::ReadAllRight(TextView strCode, TextView use) 
                         u"AND lngOrganizationID = ", LoginOperator().OrganizationId());
   OpenedRecordset row(MAction::ConnectionOf(MAction::CurrentSession()), sql, Cursor::Plain);
   if (!row) return std::nullopt;
-  return row.HasRow() && ToDouble(row[u"blnHaveRight"]) == 1;
+  return row.HasRowForCertain() && ToDouble(row[u"blnHaveRight"]) == 1;
 }
 
 bool OperatorRight::HaveAllCodeQueryRight(TextView strCode) const {

@@ -14,7 +14,8 @@
 namespace fetchkit {
 
 // One per account, organization and operator; asks through the calling thread's session. No member
-// throws: on failure the Booleans are False.
+// throws: on failure, to which a host belongs that does not say whether there is a row, the
+// Booleans are False.
 class OperatorRight {
  public:
   // Whether the operator holds every right of the comma-separated list; True for an empty list, and

@@ -37,17 +37,23 @@ OrganizationRight::Allotment OrganizationRight::Read(TextView upperName) const {
   const Text sql = Join(u"SELECT lngKeyID,blnUse FROM OrgCodeAllot ", u"WHERE lngOrganizationID = ",
                         OrganizationId(), u" ", u"AND Upper(strTableName) = '", upperName, u"'");
   Session& session = MAction::CurrentSession();
+  const StatementTrace trace(sql);
   std::optional<OpenedRecordset> rows;
-  Step(u"OrganizationRight: allotted codes",
-       [&] { rows.emplace(MAction::ConnectionOf(session), sql, Cursor::Plain); });
+  Step(
+      u"OrganizationRight: allotted codes",
+      [&] { rows.emplace(MAction::ConnectionOf(session), sql, Cursor::Plain, Severity::Note); },
+      Severity::Note);
   Allotment allotment;
   if (!rows || !*rows) {
-    // Only an account that knows no allotment is without limits.
-    if (!session.Connection || MActivity::TableNameExists(session, u"OrgCodeAllot"))
+    // Only an account that knows no allotment is without limits. A connection that is gone fails
+    // both statements, and the second "no" may be a kept one: a table that every account has must
+    // answer now.
+    if (MActivity::TableNameExists(session, u"OrgCodeAllot") ||
+        !MActivity::TableAnswers(session, u"Organization"))
       throw Error(ErrorKind::Host, u"The allotted codes could not be read.");
     return allotment;
   }
-  if (!rows->HasRow()) return allotment;
+  if (!rows->HasRowForCertain()) return allotment;
   allotment.all = false;
   Recordset& row = *rows->operator->();
   const std::size_t id = row.Column(u"lngKeyID");

@@ -19,9 +19,11 @@ namespace fetchkit {
 // How codes are allotted is this system's own choice: OrgCodeAllot holds a row for each code
 // (lngKeyID) of a table that is allotted to an organization, and blnUse says whether it may be used
 // or only seen. An organization without any row for a table may use all of its codes, and so may
-// every organization of an account without that table. What was read for a table, by its name in
-// any letter case, is kept for the life of the object. Where the database does not answer, no code
-// may be used, and the next call asks again.
+// every organization of an account without that table. That there is no such table is believed only
+// when the account's table of organizations answers right afterwards. What was read for a table, by
+// its name in any letter case, is kept for the life of the object. Where the database does not
+// answer, or does not say whether there is a row, no code may be used, and the next call asks
+// again.
 class OrganizationRight {
  public:
   // Whether every code of the table may be used. False on failure.
