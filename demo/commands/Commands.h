@@ -17,7 +17,8 @@ struct CommonOptions {
 };
 
 // Logs in to the sample accounts, again and again with one thing changed, and shows what the host
-// sees and what was sent.
+// sees and what was sent. A first login that does not come in whole is told in words instead, and
+// answered with 1.
 int RunLogin(Console& console, const CommonOptions& options);
 
 // Every date keyword and a custom range, calendar and accounting, with the statements that each one

@@ -111,6 +111,22 @@ std::string Identity(Interface& entry) {
                      Utf8(entry.CustomerSs()->CustomerName()), Utf8(entry.LoginDate()));
 }
 
+// Says in words what a login lacks that did not come in whole. Answers whether it did.
+bool ShowState(Console& console, const LoginState& state) {
+  if (state.extent == LoginState::Extent::Whole) return true;
+  console.Line(
+      state.extent == LoginState::Extent::None
+          ? "There is no login: nothing of its account, organization and operator was read."
+          : "The login is partial: some of its records did not come in.");
+  for (const fetchkit::Text& step : state.failedSteps)
+    console.Line("  " + Utf8(step));
+  console.Line(
+      "\"no row\" means that the database knows no such organization or operator, or that it is "
+      "inactive, not initialised or not allotted.\n"
+      "Choose another login with --login NAME; ./run demo accounts lists them.");
+  return false;
+}
+
 }  // namespace
 
 int RunLogin(Console& console, const CommonOptions& options) {
@@ -126,6 +142,7 @@ int RunLogin(Console& console, const CommonOptions& options) {
   };
 
   login("First login", options.login);
+  if (!ShowState(console, entry.LoginState())) return 1;
   ShowAccount(console, *entry.Business());
   ShowOrganization(console, *entry.LoginOrganization());
   ShowOperator(console, *entry.LoginOperator());

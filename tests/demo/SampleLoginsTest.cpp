@@ -46,6 +46,10 @@ TEST(SampleLogins, ReadWhatTheBooksHold) {
     EXPECT_EQ(Described(entry), expected);
     EXPECT_EQ(session.connection()->openRecordsets(), 0);
     EXPECT_EQ(session.Count([&] { entry.Initialize(session.connection()); }), 0u);
+    const LoginState state = entry.LoginState();
+    const bool isWhole = TextView(u"inactive departed").find(FromUtf8(login)) == TextView::npos;
+    EXPECT_EQ(state.extent, isWhole ? LoginState::Extent::Whole : LoginState::Extent::Partial);
+    EXPECT_EQ(state.failedSteps.empty(), isWhole);
   }
   // The last account is an older one: its rights are those of an operator's groups.
   const auto rights = session.entry().LoginOperatorRight();
@@ -82,6 +86,14 @@ TEST(Commands, AHealthyRunReportsNoFailure) {
     EXPECT_NE(paper.find(", 0 failures"), std::string::npos);
     EXPECT_EQ(paper.find("failed: "), std::string::npos) << paper;
   }
+}
+
+TEST(Commands, ALoginThatDoesNotComeInIsSaidInWords) {
+  const std::string paper =
+      PaperOf([&](Console& console) { EXPECT_EQ(RunLogin(console, {.login = "inactive"}), 1); });
+  for (const char* said : {"The login is partial", "organization: no row", "--login NAME"})
+    EXPECT_NE(paper.find(said), std::string::npos) << said;
+  EXPECT_EQ(paper.find("LoginOrganization:"), std::string::npos) << "no record of empty names";
 }
 
 TEST(Console, WidthsCountChineseGlyphsTwice) {

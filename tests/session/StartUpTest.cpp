@@ -347,6 +347,7 @@ std::vector<Answer> Faults(const Answer& good, TextView column) {
 }
 
 TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
+  static constexpr int kLoaders[] = {kOrganization, kOperator, kCustomer, kStatementCount};  // ends
   // The statement; the first one that is sent nevertheless when an error stops the loader; a
   // column, and its value, behind which the row's copying ends.
   Table<Statement, Statement, TextView, const char*>{
@@ -364,6 +365,7 @@ TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
   }
       .Check([&](Statement statement, Statement next, TextView column, const char* firstLost) {
         const auto& [sql, good] = FirstLogin()[statement];
+        const bool ofTheTreeOrCalendar = statement >= kAncestors && statement <= kHalf;
         int number = 0;
         for (const Answer& fault : Faults(good, column)) {
           SCOPED_TRACE(number++);
@@ -375,9 +377,8 @@ TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
           entry_.Initialize(host);
 
           const bool inRow = !fault.rows.empty();
-          const bool stops =
-              inRow || (fault.kind != Answer::Kind::Rows &&
-                        (fault.kind != Answer::Kind::Refused || statement == kSettings));
+          const bool cutShort = fault.kind != Answer::Kind::Rows;
+          const bool stops = inRow || (cutShort && statement == kSettings);
           const int sentNext = stops ? next : statement + 1;
           State expected = kLoggedIn;
           Lose(expected, statement, inRow ? firstLost : "");
@@ -392,14 +393,60 @@ TEST_F(StartUp, AStatementThatGoesWrongLeavesTheRest) {
             EXPECT_THAT(host->TakeSent(), testing::IsSupersetOf(Range(sentNext, kStatementCount)));
           }
           EXPECT_EQ(Snapshot(), expected);
-          if (!stops && fault.kind == Answer::Kind::Rows) continue;
           std::vector<Text> blamed;
           for (const Failure& failure : sink.failures)
             if (!failure.statement.empty()) blamed.push_back(failure.statement);
-          EXPECT_EQ(blamed, std::vector{sql})
+          EXPECT_EQ(blamed, inRow || cutShort ? std::vector{sql} : std::vector<Text>())
               << "the diagnostics must name the statement, and no other";
+          const bool lacks = inRow || cutShort || !ofTheTreeOrCalendar;
+          EXPECT_EQ(entry_.LoginState().extent,
+                    lacks ? LoginState::Extent::Partial : LoginState::Extent::Whole);
+          EXPECT_EQ(entry_.LoginState().failedSteps.size(), lacks ? 1u : 0u);
+
+          // What the database gave is not asked for again, what it did not give is.
+          host->On(sql, good);
+          host->TakeSent();
+          entry_.Initialize(host);
+          const auto loader = std::find_if(std::begin(kLoaders), std::end(kLoaders),
+                                           [&](int end) { return statement < end; });
+          EXPECT_EQ(host->TakeSent(),
+                    cutShort ? Range(loader == kLoaders ? kSettings : loader[-1], *loader)
+                             : std::vector<std::string>());
+          EXPECT_EQ(Snapshot(), cutShort ? kLoggedIn : expected);
+          EXPECT_EQ(entry_.LoginState().extent,
+                    lacks && !cutShort ? LoginState::Extent::Partial : LoginState::Extent::Whole);
         }
       });
+}
+
+TEST_F(StartUp, ADeadHostIsNoLoginAndTheNextInitializeMakesItGood) {
+  EXPECT_EQ(entry_.LoginState().failedSteps, std::vector<Text>{u"Interface.Initialize"});
+  for (const auto& [sql, good] : FirstLogin())
+    host_->On(sql, Throws());
+  entry_.Initialize(host_);
+  EXPECT_EQ(entry_.LoginState().extent, LoginState::Extent::None);
+  EXPECT_THAT(entry_.LoginState().failedSteps,
+              testing::ElementsAre(u"Initialize: account settings", u"Initialize: organization",
+                                   u"Initialize: operator", u"Initialize: service customer"));
+
+  for (const auto& [sql, good] : FirstLogin())
+    host_->On(sql, good);
+  // A row that is lost is asked for again like a statement that is refused.
+  Answer lost = FirstLogin()[kOperator].second;
+  lost.throwAtRow = 0;
+  host_->On(FirstLogin()[kOperator].first, lost);
+  entry_.Initialize(host_);
+  EXPECT_EQ(entry_.LoginState().extent, LoginState::Extent::Partial);
+  host_->On(FirstLogin()[kOperator].first, FirstLogin()[kOperator].second);
+  host_->TakeSent();
+  entry_.Initialize(host_);
+  EXPECT_EQ(host_->TakeSent(), Range(kOperator, kCustomer));
+  EXPECT_EQ(Snapshot(), kLoggedIn);
+  EXPECT_EQ(entry_.LoginState().extent, LoginState::Extent::Whole);
+
+  host_->login.spoilt = {"Password"};
+  entry_.Initialize(host_);
+  EXPECT_EQ(entry_.LoginState().failedSteps, std::vector<Text>{u"Initialize: LoginOperatorPwd"});
 }
 
 TEST_F(StartUp, NullsThatStopNothing) {

@@ -2,8 +2,9 @@
 //
 // Failures are not raised to the host. A routine either stops at its first error and answers with
 // a neutral value (Guarded), or skips the failing statement and goes on (a sequence of Steps, one
-// per statement). Both note the error as the thread's last one, which WriteLog reads, and tell the
-// thread's diagnostics sink, so that what is silent by design can still be seen by whoever asks.
+// per statement; StepEnding says what ended one). Both note the error as the thread's last one,
+// which WriteLog reads, and tell the thread's diagnostics sink, so that what is silent by design
+// can still be seen by whoever asks.
 //
 // The last error is that of the last public member: the outermost trap on a thread is one's, and
 // begins with the error cleared. Members that need no trap have a MemberScope of their own; plain
@@ -13,6 +14,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "fetchkit/base/Error.h"
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/ThreadState.h"
 
@@ -82,6 +84,27 @@ bool Step(TextView what, Body&& body, Severity severity = Severity::Failure) {
   } catch (...) {
     NoteCurrentError(what, severity);
     return false;
+  }
+}
+
+enum class Ending {
+  Through,
+  BadValue,  // ConvertError: the same values will end it again
+  Fault,     // anything else, of the host or for want of memory
+};
+
+// As Step, for who goes on differently after a value that cannot be read.
+template <class Body>
+Ending StepEnding(TextView what, Body&& body) {
+  try {
+    body();
+    return Ending::Through;
+  } catch (const ConvertError&) {
+    NoteCurrentError(what);
+    return Ending::BadValue;
+  } catch (...) {
+    NoteCurrentError(what);
+    return Ending::Fault;
   }
 }
 

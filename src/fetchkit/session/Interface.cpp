@@ -26,6 +26,10 @@ void Interface::Initialize(const SessionConnectionPtr& objConnection) {
        [&] { MAction::Initialize(MAction::CurrentSession(), objConnection); });
 }
 
+LoginState Interface::LoginState() {
+  return FromSession<fetchkit::LoginState>(u"Interface.LoginState", MAction::LoginStateOf);
+}
+
 std::shared_ptr<Activity> Interface::Activity() {
   return FromSession<std::shared_ptr<fetchkit::Activity>>(
       u"Interface.Activity", [](Session& session) { return CreatedOnce(session.ActivityObject); });

@@ -10,6 +10,7 @@
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/rights/OperatorRight.h"
 #include "fetchkit/rights/OrganizationRight.h"
+#include "fetchkit/session/LoginState.h"
 #include "fetchkit/session/model/Business.h"
 #include "fetchkit/session/model/CustomerSs.h"
 #include "fetchkit/session/model/Operator.h"
@@ -24,10 +25,15 @@ namespace fetchkit {
 class Interface {
  public:
   // To be called once per login, and again whenever the host's login changes. Loads what differs
-  // from the call before, and nothing for an unchanged login. A step that fails is skipped: values
-  // it would have set stay as they were, and the thread's diagnostics sink is told
-  // (SetDiagnosticsSink in base/ThreadState.h). A null connection leaves the earlier one in place.
+  // from the call before and what a refused or raising statement cut short then, and nothing for an
+  // unchanged login that came in. A step that fails is skipped: values it would have set stay as
+  // they were, and the thread's diagnostics sink is told (SetDiagnosticsSink in
+  // base/ThreadState.h). A null connection leaves the earlier one in place.
   void Initialize(const SessionConnectionPtr& objConnection);
+
+  // Whether the last Initialize brought the whole login, and which steps kept it from that. Asks
+  // nobody. C++ hosts only.
+  fetchkit::LoginState LoginState();
 
   // One object per thread, the same at every call and over every login.
   std::shared_ptr<fetchkit::Activity> Activity();

@@ -10,6 +10,7 @@
 #include "fetchkit/session/model/HostLogin.h"
 #include "fetchkit/session/model/Operator.h"
 #include "fetchkit/session/model/Organization.h"
+#include "fetchkit/session/model/RecordLoading.h"
 
 namespace fetchkit::MAction {
 namespace {
@@ -28,8 +29,8 @@ auto FromLogin(const Session& session, Read&& read) {
 
 // One assignment of start-up: a step of its own, which leaves the field alone when it fails.
 template <class Field, class Read>
-void Assign(TextView what, Field& field, Read&& read) {
-  Step(what, [&] { field = read(); });
+void Assign(Session& session, TextView what, Field& field, Read&& read) {
+  LoadPart(session.HostLoad, what, [&] { field = read(); });
 }
 
 // Who logs in, as the host has it now; zeros and empty texts for what cannot be read.
@@ -43,25 +44,25 @@ struct Identity {
   double customerId = 0;  // compared as read; rounded only when it is stored
 };
 
-Identity ReadIdentity(const Session& session) {
+Identity ReadIdentity(Session& session) {
   Identity identity;
-  Assign(u"Initialize: account type", identity.accountType,
+  Assign(session, u"Initialize: account type", identity.accountType,
          [&] { return ReadAccountType(session); });
-  Assign(u"Initialize: account server", identity.accountServer, [&] {
+  Assign(session, u"Initialize: account server", identity.accountServer, [&] {
     return FromAccountLogin(session, [](auto& login) { return ToText(login.ServerName()); });
   });
-  Assign(u"Initialize: account user", identity.accountUserId, [&] {
+  Assign(session, u"Initialize: account user", identity.accountUserId, [&] {
     return FromAccountLogin(session, [](auto& login) { return ToText(login.UserId()); });
   });
   identity.accountKey =
       Join(identity.accountType, u"$", identity.accountServer, u"$", identity.accountUserId);
-  Assign(u"Initialize: organization id", identity.organizationId, [&] {
+  Assign(session, u"Initialize: organization id", identity.organizationId, [&] {
     return FromLogin(session, [](auto& login) { return ToLong(login.OrganizationId()); });
   });
-  Assign(u"Initialize: operator id", identity.operatorId, [&] {
+  Assign(session, u"Initialize: operator id", identity.operatorId, [&] {
     return FromLogin(session, [](auto& login) { return ToLong(login.OperatorId()); });
   });
-  Assign(u"Initialize: service customer id", identity.customerId, [&] {
+  Assign(session, u"Initialize: service customer id", identity.customerId, [&] {
     return FromLogin(
         session, [](auto& login) { return LeadingNumber(ToText(login.Item(u"#SSCustomerID"))); });
   });
@@ -78,31 +79,38 @@ void FindChanges(Session& session, const Identity& now) {
       session.OrganizationChanged || now.operatorId != session.LoginOperatorId;
   session.CustomerChanged =
       session.OperatorChanged || NumberText(now.customerId) != NumberText(session.SSCustomerId);
+  // Before the new ids are stored: whatever cuts this Initialize short, the next one loads them.
+  session.AccountLoad.due |= session.AccountChanged;
+  session.OrganizationLoad.due |= session.OrganizationChanged;
+  session.OperatorLoad.due |= session.OperatorChanged;
+  session.CustomerLoad.due |= session.CustomerChanged;
 }
 
 void StoreLogin(Session& session, const Identity& now) {
   session.AccountKey = now.accountKey;
-  Assign(u"Initialize: LoginDate", session.LoginDate, [&] {
+  Assign(session, u"Initialize: LoginDate", session.LoginDate, [&] {
     return FromLogin(session, [](auto& login) { return ToDateText(login.LoginDate()); });
   });
   // Read once more rather than taken from now: a read that failed must leave the old id.
-  Assign(u"Initialize: LoginOrganizationId", session.LoginOrganizationId, [&] {
+  Assign(session, u"Initialize: LoginOrganizationId", session.LoginOrganizationId, [&] {
     return FromLogin(session, [](auto& login) { return ToLong(login.OrganizationId()); });
   });
-  Assign(u"Initialize: LoginOperatorId", session.LoginOperatorId, [&] {
+  Assign(session, u"Initialize: LoginOperatorId", session.LoginOperatorId, [&] {
     return FromLogin(session, [](auto& login) { return ToLong(login.OperatorId()); });
   });
-  Assign(u"Initialize: LoginOperatorPwd", session.LoginOperatorPwd,
+  Assign(session, u"Initialize: LoginOperatorPwd", session.LoginOperatorPwd,
          [&] { return FromLogin(session, [](auto& login) { return ToText(login.Password()); }); });
-  Assign(u"Initialize: SSCustomerId", session.SSCustomerId, [&] { return ToLong(now.customerId); });
+  Assign(session, u"Initialize: SSCustomerId", session.SSCustomerId,
+         [&] { return ToLong(now.customerId); });
 }
 
 void TakeCopies(Session& session, const fetchkit::Business& business,
                 const Organization& organization) {
   session.AccountStartDate = business.StartDate();
   // Not an empty date's year: an account without a start date keeps the year that stood there.
-  Assign(u"Initialize: AccountStartYear", session.AccountStartYear,
-         [&] { return static_cast<std::int16_t>(YearOf(ToDate(session.AccountStartDate))); });
+  Step(u"Initialize: AccountStartYear", [&] {
+    session.AccountStartYear = static_cast<std::int16_t>(YearOf(ToDate(session.AccountStartDate)));
+  });
   session.OrganizationEndDate = organization.EndDate();
   session.OrganizationThisYear = organization.ThisYear();
   session.OrganizationThisPeriod = organization.ThisPeriod();
@@ -119,7 +127,9 @@ void TakeCopies(Session& session, const fetchkit::Business& business,
 
 void Initialize(Session& session, const SessionConnectionPtr& connection) {
   const HostCall call;
-  Step(u"Initialize: connection", [&] {
+  session.InitializeEnded = false;
+  session.HostLoad = RecordLoad();
+  LoadPart(session.HostLoad, u"Initialize: connection", [&] {
     Present(connection, u"connection object");
     session.Connection = connection;
   });
@@ -145,9 +155,27 @@ void Initialize(Session& session, const SessionConnectionPtr& connection) {
   loginOperator->OperatorId(session.LoginOperatorId);
   organizationRight->SetOrganization(organization);
   operatorRight->SetOperator(loginOperator);
-  Step(u"Initialize: service customer's account type",
-       [&] { LoadCustomer(session, *customer, ReadAccountType(session)); });
+  LoadPart(session.HostLoad, u"Initialize: service customer's account type",
+           [&] { LoadCustomer(session, *customer, ReadAccountType(session)); });
   TakeCopies(session, *business, *organization);
+  session.InitializeEnded = true;
+}
+
+LoginState LoginStateOf(const Session& session) {
+  LoginState state;
+  bool whole = session.InitializeEnded;
+  if (!whole) state.failedSteps.emplace_back(u"Interface.Initialize");
+  for (const RecordLoad* load : {&session.HostLoad, &session.AccountLoad, &session.OrganizationLoad,
+                                 &session.OperatorLoad, &session.CustomerLoad}) {
+    whole = whole && !load->incomplete;
+    state.failedSteps.insert(state.failedSteps.end(), load->failed.begin(), load->failed.end());
+  }
+  const bool some =
+      session.AccountLoad.found || session.OrganizationLoad.found || session.OperatorLoad.found;
+  state.extent = whole  ? LoginState::Extent::Whole
+                 : some ? LoginState::Extent::Partial
+                        : LoginState::Extent::None;
+  return state;
 }
 
 }  // namespace fetchkit::MAction

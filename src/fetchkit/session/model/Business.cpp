@@ -1,6 +1,5 @@
 #include "fetchkit/session/model/Business.h"
 
-#include "fetchkit/base/Guard.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/model/RecordColumns.h"
 
@@ -51,19 +50,21 @@ std::shared_ptr<fetchkit::Business> Business(Session& session) {
 
 void LoadBusiness(Session& session, fetchkit::Business& business, std::int32_t accountType,
                   const Text& accountServer, const Text& accountUserId) {
-  if (!session.AccountChanged) return;
-  Step(u"Initialize: account settings", [&] {
+  constexpr TextView kStep = u"Initialize: account settings";
+  RecordLoad& load = session.AccountLoad;
+  const auto loader = [&] {
     business.AccountType(ToInteger(accountType));
     business.AccountServer(accountServer);
     business.AccountUserID(accountUserId);
     const Text settings = Join(u"SELECT ", SelectList(kSettings), u" FROM Business,Currencys ",
                                u"WHERE Business.lngCurrencyID = Currencys.lngCurrencyID(+)");
-    if (!LoadFirstRow(session, settings, kSettings, business)) return;
+    if (!LoadFirstRow(session, load, kStep, settings, kSettings, business)) return;
     const Text names =
         Join(u"SELECT ", SelectList(kAccountNames), u" FROM System.GaBaseInfo ",
              u"WHERE Upper(strUserName) = '", UpperAscii(business.AccountUserID()), u"'");
-    LoadFirstRow(session, names, kAccountNames, business);
-  });
+    LoadFirstRow(session, load, u"Initialize: account names", names, kAccountNames, business);
+  };
+  LoadIfDue(load, [&] { LoadPart(load, kStep, loader); });
 }
 
 }  // namespace MAction

@@ -49,8 +49,8 @@ namespace MAction {
 // The account settings of the current login; never null, empty until Initialize has loaded them.
 std::shared_ptr<fetchkit::Business> Business(Session& session);
 
-// Fills the record with two statements when session.AccountChanged. Stops at the first error, at a
-// Null and at a first statement that cannot be opened; what was set before stands.
+// Fills the record with two statements when session.AccountLoad is due. Stops at the first error,
+// at a Null and at a first statement that cannot be opened; what was set before stands.
 void LoadBusiness(Session& session, fetchkit::Business& business, std::int32_t accountType,
                   const Text& accountServer, const Text& accountUserId);
 

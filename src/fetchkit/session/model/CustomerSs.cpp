@@ -1,6 +1,5 @@
 #include "fetchkit/session/model/CustomerSs.h"
 
-#include "fetchkit/base/Guard.h"
 #include "fetchkit/session/model/RecordColumns.h"
 #include "fetchkit/utility/StringHelpers.h"
 
@@ -27,14 +26,22 @@ std::shared_ptr<CustomerSs> SSCustomer(Session& session) {
 }
 
 void LoadCustomer(Session& session, CustomerSs& customer, std::int32_t accountType) {
-  if (!session.CustomerChanged || accountType < 6 || accountType > 8) return;
-  Step(u"Initialize: service customer", [&] {
+  constexpr TextView kStep = u"Initialize: service customer";
+  RecordLoad& load = session.CustomerLoad;
+  if (accountType < 6 || accountType > 8) {
+    load = RecordLoad();
+    return;
+  }
+  const auto loader = [&] {
     const Text sql =
         Join(u" SELECT ", SelectList(kColumns),
              accountType == 8 ? u"  FROM McCustomer " : u"  FROM SSCustomer ",
              u" WHERE lngSSCustomerId = ", session.SSCustomerId, u" ORDER BY strSSCustomerCode");
-    LoadFirstRow(session, sql, kColumns, customer);
-  });
+    LoadFirstRow(session, load, kStep, sql, kColumns, customer);
+    // A host that names no customer lacks none.
+    if (session.SSCustomerId == 0 && !load.found && !load.cutShort) load = RecordLoad();
+  };
+  LoadIfDue(load, [&] { LoadPart(load, kStep, loader); });
 }
 
 }  // namespace MAction

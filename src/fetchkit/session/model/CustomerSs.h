@@ -26,7 +26,7 @@ namespace MAction {
 // The service customer of the current login; never null.
 std::shared_ptr<CustomerSs> SSCustomer(Session& session);
 
-// Fills the record with one statement when session.CustomerChanged and the account type is 6, 7
+// Fills the record with one statement when session.CustomerLoad is due and the account type is 6, 7
 // or 8. Stops at the first error; what was set before stands.
 void LoadCustomer(Session& session, CustomerSs& customer, std::int32_t accountType);
 

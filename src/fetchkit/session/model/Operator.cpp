@@ -1,6 +1,5 @@
 #include "fetchkit/session/model/Operator.h"
 
-#include "fetchkit/base/Guard.h"
 #include "fetchkit/session/model/RecordColumns.h"
 #include "fetchkit/utility/StringHelpers.h"
 
@@ -38,8 +37,9 @@ std::shared_ptr<fetchkit::Operator> LoginOperator(Session& session) {
 }
 
 void LoadOperator(Session& session, fetchkit::Operator& loginOperator) {
-  if (!session.OperatorChanged) return;
-  Step(u"Initialize: operator", [&] {
+  constexpr TextView kStep = u"Initialize: operator";
+  RecordLoad& load = session.OperatorLoad;
+  const auto loader = [&] {
     const Text sql =
         Join(u"SELECT ", SelectList(kColumns), u" FROM Operator,OperatorGroup,OrgOperatorAllot ",
              u"WHERE Operator.blnIsInActive = 0 ",
@@ -48,8 +48,9 @@ void LoadOperator(Session& session, fetchkit::Operator& loginOperator) {
              u"AND OrgOperatorAllot.lngOrganizationId = ", session.LoginOrganizationId, u" ",
              u"AND Operator.lngOperatorId = ", session.LoginOperatorId, u" ",
              u"ORDER BY strOperatorCode");
-    LoadFirstRow(session, sql, kColumns, loginOperator);
-  });
+    LoadFirstRow(session, load, kStep, sql, kColumns, loginOperator);
+  };
+  LoadIfDue(load, [&] { LoadPart(load, kStep, loader); });
 }
 
 }  // namespace MAction

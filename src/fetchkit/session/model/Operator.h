@@ -50,8 +50,8 @@ namespace MAction {
 // The operator of the current login; never null, empty until Initialize has loaded it.
 std::shared_ptr<fetchkit::Operator> LoginOperator(Session& session);
 
-// Fills the record with one statement when session.OperatorChanged. Stops at the first error; what
-// was set before stands.
+// Fills the record with one statement when session.OperatorLoad is due. Stops at the first error;
+// what was set before stands.
 void LoadOperator(Session& session, fetchkit::Operator& loginOperator);
 
 }  // namespace MAction

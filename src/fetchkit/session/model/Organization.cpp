@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "fetchkit/base/Guard.h"
-#include "fetchkit/host/OpenedRecordset.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/model/Business.h"
 #include "fetchkit/session/model/RecordColumns.h"
@@ -60,6 +58,10 @@ Text Organization::LowerOrganizationId() const {
 namespace MAction {
 namespace {
 
+constexpr TextView kRowStep = u"Initialize: organization";
+constexpr TextView kTreeStep = u"Initialize: organization tree";
+constexpr TextView kCalendarStep = u"Initialize: accounting calendar";
+
 // Collects ids into a list property, which is emptied at once and holds what was read when the
 // collector goes, also on an error in mid-rows.
 class IdCollector {
@@ -81,7 +83,7 @@ void LoadRow(Session& session, fetchkit::Organization& organization) {
       Join(u"SELECT ", SelectList(kColumns), u" FROM Organization ", u"WHERE blnIsInActive = 0 ",
            u"AND blnIsInitialized = 1 ", u"AND lngOrganizationID = ", session.LoginOrganizationId,
            u" ", u"ORDER BY strOrganizationCode");
-  LoadFirstRow(session, sql, kColumns, organization);
+  LoadFirstRow(session, session.OrganizationLoad, kRowStep, sql, kColumns, organization);
 }
 
 void LoadAncestors(Session& session, fetchkit::Organization& organization) {
@@ -90,12 +92,12 @@ void LoadAncestors(Session& session, fetchkit::Organization& organization) {
            u"WHERE r.strOrganizationCode LIKE h.strOrganizationCode || '-%' ",
            u"AND h.lngOrganizationId <> r.lngOrganizationId ", u"AND r.lngOrganizationId = ",
            organization.OrganizationID(), u" ", u"ORDER BY h.intlevel");
-  OpenedRecordset rows(ConnectionOf(session), sql, Cursor::Plain);
+  LoaderRows rows(session, session.OrganizationLoad, kTreeStep, sql);
   if (!rows) return;
   {
     IdCollector ancestors(organization.PrevLevelOrganizationId);
     if (rows.HasRow()) {
-      const std::size_t id = rows->Column(u"lngOrganizationId");
+      const std::size_t id = rows.Column(u"lngOrganizationId");
       rows->MoveLast();
       organization.ParentLevelOrganizationId(ToLong(rows->At(id)));
       for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext())
@@ -111,14 +113,14 @@ void LoadDescendants(Session& session, fetchkit::Organization& organization) {
            u"WHERE r.strOrganizationCode LIKE h.strOrganizationCode || '-%' ",
            u"AND h.lngOrganizationId <> r.lngOrganizationId ", u"AND h.lngOrganizationId = ",
            organization.OrganizationID(), u" ", u"ORDER BY r.intLevel,r.lngOrganizationId");
-  OpenedRecordset rows(ConnectionOf(session), sql, Cursor::Plain);
+  LoaderRows rows(session, session.OrganizationLoad, kTreeStep, sql);
   if (!rows) return;
   {
     IdCollector all(organization.NextLevelOrganizationId);
     IdCollector direct(organization.NextLevelDirectOrganizationID);
     if (rows.HasRow()) {
-      const std::size_t id = rows->Column(u"lngOrganizationId");
-      const std::size_t level = rows->Column(u"intLevel");
+      const std::size_t id = rows.Column(u"lngOrganizationId");
+      const std::size_t level = rows.Column(u"intLevel");
       for (; !rows->Eof(); rows->MoveNext()) {
         const std::int32_t below = ToLong(rows->At(id));
         all.Add(below);
@@ -130,7 +132,7 @@ void LoadDescendants(Session& session, fetchkit::Organization& organization) {
 }
 
 void LoadHierarchy(Session& session, fetchkit::Organization& organization) {
-  Step(u"Initialize: organization tree", [&] {
+  LoadPart(session.OrganizationLoad, kTreeStep, [&] {
     LoadAncestors(session, organization);
     LoadDescendants(session, organization);
   });
@@ -143,10 +145,13 @@ void LoadHierarchy(Session& session, fetchkit::Organization& organization) {
 }
 
 void LoadCalendar(Session& session, fetchkit::Organization& organization) {
+  const auto withFirstRow = [&](TextView sql, auto&& use) {
+    WithFirstRow(session, session.OrganizationLoad, kCalendarStep, sql, use);
+  };
   const std::int32_t id = organization.OrganizationID();
   const Text bounds = Join(u"SELECT strStartDate,strEndDate ", u"FROM AccountPeriod ",
                            u"WHERE lngOrganizationId = ", id, u" ", u"ORDER BY intYear,bytPeriod");
-  WithFirstRow(session, bounds, [&](OpenedRecordset& rows) {
+  withFirstRow(bounds, [&](LoaderRows& rows) {
     organization.BeginDate(ToText(rows[u"strStartDate"]));
     rows->MoveLast();
     organization.EndDate(ToText(rows[u"strEndDate"]));
@@ -154,16 +159,16 @@ void LoadCalendar(Session& session, fetchkit::Organization& organization) {
   const Text atLogin =
       Join(u"WHERE lngOrganizationId = ", id, u" ", u"AND strEndDate >= '", session.LoginDate,
            u"' ", u"AND strStartDate <= '", session.LoginDate, u"'");
-  WithFirstRow(session, Join(u"SELECT intYear,bytPeriod FROM AccountPeriod ", atLogin),
-               [&](OpenedRecordset& row) {
+  withFirstRow(Join(u"SELECT intYear,bytPeriod FROM AccountPeriod ", atLogin),
+               [&](LoaderRows& row) {
                  organization.ThisYear(ToInteger(row[u"intYear"]));
                  organization.ThisPeriod(ToByte(row[u"bytPeriod"]));
                });
   // The year of these two is selected but not taken: ThisYear is the period's.
-  WithFirstRow(session, Join(u"SELECT intYear,bytquarter FROM AccountQuarter ", atLogin),
-               [&](OpenedRecordset& row) { organization.ThisQuarter(ToByte(row[u"bytQuarter"])); });
-  WithFirstRow(session, Join(u"SELECT intYear,bythalf FROM AccountHalf ", atLogin),
-               [&](OpenedRecordset& row) { organization.ThisHalfYear(ToByte(row[u"bytHalf"])); });
+  withFirstRow(Join(u"SELECT intYear,bytquarter FROM AccountQuarter ", atLogin),
+               [&](LoaderRows& row) { organization.ThisQuarter(ToByte(row[u"bytQuarter"])); });
+  withFirstRow(Join(u"SELECT intYear,bythalf FROM AccountHalf ", atLogin),
+               [&](LoaderRows& row) { organization.ThisHalfYear(ToByte(row[u"bytHalf"])); });
 }
 
 }  // namespace
@@ -173,10 +178,12 @@ std::shared_ptr<fetchkit::Organization> LoginOrganization(Session& session) {
 }
 
 void LoadOrganization(Session& session, fetchkit::Organization& organization) {
-  if (!session.OrganizationChanged) return;
-  Step(u"Initialize: organization", [&] { LoadRow(session, organization); });
-  LoadHierarchy(session, organization);
-  Step(u"Initialize: accounting calendar", [&] { LoadCalendar(session, organization); });
+  RecordLoad& load = session.OrganizationLoad;
+  LoadIfDue(load, [&] {
+    LoadPart(load, kRowStep, [&] { LoadRow(session, organization); });
+    LoadHierarchy(session, organization);
+    LoadPart(load, kCalendarStep, [&] { LoadCalendar(session, organization); });
+  });
 }
 
 }  // namespace MAction

@@ -69,9 +69,10 @@ namespace MAction {
 // The organization of the current login; never null, empty until Initialize has loaded it.
 std::shared_ptr<fetchkit::Organization> LoginOrganization(Session& session);
 
-// Fills the record with seven statements when session.OrganizationChanged: its row (by the login
-// id), then the tree and the calendar (by the id that the object holds, 0 if it was never found).
-// The three parts trap their errors apart; what was set before an error stands.
+// Fills the record with seven statements when session.OrganizationLoad is due: its row (by the
+// login id), then the tree and the calendar (by the id that the object holds, 0 if it was never
+// found). The three parts trap their errors apart; what was set before an error stands. A statement
+// that raises is passed over like one that is refused.
 void LoadOrganization(Session& session, fetchkit::Organization& organization);
 
 }  // namespace MAction

@@ -3,7 +3,7 @@
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
-#include "fetchkit/host/OpenedRecordset.h"
+#include "fetchkit/session/model/RecordLoading.h"
 #include "fetchkit/session/model/Session.h"
 
 namespace fetchkit {
@@ -35,11 +35,12 @@ Text SelectList(const Columns& columns) {
   return list;
 }
 
-// Runs use on the statement's first row, if there is one. False when the database refused the
-// statement. Throws what the host and use throw.
+// Runs use on the statement's first row, if there is one. False when the statement was refused or
+// raised. Throws what the host's rows and use throw.
 template <class Use>
-bool WithFirstRow(const Session& session, TextView sql, Use&& use) {
-  OpenedRecordset rows(MAction::ConnectionOf(session), sql, Cursor::Plain);
+bool WithFirstRow(const Session& session, RecordLoad& load, TextView step, TextView sql,
+                  Use&& use) {
+  LoaderRows rows(session, load, step, sql);
   if (!rows) return false;
   if (rows.HasRow()) use(rows);
   rows.Close();
@@ -47,13 +48,18 @@ bool WithFirstRow(const Session& session, TextView sql, Use&& use) {
 }
 
 // Copies the columns of the statement's first row, if there is one; what was copied before a value
-// that cannot be read stands. Answers and throws as WithFirstRow does.
+// that cannot be read stands. Answers and throws as WithFirstRow does; notes a row that is missing.
 template <class Record, class Columns>
-bool LoadFirstRow(const Session& session, TextView sql, const Columns& columns, Record& record) {
-  return WithFirstRow(session, sql, [&](OpenedRecordset& row) {
+bool LoadFirstRow(const Session& session, RecordLoad& load, TextView step, TextView sql,
+                  const Columns& columns, Record& record) {
+  bool isThere = false;
+  const bool answered = WithFirstRow(session, load, step, sql, [&](LoaderRows& row) {
+    isThere = load.found = true;
     for (const auto& column : columns)
       column.copy(record, row[column.expression.substr(column.expression.find_last_of(u". ") + 1)]);
   });
+  if (answered && !isThere) NoteIncomplete(load, step, u": no row");
+  return answered;
 }
 
 }  // namespace fetchkit

@@ -6,6 +6,7 @@
 #include <memory>
 #include <typeindex>
 #include <unordered_map>
+#include <vector>
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/ThreadState.h"
@@ -17,6 +18,16 @@ class Activity;
 class FormView;
 class ListSet;
 
+// What became of loading one of the login's records (RecordLoading.h).
+struct RecordLoad {
+  bool due = false;         // it has changed, or its loader was cut short: to be loaded
+  bool cutShort = false;    // by what may go well the next time
+  bool found = false;       // the database had a row for it
+  bool incomplete = false;  // something of it is missing, whether or not failed could be filled
+  bool seeksColumn = false;
+  std::vector<Text> failed;  // the steps that brought less than they should
+};
+
 // One per thread; two threads share nothing. Empty texts and zeros until Interface.Initialize.
 // Entry points fetch it once (MAction::CurrentSession) and pass it down.
 struct Session : ThreadOwned {
@@ -25,6 +36,14 @@ struct Session : ThreadOwned {
   bool OrganizationChanged = false;
   bool OperatorChanged = false;
   bool CustomerChanged = false;
+
+  // What became of the last Initialize; InitializeEnded is False before the first one.
+  RecordLoad AccountLoad;
+  RecordLoad OrganizationLoad;
+  RecordLoad OperatorLoad;
+  RecordLoad CustomerLoad;
+  RecordLoad HostLoad;  // what the host itself tells: never due, the failing steps only
+  bool InitializeEnded = false;
 
   SessionConnectionPtr Connection;
   std::shared_ptr<Activity> ActivityObject;  // created on first use, survive every login
