@@ -15,6 +15,7 @@ DemoSession::DemoSession(Console& console, bool trace) : console_(console), trac
 }
 
 DemoSession::~DemoSession() {
+  ShowWhatWasTold();
   SetDiagnosticsSink(sinkBefore_);
   ReleaseThread();
 }
@@ -40,6 +41,11 @@ void DemoSession::OnFailure(const Failure& failure) {
 
 void DemoSession::ShowStatements() {
   ListStatements(console_, reports(), trace_);
+  ShowWhatWasTold();
+  CountStatements(console_, reports().size());
+}
+
+void DemoSession::ShowWhatWasTold() {
   std::size_t failures = 0;
   for (const Failure& told : std::exchange(told_, {})) {
     const bool isNote = told.severity == Severity::Note;
@@ -49,7 +55,7 @@ void DemoSession::ShowStatements() {
                               ToUtf8(told.description), told.databaseText.empty() ? "" : " ",
                               ToUtf8(told.databaseText)));
   }
-  CountStatements(console_, reports().size(), failures);
+  if (failures > 0) console_.Note(fmt::format("{} failure{}", failures, failures == 1 ? "" : "s"));
 }
 
 }  // namespace fetchkit::demo

@@ -14,7 +14,8 @@ namespace fetchkit::demo {
 
 // Owns the calling thread's library session while it lives: the session ends with it. One
 // connection per account, made in memory when it is first needed. Tells of failures that the
-// library keeps quiet about, those of logging in included; with a trace of its notes as well.
+// library keeps quiet about and of their number, logging in and the end included; with a trace of
+// its notes as well. A healthy session shows none.
 class DemoSession : private DiagnosticsSink {
  public:
   // trace: show every statement whole, with its answer; otherwise one line each.
@@ -38,7 +39,7 @@ class DemoSession : private DiagnosticsSink {
 
   const std::shared_ptr<SampleConnection>& connection() const { return host_.connection(); }
 
-  // Runs work, then prints the statements it sent, their number and that of the failures.
+  // Runs work, then prints the statements it sent and their number.
   template <class Work>
   void Run(Work&& work) {
     host_.reports().clear();
@@ -59,13 +60,14 @@ class DemoSession : private DiagnosticsSink {
  private:
   void OnFailure(const Failure& failure) override;
   void ShowStatements();
+  void ShowWhatWasTold();
 
   Console& console_;
   Interface entry_;
   bool trace_;
   DiagnosticsSink* sinkBefore_;
   SampleHost host_;
-  std::vector<Failure> told_;  // since the statements were last shown
+  std::vector<Failure> told_;  // since it was last shown
 };
 
 }  // namespace fetchkit::demo

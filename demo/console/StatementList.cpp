@@ -42,10 +42,8 @@ void ListStatements(Console& console, const std::vector<StatementReport>& report
   console.EndTable();
 }
 
-void CountStatements(Console& console, std::size_t count, std::optional<std::size_t> failures) {
-  std::string line = fmt::format("{} statement{}", count, count == 1 ? "" : "s");
-  if (failures) line += fmt::format(", {} failure{}", *failures, *failures == 1 ? "" : "s");
-  console.Note(line);
+void CountStatements(Console& console, std::size_t count) {
+  console.Note(fmt::format("{} statement{}", count, count == 1 ? "" : "s"));
 }
 
 }  // namespace fetchkit::demo

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +20,6 @@ std::string OneLine(TextView sql);
 // refused.
 void ListStatements(Console& console, const std::vector<StatementReport>& reports, bool trace);
 
-// Where failures are known, their number as well.
-void CountStatements(Console& console, std::size_t count,
-                     std::optional<std::size_t> failures = std::nullopt);
+void CountStatements(Console& console, std::size_t count);
 
 }  // namespace fetchkit::demo

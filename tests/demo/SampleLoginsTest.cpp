@@ -83,9 +83,25 @@ TEST(Commands, AHealthyRunReportsNoFailure) {
   };
   for (const auto& command : kCommands) {
     const std::string paper = PaperOf([&](Console& console) { EXPECT_EQ(command(console), 0); });
-    EXPECT_NE(paper.find(", 0 failures"), std::string::npos);
     EXPECT_EQ(paper.find("failed: "), std::string::npos) << paper;
   }
+}
+
+TEST(Commands, AFailureIsShownWithTheDatabasesOwnWords) {
+  const std::string paper = PaperOf([&](Console& console) {
+    DemoSession session(console, false);
+    session.Switch("main");
+    session.LogIn();
+    session.Run([&] {
+      EXPECT_FALSE(session.entry().Activity()->TableNameExists(u"Nowhere"));
+      EXPECT_EQ(session.entry().Activity()->GetNewID(u"Nowhere"), 0);
+    });
+  });
+  EXPECT_NE(paper.find("failed: OpenRecordset: The database refused the statement. There is no "
+                       "sequence"),
+            std::string::npos)
+      << paper;
+  EXPECT_NE(paper.find("2 failures"), std::string::npos) << "the refusal, and the member's own";
 }
 
 TEST(Commands, ALoginThatDoesNotComeInIsSaidInWords) {
