@@ -47,6 +47,7 @@ int RunDates(Console& console, const CommonOptions& options, const std::string& 
   ShowDateTable(
       console, ToUtf8(session.entry().LoginDate()),
       [&](TextView keyword, bool financial) { return Evaluate(session, keyword, financial); });
+  session.ShowWhatWasTold();
   return 0;
 }
 

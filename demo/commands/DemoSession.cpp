@@ -15,7 +15,6 @@ DemoSession::DemoSession(Console& console, bool trace) : console_(console), trac
 }
 
 DemoSession::~DemoSession() {
-  ShowWhatWasTold();
   SetDiagnosticsSink(sinkBefore_);
   ReleaseThread();
 }

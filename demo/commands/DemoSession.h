@@ -14,8 +14,8 @@ namespace fetchkit::demo {
 
 // Owns the calling thread's library session while it lives: the session ends with it. One
 // connection per account, made in memory when it is first needed. Tells of failures that the
-// library keeps quiet about and of their number, logging in and the end included; with a trace of
-// its notes as well. A healthy session shows none.
+// library keeps quiet about, those of logging in included, and of their number; with a trace of its
+// notes as well.
 class DemoSession : private DiagnosticsSink {
  public:
   // trace: show every statement whole, with its answer; otherwise one line each.
@@ -47,6 +47,9 @@ class DemoSession : private DiagnosticsSink {
     ShowStatements();
   }
 
+  // Prints what the library has told since it was last shown; Run does so by itself.
+  void ShowWhatWasTold();
+
   // Runs work without printing anything; answers how many statements it sent.
   template <class Work>
   std::size_t Count(Work&& work) {
@@ -60,7 +63,6 @@ class DemoSession : private DiagnosticsSink {
  private:
   void OnFailure(const Failure& failure) override;
   void ShowStatements();
-  void ShowWhatWasTold();
 
   Console& console_;
   Interface entry_;

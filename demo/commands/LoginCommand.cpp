@@ -138,11 +138,12 @@ int RunLogin(Console& console, const CommonOptions& options) {
     console.Heading(fmt::format("{}: {}", title, FindSampleLogin(name).description));
     session.Run([&] { entry.Initialize(session.connection()); });
     console.Line(fmt::format("reloaded: {}", Reloaded()));
-    console.Line(Identity(entry));
+    const bool isWhole = ShowState(console, entry.LoginState());
+    if (isWhole) console.Line(Identity(entry));
+    return isWhole;
   };
 
-  login("First login", options.login);
-  if (!ShowState(console, entry.LoginState())) return 1;
+  if (!login("First login", options.login)) return 1;
   ShowAccount(console, *entry.Business());
   ShowOrganization(console, *entry.LoginOrganization());
   ShowOperator(console, *entry.LoginOperator());
