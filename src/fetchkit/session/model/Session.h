@@ -20,11 +20,11 @@ class ListSet;
 
 // What became of loading one of the login's records (RecordLoading.h).
 struct RecordLoad {
-  bool due = false;         // it has changed, or its loader was cut short: to be loaded
-  bool cutShort = false;    // by what may go well the next time
-  bool found = false;       // the database had a row for it
-  bool incomplete = false;  // something of it is missing, whether or not failed could be filled
-  bool seeksColumn = false;
+  bool due = false;          // it has changed, or its loader was cut short: to be loaded
+  bool cutShort = false;     // by what may go well the next time
+  bool found = false;        // the database had a row for it
+  bool incomplete = false;   // something of it is missing, whether or not failed could be filled
+  bool seeksColumn = false;  // the host is looking for a column: an error is for good
   std::vector<Text> failed;  // the steps that brought less than they should
 };
 
