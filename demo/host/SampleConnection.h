@@ -52,6 +52,9 @@ class SampleConnection : public SessionConnection {
 
   StatementTraceFunction trace;
 
+  // The accounts themselves, for what a host does without the library.
+  Database& database() { return *database_; }
+
   // Recordsets that were opened and not given back.
   int openRecordsets() const { return openRecordsets_; }
 

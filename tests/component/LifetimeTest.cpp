@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "support/Component.h"
+#include "support/FaultyConnection.h"
 
 namespace fetchkit::test {
 namespace {
@@ -110,6 +111,37 @@ TEST_F(Lifetime, ApartmentsShareNothing) {
   long id = 0;
   EXPECT_EQ(mine->get_LoginOperatorId(&id), S_OK);
   EXPECT_EQ(id, 3);
+}
+
+// Whatever operation of a host's objects fails: no member does, and everything is given back.
+TEST_F(Lifetime, FaultsOfTheHostEndAtTheMembers) {
+  const auto host = std::make_shared<FaultyConnection>(host_);
+  int tried = 0;
+  for (const Fault fault : kFaults) {
+    for (const bool forGood : {false, true}) {
+      for (int nth = 1;; ++nth, ++tried) {
+        SCOPED_TRACE(testing::Message() << NameOf(fault) << (forGood ? ", from " : ", ") << nth);
+        host->Fail(nth, fault, forGood);
+        auto entry = CreateInterface();
+        EXPECT_EQ(Initialize(entry, host), S_OK);
+        auto list = Get(entry, &IInterface::get_ListSet);
+        EXPECT_EQ(list->put_ViewId(5), S_OK);
+        EXPECT_EQ(list->SaveList(), S_OK);
+        auto rights = Get(entry, &IInterface::get_LoginOperatorRight);
+        Called asked = Call(rights.get(), "UserRight", {u"1"});
+        EXPECT_EQ(asked.code, S_OK);
+        const int failed = host->Heal();
+        rights = nullptr;
+        list = nullptr;
+        entry = nullptr;
+        EXPECT_EQ(CanUnload(), S_OK);
+        EXPECT_EQ(host->openRecordsets, 0);
+        EXPECT_EQ(host->givenBackTwice, 0);
+        if (failed == 0 || HasFailure()) break;
+      }
+    }
+  }
+  std::printf("%d faults\n", tried);
 }
 
 // A registration that fails at the fourth of five classes: under a volatile key nothing lasting can

@@ -86,11 +86,14 @@ void FindChanges(Session& session, const Identity& now) {
   session.CustomerLoad.due |= session.CustomerChanged;
 }
 
-void StoreLogin(Session& session, const Identity& now) {
+// Whether the host told its login date, readable or not.
+bool StoreLogin(Session& session, const Identity& now) {
   session.AccountKey = now.accountKey;
+  session.HostLoad.cutShort = false;
   Assign(session, u"Initialize: LoginDate", session.LoginDate, [&] {
     return FromLogin(session, [](auto& login) { return ToDateText(login.LoginDate()); });
   });
+  const bool dateTold = !session.HostLoad.cutShort;
   // Read once more rather than taken from now: a read that failed must leave the old id.
   Assign(session, u"Initialize: LoginOrganizationId", session.LoginOrganizationId, [&] {
     return FromLogin(session, [](auto& login) { return ToLong(login.OrganizationId()); });
@@ -102,6 +105,7 @@ void StoreLogin(Session& session, const Identity& now) {
          [&] { return FromLogin(session, [](auto& login) { return ToText(login.Password()); }); });
   Assign(session, u"Initialize: SSCustomerId", session.SSCustomerId,
          [&] { return ToLong(now.customerId); });
+  return dateTold;
 }
 
 void TakeCopies(Session& session, const fetchkit::Business& business,
@@ -137,7 +141,8 @@ void Initialize(Session& session, const SessionConnectionPtr& connection) {
   const SessionConnectionPtr running = session.Connection;
   const Identity now = ReadIdentity(session);
   FindChanges(session, now);
-  StoreLogin(session, now);
+  const bool dateTold = StoreLogin(session, now);
+  const bool organizationDue = session.OrganizationLoad.due;
 
   // The keys hold the new ids, so a new login gets fresh objects and an earlier one finds its own.
   const auto business = Business(session);
@@ -149,6 +154,8 @@ void Initialize(Session& session, const SessionConnectionPtr& connection) {
 
   LoadBusiness(session, *business, now.accountType, now.accountServer, now.accountUserId);
   LoadOrganization(session, *organization);
+  // Its calendar is that of the login date.
+  if (!dateTold) session.OrganizationLoad.due |= organizationDue;
   organization->GroupDBType(business->GroupDBType());
   LoadOperator(session, *loginOperator);
   loginOperator->OrganizationId(session.LoginOrganizationId);
