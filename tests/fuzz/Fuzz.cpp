@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <random>
 #include <vector>
 
 #include "fetchkit/base/ThreadState.h"
@@ -95,13 +96,25 @@ void ReplayCorpus(const std::string& name, Target target) {
     files.push_back(file.path());
   std::sort(files.begin(), files.end());
   EXPECT_FALSE(files.empty());
+  std::vector<std::uint8_t> bytes;
+  const auto run = [&] {
+    Input in(bytes);
+    target(in);
+    ReleaseThread();
+  };
   for (const auto& file : files) {
     SCOPED_TRACE(file.filename());
     std::ifstream stream(file, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
-    Input in({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-    target(in);
-    ReleaseThread();
+    bytes.assign(std::istreambuf_iterator<char>(stream), {});
+    run();
+  }
+  std::mt19937 random;
+  for (int number = 0; number < 2000 && !testing::Test::HasFailure(); ++number) {
+    SCOPED_TRACE("random input " + std::to_string(number));
+    bytes.resize(random() % 200);
+    for (std::uint8_t& byte : bytes)
+      byte = static_cast<std::uint8_t>(random());
+    run();
   }
 }
 

@@ -1,8 +1,8 @@
 // Fuzz targets: functions that make a case out of arbitrary bytes and check what must hold for it.
 //
 // A target is written as a test, with EXPECT_...; no exception may leave it. A build for fuzzing
-// makes a program of each; every other build replays the inputs kept in tests/fuzz/corpus as an
-// ordinary test.
+// makes a program of each; in every other build each is an ordinary test, of the inputs kept in
+// tests/fuzz/corpus and of random ones, the same in every run.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ class Input {
 
 using Target = void (*)(Input& in);
 
-// Gives the target every file of tests/fuzz/corpus/NAME.
+// Gives the target every file of tests/fuzz/corpus/NAME, then the random inputs.
 void ReplayCorpus(const std::string& name, Target target);
 
 // For LLVMFuzzerTestOneInput: ends the process when the target's checks fail.
