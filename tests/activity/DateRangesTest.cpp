@@ -218,10 +218,7 @@ TEST_F(DateRanges, CustomForm) {
         EXPECT_EQ(AskRange(text), ofRange);
       });
   EXPECT_EQ(Cost(), 0u);
-}
-
-TEST_F(DateRanges, GetDateRangeTakesKeywordsByTheAccountingYear) {
-  EXPECT_EQ(AskRange(u"去年"), "2002-12-26..2003-12-31");
+  EXPECT_EQ(AskRange(u"去年"), "2002-12-26..2003-12-31") << "keywords, by the accounting year";
   EXPECT_EQ(AskRange(u"明年"), "-");
 }
 

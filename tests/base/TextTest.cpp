@@ -20,10 +20,8 @@ TEST(TextBasics, JoinWritesNumbersPlainly) {
 }
 
 TEST(TextBasics, SplitAndTrim) {
-  using Pieces = std::vector<TextView>;
-  EXPECT_EQ(Split(u"", u","), Pieces());
-  EXPECT_EQ(Split(u",a,,", u","), (Pieces{u"", u"a", u"", u""}));
-  EXPECT_EQ(Split(u"aOrbORc", u"or", true), (Pieces{u"a", u"b", u"c"}));
+  EXPECT_EQ(Split(u"", u","), std::vector<TextView>());
+  EXPECT_EQ(Split(u"aOrbOR", u"or", true), (std::vector<TextView>{u"a", u"b", u""}));
   EXPECT_EQ(TrimBlanks(u"  a b "), u"a b");
   EXPECT_EQ(TrimBlanks(u"\ta　"), u"\ta　") << "only U+0020 is a blank";
   EXPECT_TRUE(EqualFolded(u"Class1", u"CLASS1"));

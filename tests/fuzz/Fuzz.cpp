@@ -109,7 +109,7 @@ void ReplayCorpus(const std::string& name, Target target) {
     run();
   }
   std::mt19937 random;
-  for (int number = 0; number < 2000 && !testing::Test::HasFailure(); ++number) {
+  for (int number = 0; number < 1000 && !testing::Test::HasFailure(); ++number) {
     SCOPED_TRACE("random input " + std::to_string(number));
     bytes.resize(random() % 200);
     for (std::uint8_t& byte : bytes)

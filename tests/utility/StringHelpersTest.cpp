@@ -55,12 +55,13 @@ TEST_F(StringHelpers, Between) {
       });
 }
 
-TEST_F(StringHelpers, SetsAndArrays) {
+TEST_F(StringHelpers, SetsArraysAndEnds) {
   EXPECT_TRUE(ContainErrorChar(u"a'b", kErrorChars, u""));
   EXPECT_FALSE(ContainErrorChar(u"部门(一)-2", kErrorChars, u""));
   EXPECT_EQ(kErrorChars.size(), 21u);
   EXPECT_EQ(kAllErrorChars.size(), 31u);
   EXPECT_FALSE(StrInStr(u"", u"", u",", CompareMethod::Binary));
+  EXPECT_EQ(GetNoXPos(u"ab", 3, u""), 0) << "nothing is found behind the end";
   EXPECT_TRUE(ArrayIsEmpty(Value(ValueArray{})));
   EXPECT_FALSE(ArrayIsEmpty(Value(ValueArray{true, 0, {}})));
   EXPECT_TRUE(ArrayIsEmpty(u"no array"));
