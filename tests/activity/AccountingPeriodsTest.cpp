@@ -100,11 +100,10 @@ TEST_F(AccountingPeriods, GetAccountPeriod) {
       << "in no period: the calendar's";
   host_->TakeSent();
   YearAndPeriodOf(D(u"2004-03-07"));
-  EXPECT_EQ(host_->TakeSent(),
-            (Sent{"static:  SELECT intYear,bytPeriod FROM AccountPeriod WHERE "
-                  "'2004-03-07'>=strStartDate And '2004-03-07'<=strEndDate And lngOrganizationID "
-                  "= 20"}))
-      << "nothing of this is kept";
+  const Text sql =
+      u" SELECT intYear,bytPeriod FROM AccountPeriod WHERE '2004-03-07'>=strStartDate And "
+      u"'2004-03-07'<=strEndDate And lngOrganizationID = 20";
+  EXPECT_EQ(host_->TakeSent(), Sent{"static: " + ToUtf8(sql)});
 
   const auto row = [](Value year, Value period) {
     return Rows({u"intYear", u"bytPeriod"}, {{year, period}});
@@ -117,7 +116,7 @@ TEST_F(AccountingPeriods, GetAccountPeriod) {
       {"too large", row(std::int32_t{40000}, std::int32_t{1}), kUntouched},
   }
       .Check([&](const Answer& answer, const YearAndPeriod& expected) {
-        SpoilStatement(0, answer);
+        host_->On(sql, answer);
         EXPECT_EQ(YearAndPeriodOf(D(u"2004-03-07")), expected);
       });
   EXPECT_EQ(YearAndPeriodOf(Date{1e8}), kUntouched);

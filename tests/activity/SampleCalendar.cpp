@@ -54,11 +54,6 @@ LoggedInTest::LoggedInTest() {
   session().NaturalCurrencyId = 7;
 }
 
-void LoggedInTest::SpoilStatement(int number, Answer answer) {
-  untilSpoilt_ = number;
-  spoilt_ = std::move(answer);
-}
-
 void LoggedInTest::ExpectEveryFault(const std::function<std::string()>& act,
                                     const std::string& failed) {
   const std::vector<Text> columns = {u"intYear", u"bytPeriod", u"strStartDate", u"strEndDate"};
@@ -77,7 +72,8 @@ void LoggedInTest::ExpectEveryFault(const std::function<std::string()>& act,
     for (const auto& [fault, answer] : faults) {
       SCOPED_TRACE(whole + ", " + fault + " at " + std::to_string(statement));
       session().ActivityCaches.reset();
-      SpoilStatement(static_cast<int>(statement), answer);
+      untilSpoilt_ = static_cast<int>(statement);
+      spoilt_ = answer;
       EXPECT_EQ(act(), failed);
       EXPECT_EQ(Cost(), statement + 1);
       EXPECT_EQ(act(), whole);

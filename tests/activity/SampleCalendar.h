@@ -47,10 +47,6 @@ class LoggedInTest : public testing::Test {
   // Statements since the last call.
   std::size_t Cost() { return host_->TakeSent().size(); }
 
-  // What the statement about periods that is sent so many times from now is answered with instead
-  // (0: the next one).
-  void SpoilStatement(int number, Answer answer);
-
   // Spoils each of the act's statements about periods in each way: the answer must be failed, no
   // further statement be sent and nothing of it be kept.
   void ExpectEveryFault(const std::function<std::string()>& act, const std::string& failed);
@@ -65,8 +61,8 @@ class LoggedInTest : public testing::Test {
   const Answer* AnswerFromCalendar(TextView sql);
 
   Answer answer_;
-  Answer spoilt_;
-  int untilSpoilt_ = -1;
+  Answer spoilt_;         // answers the statement about periods that is sent
+  int untilSpoilt_ = -1;  // so many times from now (0: the next one)
 };
 
 }  // namespace fetchkit::test

@@ -89,6 +89,8 @@ TEST_F(SqlClauses, DateCondition) {
 // FormatCond, and the values of FormatString, are checked by the fuzz target Clauses.
 TEST_F(SqlClauses, Links) {
   EXPECT_EQ(FormatLink(u"b=2", u"a=1", u" Or "), u"a=1 Or b=2") << "the clause comes last";
+  EXPECT_EQ(FormatLink(u"", u"a=1", u" Or "), u"a=1");
+  EXPECT_EQ(FormatLink(u"b=2", u"", u" Or "), u"b=2");
   EXPECT_EQ(FormatLink(u" ", u"a=1", u" Or "), u"a=1 Or  ") << "a blank is not empty";
 }
 
