@@ -54,11 +54,7 @@ class PublicMembers : public testing::Test {
       CALL(activity_.TableFieldExists(u"Voucher", u"lngID")),
       CALL(activity_.GetAccountPeriod(date_, single_, single_)),
       CALL(activity_.GetPeriodCount(2004)),
-      {"GetEndDate",
-       [this] {
-         begin_ = end_ = date_;
-         activity_.GetEndDate(begin_, end_);
-       }},
+      CALL(activity_.GetEndDate(begin_, end_)),
       CALL(activity_.GetPeriodOfDate(date_, out_, out_)),
       CALL(activity_.GetYearOfDate(date_, out_, out_, short_)),
       CALL(activity_.GetBeginAndEndDate(u"本年", date_, out_, out_, true)),
@@ -180,9 +176,9 @@ class PublicMembers : public testing::Test {
   const std::vector<Text> texts_ = {u"a value", u"another value"};
   const std::vector<std::int32_t> edges_ = {0, 10};
   const NoEntries none_;
-  Value begin_, end_;
   Text text_;
   Date date_{38063};
+  Value begin_ = date_, end_ = date_;
   Date out_;
   float single_ = 0;
   std::int16_t short_ = 0;

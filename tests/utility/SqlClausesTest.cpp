@@ -86,7 +86,7 @@ TEST_F(SqlClauses, DateCondition) {
       });
 }
 
-// FormatCond, and the values of FormatString, are checked by the fuzz target Clauses.
+// FormatCond, and FormatString with more values, are checked by the fuzz target Clauses.
 TEST_F(SqlClauses, Links) {
   EXPECT_EQ(FormatLink(u"b=2", u"a=1", u" Or "), u"a=1 Or b=2") << "the clause comes last";
   EXPECT_EQ(FormatLink(u"", u"a=1", u" Or "), u"a=1");
@@ -94,9 +94,10 @@ TEST_F(SqlClauses, Links) {
   EXPECT_EQ(FormatLink(u" ", u"a=1", u" Or "), u"a=1 Or  ") << "a blank is not empty";
 }
 
-TEST_F(SqlClauses, FormatStringOfAnArray) {
-  EXPECT_EQ(FormatString(u"{99999999999999999999999}", std::vector<Text>{u"a"}),
-            u"{99999999999999999999999}");
+TEST_F(SqlClauses, FormatString) {
+  const std::vector<Text> values = {u"{", u"b"};
+  EXPECT_EQ(FormatString(u"{0}1}", values), u"b") << "two values make one placeholder";
+  EXPECT_EQ(FormatString(u"{99999999999999999999999}", values), u"{99999999999999999999999}");
   const ValueArray fromOne{true, 1, {Value(std::int32_t{7}), Value(2.5), Value()}};
   EXPECT_EQ(FormatString(u"{0}/{1}/{2}/{3}", Value(fromOne)), u"7/2.5//{3}");
   EXPECT_EQ(FormatString(u"{0}", Value(ValueArray{})), u"{0}");
