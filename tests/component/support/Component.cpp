@@ -195,12 +195,16 @@ std::map<std::string, Value> PropertiesOf(const Objects& objects) {
   return read;
 }
 
-void ExpectKept(const std::string& file, const std::string& text) {
+std::string Kept(const std::string& file) {
   const std::wstring name(file.begin(), file.end());
   const HRSRC found = FindResourceW(nullptr, name.c_str(), RT_RCDATA);
-  ASSERT_TRUE(found) << file;
-  const std::string kept(static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
-                         SizeofResource(nullptr, found));
+  EXPECT_TRUE(found) << file;
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
+          SizeofResource(nullptr, found)};
+}
+
+void ExpectKept(const std::string& file, const std::string& text) {
+  const std::string kept = Kept(file);
   if (text == kept) return;
   std::ofstream(file, std::ios::binary) << text;
   const auto differs = static_cast<std::size_t>(

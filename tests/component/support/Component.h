@@ -104,8 +104,9 @@ Objects ObjectsOf(const ComPtr<IInterface>& entry);
 // "IBusiness.CurrencyID", late-bound.
 std::map<std::string, Value> PropertiesOf(const Objects& objects);
 
-// Compares with the text that is kept as tests/component/FILE and is in this program as a resource;
-// a different one is written beside the program.
+// The text that is kept as tests/component/FILE and is in this program as a resource; and compared
+// with it, a different text is written beside the program.
+std::string Kept(const std::string& file);
 void ExpectKept(const std::string& file, const std::string& text);
 
 // A test that logs in. Afterwards the library must be willing to go, with every reference to the
