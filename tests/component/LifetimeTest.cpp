@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <thread>
 
 #include "support/Component.h"
@@ -16,6 +17,14 @@ IUnknown* Identity(const ComPtr<I>& object) {
 }
 
 class Lifetime : public ComponentTest {};
+
+void InAnotherApartment(const std::function<void()>& work) {
+  std::thread([&] {
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    work();
+    CoUninitialize();
+  }).join();
+}
 
 TEST_F(Lifetime, AThreadsObjectsAreTheSameWhoeverAsks) {
   const auto entry = LogIn();
@@ -70,14 +79,9 @@ TEST_F(Lifetime, AnotherConnectionReplacesTheFirst) {
 TEST_F(Lifetime, ApartmentsShareNothing) {
   auto mine = LogIn();
   auto activity = Get(mine, &IInterface::get_Activity);
-  const auto otherHost = std::make_shared<FakeConnection>();
-  otherHost->fallback = [](TextView) {
-    static const Answer refused = Refused();
-    return &refused;
-  };
+  const auto otherHost = MakeHost();
   otherHost->login.operatorId = std::int32_t{77};
-  std::thread([&] {
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+  InAnotherApartment([&] {
     {
       const auto theirs = CreateInterface();
       long id = -1;
@@ -94,17 +98,12 @@ TEST_F(Lifetime, ApartmentsShareNothing) {
     EXPECT_EQ(CanUnload(), S_OK);
     EXPECT_EQ(otherHost.use_count(), 1);
     EXPECT_GT(host_.use_count(), 1) << "another thread's host was touched";
-    CoUninitialize();
-  }).join();
+  });
 
   // A thread that ends while the library is in use elsewhere gives its host up without a call.
   mine = CreateInterface();
   const auto left = demo::ConnectionObjectOf(otherHost);
-  std::thread([&] {
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
-    EXPECT_EQ(Initialize(CreateInterface(), left.get()), S_OK);
-    CoUninitialize();
-  }).join();
+  InAnotherApartment([&] { EXPECT_EQ(Initialize(CreateInterface(), left.get()), S_OK); });
   ASSERT_EQ(left->AddRef(), 3U) << "ours, the forgotten one and this";
   left->Release();
   left->Release();
