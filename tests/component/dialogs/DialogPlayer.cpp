@@ -41,7 +41,7 @@ void CALLBACK DialogPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD now) {
   } else if (now - playing->played_ > kPatience) {
     ADD_FAILURE() << "the dialog was not closed by the acts";
     playing->played_ = now;
-    PostMessageW(dialog, WM_CLOSE, 0, 0);
+    Close(dialog);
   }
 }
 
@@ -81,7 +81,7 @@ void Type(HWND dialog, int id, TextView text) {
   SetFocus(box);
   SendMessageW(box, EM_SETSEL, 0, -1);
   for (const char16_t letter : text)
-    SendMessageW(box, WM_CHAR, letter, 0);
+    SendMessageW(box, WM_CHAR, letter, 1);
 }
 
 void Press(HWND dialog, int id) {
@@ -108,8 +108,8 @@ void DoubleClickRow(HWND dialog, int id, int row) {
   }
 }
 
-void Key(HWND, WORD key) {
-  PostMessageW(GetFocus(), WM_KEYDOWN, key, 0);
+void Key(HWND, int key) {
+  PostMessageW(GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
 }
 
 void Tab(HWND dialog) {
@@ -121,6 +121,10 @@ void Resize(HWND dialog, int wider, int taller) {
   GetWindowRect(dialog, &place);
   SetWindowPos(dialog, nullptr, 0, 0, place.right - place.left + wider,
                place.bottom - place.top + taller, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void Close(HWND dialog) {
+  PostMessageW(dialog, WM_CLOSE, 0, 0);
 }
 
 int FocusId(HWND) {

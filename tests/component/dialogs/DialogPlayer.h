@@ -25,8 +25,10 @@ class DialogPlayer {
   HWND owner() const { return owner_; }
   long Handle() const { return HandleToLong(owner_); }
 
-  DialogPlayer& Then(Act act) {
-    acts_.push_back(std::move(act));
+  // Plays act(dialog, arguments...), such as Then(Press, IDOK).
+  template <class Played, class... Arguments>
+  DialogPlayer& Then(Played act, Arguments... arguments) {
+    acts_.emplace_back([=](HWND dialog) { act(dialog, arguments...); });
     return *this;
   }
 
@@ -45,13 +47,14 @@ class DialogPlayer {
 // What users do. ids are those of component/ui/Controls.h.
 void ClickNode(HWND dialog, TextView text);
 void Pick(HWND dialog, int row);  // in the picker: opens its list, walks to the row, Enter
-void Type(HWND dialog, int id, TextView text);
-void Press(HWND dialog, int id);               // a button
-void SelectRow(HWND dialog, int id, int row);  // in a list
+void Type(HWND dialog, int id, TextView text);  // in place of what stands there
+void Press(HWND dialog, int id);                // a button
+void SelectRow(HWND dialog, int id, int row);   // in a list
 void DoubleClickRow(HWND dialog, int id, int row);
-void Key(HWND dialog, WORD key);  // to the control that has the focus
-void Tab(HWND dialog);            // to the next control, as the dialog's own keyboard does
+void Key(HWND dialog, int key);  // to the control that has the focus
+void Tab(HWND dialog);           // to the next control, as the dialog's own keyboard does
 void Resize(HWND dialog, int wider, int taller);
+void Close(HWND dialog);
 int FocusId(HWND dialog);
 Text TextIn(HWND dialog, int id);
 Text ListCell(HWND dialog, int id, int row, int column);

@@ -41,13 +41,9 @@ TEST(FormViewTest, NothingIsLeftBehindHoweverOftenADialogOpens) {
   FormView* before = SetFormView(&view);
   ASSERT_EQ(ui::LivingResources(), 0);
   for (int opening = 0; opening < kOpenings; ++opening) {
-    player.Then([](HWND dialog) {
-      EXPECT_GT(ui::LivingResources(), 0);
-      Pick(dialog, 1);
-    });
-    player.Then([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
+    player.Then([](HWND) { EXPECT_GT(ui::LivingResources(), 0); }).Then(Pick, 1).Then(Close);
     EXPECT_FALSE(list.ShowFilter(player.Handle()));
-    player.Then([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
+    player.Then(Close);
     EXPECT_FALSE(frmMultiChoose(view).ShowMultiChoose(RequestWith(3, player)).bOk);
   }
   EXPECT_EQ(ui::LivingResources(), 0);
@@ -61,12 +57,10 @@ TEST(FormViewTest, AListOfThousandsFindsByTyping) {
   player
       .Then([](HWND dialog) {
         EXPECT_EQ(ListCount(dialog, ID_ALL), kItems);
-        SetFocus(GetDlgItem(dialog, ID_ALL));
-        for (const wchar_t letter : std::wstring(L"编号19999"))
-          SendMessageW(GetDlgItem(dialog, ID_ALL), WM_CHAR, letter, 1);
-        Press(dialog, ID_CMD_RIGHT_ONE);
+        Type(dialog, ID_ALL, u"编号19999");
       })
-      .Then([](HWND dialog) { Press(dialog, IDOK); });
+      .Then(Press, ID_CMD_RIGHT_ONE)
+      .Then(Press, IDOK);
   EXPECT_EQ(frmMultiChoose(view).ShowMultiChoose(RequestWith(kItems, player)).condition,
             u"(编号='编号19999')");
 }
