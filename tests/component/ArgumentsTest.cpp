@@ -2,13 +2,10 @@
 // and hosts who do it wrong.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
-#include <stdexcept>
 #include <utility>
 
 #include "component/com/ClassFactory.h"
-#include "component/com/Module.h"
 #include "component/com/Variants.h"
 #include "component/host/Ado.h"
 #include "fetchkit/base/Utf8.h"
@@ -225,11 +222,6 @@ TEST_F(Arguments, ObjectsThatAreNoHostFailQuietly) {
   EXPECT_EQ(Initialize(entry, static_cast<IUnknown*>(nullptr)), S_OK);
   EXPECT_EQ(Initialize(entry, CreateUtility().get()), S_OK);
   EXPECT_EQ(GetText(entry, &IInterface::get_LoginDate), u"");
-  for (const char* member : {"HostContext", "AccountTypeInfo", "AccountLogin", "LoginContext"}) {
-    host_->login.absent = {member};
-    EXPECT_EQ(Initialize(CreateInterface(), host_), S_OK) << member;
-  }
-  host_->login.absent.clear();
   RecordsetPtr rows;
   ASSERT_TRUE(host_->OpenRecordset(u"", rows, 0, 0));
   for (const ComPtr<IDispatch>& recordset :
@@ -239,95 +231,6 @@ TEST_F(Arguments, ObjectsThatAreNoHostFailQuietly) {
     EXPECT_EQ(Initialize(CreateInterface(), host.get()), S_OK);
   }
   host_->CloseRecordset(rows);
-}
-
-// A connection that tells of every call, those of its recordsets included, before it is made.
-using Tell = std::function<void()>;
-
-struct ToldRows : Recordset {
-  ToldRows(RecordsetPtr inner, const Tell& told) : rows(std::move(inner)), tell(told) {}
-  Recordset& Next() const { return tell(), *rows; }
-
-  bool Eof() override { return Next().Eof(); }
-  bool Bof() override { return Next().Bof(); }
-  void MoveFirst() override { Next().MoveFirst(); }
-  void MoveLast() override { Next().MoveLast(); }
-  void MoveNext() override { Next().MoveNext(); }
-  std::int32_t RecordCount() override { return Next().RecordCount(); }
-  std::size_t Column(TextView name) override { return Next().Column(name); }
-  std::vector<Text> ColumnNames() override { return Next().ColumnNames(); }
-  Value At(std::size_t column) override { return Next().At(column); }
-
-  RecordsetPtr rows;
-  const Tell& tell;
-};
-
-struct ToldConnection : SessionConnection {
-  ToldConnection(SessionConnectionPtr inner, const Tell& told)
-      : connection(std::move(inner)), tell(told) {}
-  SessionConnection& Next() const { return tell(), *connection; }
-  bool Wrap(RecordsetPtr& recordset, bool opened) const {
-    if (opened) recordset = std::make_shared<ToldRows>(recordset, tell);
-    return opened;
-  }
-
-  std::shared_ptr<fetchkit::HostContext> HostContext() override { return Next().HostContext(); }
-  // Closed also where the call is to fail: what is tested then is that the library lets go of it.
-  void CloseRecordset(RecordsetPtr& recordset) override {
-    connection->CloseRecordset(static_cast<ToldRows&>(*recordset).rows);
-    tell();
-  }
-  void RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) override {
-    Next().RecordsetIsEmpty(static_cast<ToldRows&>(*recordset).rows, isEmpty);
-  }
-  bool OpenStaticRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t cursorType,
-                           std::int32_t lockType, std::int32_t commandType,
-                           std::int32_t option) override {
-    return Wrap(recordset, Next().OpenStaticRecordset(sql, recordset, cursorType, lockType,
-                                                      commandType, option));
-  }
-  bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t option1,
-                     std::int32_t option2) override {
-    return Wrap(recordset, Next().OpenRecordset(sql, recordset, option1, option2));
-  }
-  bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override {
-    return Next().ExecuteSql(sql, option, out);
-  }
-
-  SessionConnectionPtr connection;
-  const Tell& tell;
-};
-
-TEST_F(Arguments, AHostMayFailAtEveryCall) {
-  int made = 0;
-  int failAt = 0;
-  const Tell count = [&] {
-    if (++made == failAt) throw std::runtime_error("the call fails");
-  };
-  const auto work = [&] {
-    {
-      const auto entry = CreateInterface();
-      ASSERT_EQ(Initialize(entry, std::make_shared<ToldConnection>(host_, count)), S_OK);
-      ASSERT_EQ(Get(entry, &IInterface::get_ListSet)->put_ViewId(5), S_OK);
-      long id = -1;
-      ASSERT_EQ(Get(entry, &IInterface::get_Activity)->GetNewID(Bstr(u"Voucher").get(), &id), S_OK);
-    }
-    ASSERT_EQ(CanUnload(), S_OK);
-    ASSERT_FALSE(Module::IsUsed());
-    ASSERT_EQ(host_->openRecordsets, 0);
-  };
-  do {
-    SCOPED_TRACE(testing::Message() << "call " << ++failAt);
-    made = 0;
-    work();
-  } while (!HasFatalFailure() && made >= failAt);
-  EXPECT_GT(failAt, 100) << "the host was hardly called";
-  for (const char* member : {"AccountType", "ServerName", "UserId", "LoginDate", "OrganizationId",
-                             "OperatorId", "Password", "Item"}) {
-    SCOPED_TRACE(member);
-    host_->login.spoilt = {member};
-    work();
-  }
 }
 
 // A member that the library does not use, by its slot.
