@@ -6,13 +6,9 @@
 #include <vector>
 
 #include "DialogPlayer.h"
-#include "component/Windows.h"
-#include "component/com/Bstr.h"
-#include "component/com/ComPtr.h"
+#include "component/support/Component.h"
 #include "component/ui/Controls.h"
 #include "demo/host/SampleHost.h"
-#include "demo/windows/com/ConnectionObject.h"
-#include "idl/FetchKit.h"
 
 namespace fetchkit::test {
 namespace {
@@ -24,18 +20,10 @@ class WindowsTest : public testing::Test {
  protected:
   WindowsTest() {
     host_.Switch("main");
-    connection_ = demo::ConnectionObjectOf(host_.connection()).As<IDispatch>(IID_IDispatch);
-    EXPECT_EQ(CoCreateInstance(CLSID_Interface, nullptr, CLSCTX_INPROC_SERVER, IID_IInterface,
-                               reinterpret_cast<void**>(entry_.Out())),
-              S_OK);
-    entry_->Initialize(connection_.InOut());
-    EXPECT_EQ(CoCreateInstance(CLSID_ListSet, nullptr, CLSCTX_INPROC_SERVER, IID_IListSet,
-                               reinterpret_cast<void**>(list_.Out())),
-              S_OK);
-    Open(101);
+    auto connection = demo::ConnectionObjectOf(host_.connection()).As<IDispatch>(IID_IDispatch);
+    EXPECT_EQ(entry_->Initialize(connection.InOut()), S_OK);
+    EXPECT_EQ(list_->put_ViewId(101), S_OK);
   }
-
-  void Open(long view) { EXPECT_EQ(list_->put_ViewId(view), S_OK); }
 
   bool ShowFilter() {
     VARIANT_BOOL confirmed = VARIANT_FALSE;
@@ -45,11 +33,7 @@ class WindowsTest : public testing::Test {
     return confirmed != VARIANT_FALSE;
   }
 
-  Text Where() {
-    Bstr where;
-    EXPECT_EQ(list_->get_ListPureWhere(where.Out()), S_OK);
-    return Text(where.view());
-  }
+  Text Where() { return GetText(list_, &IListSet::get_ListPureWhere); }
 
   // A condition by hand: the column in the tree, the row of the picker, the values.
   void Enter(TextView column, int row, TextView from = {}, TextView to = {}) {
@@ -80,9 +64,8 @@ class WindowsTest : public testing::Test {
   }
 
   demo::SampleHost host_;
-  ComPtr<IDispatch> connection_;
-  ComPtr<IInterface> entry_;
-  ComPtr<IListSet> list_;
+  ComPtr<IInterface> entry_ = CreateInterface();
+  ComPtr<IListSet> list_ = Create<IListSet>(CLSID_ListSet, IID_IListSet);
   DialogPlayer player_;
   Text shown_;
 };
