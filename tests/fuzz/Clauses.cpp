@@ -1,6 +1,4 @@
 // SQL clauses: nothing is lost, no list is longer than the database takes.
-#include <algorithm>
-
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/listset/model/CodeConditions.h"
 #include "fetchkit/utility/SqlClauses.h"
@@ -11,16 +9,12 @@ namespace {
 
 // What stands in the brackets behind each "In(", put together again.
 Text ItemsOf(TextView sql, TextView opening, std::size_t longest) {
+  EXPECT_TRUE(IsWellFormed(sql)) << ToUtf8(sql);
   Text items;
   for (std::size_t at = FindFolded(sql, opening); at != Text::npos;
        at = FindFolded(sql, opening, at)) {
     at += opening.size();
-    const std::size_t end = sql.find(u')', at);
-    if (end == Text::npos) {
-      ADD_FAILURE() << "not closed: " << ToUtf8(sql);
-      break;
-    }
-    const TextView group = sql.substr(at, end - at);
+    const TextView group = sql.substr(at, sql.find(u')', at) - at);
     EXPECT_LE(Split(group, u",").size(), longest);
     AppendWith(items, u',', group);
   }
@@ -32,19 +26,14 @@ void CheckLists(Input& in) {
   const int count =
       in.Pick({1, 2, 5, 799, 800, 801, 999, 1000, 1001, 1600, 1999, 2000, 2001, 2400});
   Text list;
-  for (int i = 0; i < count; ++i) {
-    list.append(i > 0 ? u"," : u"");
-    list.append(Join(i % distinct == 0 ? i : in.Byte()));
-  }
+  for (int i = 0; i < count; ++i)
+    AppendWith(list, u',', Join(i % distinct == 0 ? i : in.Byte()));
   EXPECT_EQ(ItemsOf(SqlClauses::DecomposeInClause(u"f", list, false), u" In(", 1000), list);
   const Text quoted = SqlClauses::DecomposeInClause(u"f", list, true);
   EXPECT_EQ(ReplaceText(ItemsOf(quoted, u" In(", 1000), u"'", u""), list);
   EXPECT_EQ(CountUnit(quoted, u'\''), static_cast<std::size_t>(count) * 2);
   EXPECT_EQ(ItemsOf(SqlClauses::SplitInClause(list, u",", u"f"), u" IN (", 1000), list);
-  const Text codes = CodeCondition(u"T", u"X", list, u"X");
-  EXPECT_EQ(ItemsOf(codes, u" IN (", 1001), list);
-  const Text bracketed = Bracketed(codes);
-  EXPECT_EQ(Bracketed(bracketed), bracketed);
+  EXPECT_EQ(ItemsOf(CodeCondition(u"T", u"X", list, u"X"), u" IN (", 1001), list);
 }
 
 // Number by number over the growing text: that is how it is defined.
@@ -66,8 +55,8 @@ void CheckConditions(Input& in) {
   const Text sql = in.Pieces(kPieces, 8);
   const Text once = Bracketed(sql);
   EXPECT_TRUE(once == sql || once == Join(u"(", sql, u")"));
-  const Text condition = SqlClauses::FormatCond(sql);
-  EXPECT_EQ(condition, TrimBlanks(sql).empty() ? u" AND 1=1 " : Join(u" AND ", sql, u" "));
+  EXPECT_EQ(SqlClauses::FormatCond(sql),
+            TrimBlanks(sql).empty() ? u" AND 1=1 " : Join(u" AND ", sql, u" "));
   EXPECT_EQ(SqlClauses::FormatLink(sql, once, u"+").size(),
             sql.empty() ? 0 : sql.size() + once.size() + 1);
 

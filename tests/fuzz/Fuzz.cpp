@@ -1,6 +1,5 @@
 #include "fuzz/Fuzz.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstdlib>
 #include <filesystem>
@@ -21,19 +20,23 @@ std::uint8_t Input::Byte() {
   return byte;
 }
 
+std::uint64_t Input::Bits(int bytes) {
+  std::uint64_t bits = 0;
+  for (; bytes > 0; --bytes)
+    bits = bits << 8 | Byte();
+  return bits;
+}
+
 std::int32_t Input::Long() {
+  using Limits = std::numeric_limits<std::int32_t>;
   switch (Below(8)) {
     case 0:
-      return std::numeric_limits<std::int32_t>::max() - Below(2);
+      return Limits::max() - Below(2);
     case 1:
-      return std::numeric_limits<std::int32_t>::min() + Below(2);
+      return Limits::min() + Below(2);
     case 2:
-    case 3: {
-      std::uint32_t number = 0;
-      for (int i = 0; i < 4; ++i)
-        number = number << 8 | Byte();
-      return static_cast<std::int32_t>(number);
-    }
+    case 3:
+      return static_cast<std::int32_t>(Bits(4));
     default:
       return Byte() - 128;
   }
@@ -45,12 +48,8 @@ double Input::Number() {
       return Pick({0.0, -0.0, 1e308, -1e308, 5e-324, 1e15, 9007199254740993.0,
                    std::numeric_limits<double>::infinity(),
                    std::numeric_limits<double>::quiet_NaN()});
-    case 1: {
-      std::uint64_t bits = 0;
-      for (int i = 0; i < 8; ++i)
-        bits = bits << 8 | Byte();
-      return std::bit_cast<double>(bits);
-    }
+    case 1:
+      return std::bit_cast<double>(Bits(8));
     case 2:
       return Long();
     case 3:
@@ -78,36 +77,68 @@ Text Input::Pieces(std::span<const TextView> pieces, int most) {
   return text;
 }
 
+Value AnyValue(Input& in, const Text& text) {
+  const double number = in.Number();
+  const std::int32_t whole = in.Long();
+  return in.Pick<Value>({NullValue(), EmptyValue(), MissingValue(), whole % 2 == 0, whole,
+                         static_cast<std::int16_t>(whole), static_cast<float>(whole) / 8, number,
+                         Date{number}, Value(ValueArray{whole < 0, 0, {}}), text});
+}
+
+Text ReplaceByLoop(TextView text, TextView find, TextView replacement, bool ignoreCase) {
+  Text result;
+  for (std::size_t at = 0; at < text.size();) {
+    const TextView here = text.substr(at, find.size());
+    const bool hit = !find.empty() && (ignoreCase ? EqualFolded(here, find) : here == find);
+    result.append(hit ? replacement : text.substr(at, 1));
+    at += hit ? find.size() : 1;
+  }
+  return result;
+}
+
+bool IsWellFormed(TextView sql) {
+  int depth = 0;
+  bool quoted = false;
+  for (const char16_t unit : sql) {
+    if (unit == u'\'') quoted = !quoted;
+    if (quoted) continue;
+    depth += unit == u'(' ? 1 : unit == u')' ? -1 : 0;
+    if (depth < 0) return false;
+  }
+  return depth == 0 && !quoted;
+}
+
+}  // namespace fetchkit::test
+
 #ifdef FETCHKIT_FUZZ
 
-int RunOne(std::span<const std::uint8_t> bytes, Target target) {
-  Input in(bytes);
-  target(in);
-  ReleaseThread();
+// Ends the process when the target's checks fail.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  fetchkit::test::Input in({bytes, size});
+  fetchkit::test::kTarget(in);
+  fetchkit::ReleaseThread();
   if (testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed()) std::abort();
   return 0;
 }
 
 #else
 
-void ReplayCorpus(const std::string& name, Target target) {
-  std::vector<std::filesystem::path> files;
-  for (const auto& file : std::filesystem::directory_iterator(FETCHKIT_CORPUS "/" + name))
-    files.push_back(file.path());
-  std::sort(files.begin(), files.end());
-  EXPECT_FALSE(files.empty());
+void fetchkit::test::ReplayCorpus(const std::string& name, Target target) {
   std::vector<std::uint8_t> bytes;
   const auto run = [&] {
     Input in(bytes);
     target(in);
     ReleaseThread();
   };
-  for (const auto& file : files) {
-    SCOPED_TRACE(file.filename());
-    std::ifstream stream(file, std::ios::binary);
+  int files = 0;
+  for (const auto& file : std::filesystem::directory_iterator(FETCHKIT_CORPUS "/" + name)) {
+    SCOPED_TRACE(file.path().filename());
+    std::ifstream stream(file.path(), std::ios::binary);
     bytes.assign(std::istreambuf_iterator<char>(stream), {});
     run();
+    ++files;
   }
+  EXPECT_GT(files, 0);
   std::mt19937 random;
   for (int number = 0; number < 1000 && !testing::Test::HasFailure(); ++number) {
     SCOPED_TRACE("random input " + std::to_string(number));
@@ -119,5 +150,3 @@ void ReplayCorpus(const std::string& name, Target target) {
 }
 
 #endif
-
-}  // namespace fetchkit::test

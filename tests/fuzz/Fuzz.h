@@ -11,9 +11,9 @@
 #include <initializer_list>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "fetchkit/base/Utf8.h"
+#include "fetchkit/base/Value.h"
 
 namespace fetchkit::test {
 
@@ -43,33 +43,39 @@ class Input {
   Text Pieces(std::span<const TextView> pieces, int most);
 
  private:
+  // The next bytes as one number.
+  std::uint64_t Bits(int bytes);
+
   std::span<const std::uint8_t> bytes_;
 };
 
+// A value of any type that a database may hand over; a text is the given one.
+Value AnyValue(Input& in, const Text& text);
+
+// The plainest loop that replaces, from left to right; an empty find replaces nothing.
+Text ReplaceByLoop(TextView text, TextView find, TextView replacement, bool ignoreCase = false);
+
+// Whether brackets and apostrophes come in pairs.
+bool IsWellFormed(TextView sql);
+
 using Target = void (*)(Input& in);
 
+#ifdef FETCHKIT_FUZZ
+extern const Target kTarget;  // the program's
+#define FUZZ_ENTRY(name) const Target kTarget = Fuzz##name
+#else
 // Gives the target every file of tests/fuzz/corpus/NAME, then the random inputs.
 void ReplayCorpus(const std::string& name, Target target);
-
-// For LLVMFuzzerTestOneInput: ends the process when the target's checks fail.
-int RunOne(std::span<const std::uint8_t> bytes, Target target);
+#define FUZZ_ENTRY(name)             \
+  TEST(FuzzCorpus, name) {           \
+    ReplayCorpus(#name, Fuzz##name); \
+  }
+#endif
 
 }  // namespace fetchkit::test
 
 // Introduces a target's body: FUZZ_TARGET(Texts) { ... in.Byte() ... }
-#ifdef FETCHKIT_FUZZ
-#define FUZZ_TARGET(name)                                                              \
-  static void Fuzz##name(fetchkit::test::Input& in);                                   \
-  extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);  \
-  extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) { \
-    return fetchkit::test::RunOne({bytes, size}, Fuzz##name);                          \
-  }                                                                                    \
-  static void Fuzz##name(fetchkit::test::Input& in)
-#else
-#define FUZZ_TARGET(name)                            \
-  static void Fuzz##name(fetchkit::test::Input& in); \
-  TEST(FuzzCorpus, name) {                           \
-    fetchkit::test::ReplayCorpus(#name, Fuzz##name); \
-  }                                                  \
-  static void Fuzz##name(fetchkit::test::Input& in)
-#endif
+#define FUZZ_TARGET(name)            \
+  static void Fuzz##name(Input& in); \
+  FUZZ_ENTRY(name);                  \
+  static void Fuzz##name(Input& in)

@@ -10,7 +10,6 @@
 #include "fetchkit/host/Execution.h"
 #include "fetchkit/session/Interface.h"
 #include "fetchkit/session/model/HostLogin.h"
-#include "support/CallingBack.h"
 #include "support/FakeConnection.h"
 
 namespace fetchkit::test {
@@ -94,7 +93,9 @@ TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
       [] { Interface().Initialize(MAction::CurrentSession().Connection); },
   };
   for (const auto& operation : operations) {
-    auto calling = std::make_shared<CallingBack>(host_);
+    auto calling = std::make_shared<FakeConnection>();
+    calling->On(Text(kSql), Rows({u"A"}, {{u"x"}}));
+    calling->fallback = host_->fallback;
     MAction::CurrentSession().Connection = calling;
     sink_.failures.clear();
     calling->onOperation = [this] {
@@ -102,7 +103,7 @@ TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
       EXPECT_FALSE(ReleaseThread());
       EXPECT_EQ(sink_.failures.back().what, u"ReleaseThread");
     };
-    const std::weak_ptr<CallingBack> alive = std::exchange(calling, nullptr);
+    const std::weak_ptr<FakeConnection> alive = std::exchange(calling, nullptr);
     operation();
     EXPECT_FALSE(sink_.failures.empty());
     EXPECT_TRUE(alive.expired());

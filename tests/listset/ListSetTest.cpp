@@ -11,7 +11,6 @@
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/session/model/Session.h"
-#include "support/CallingBack.h"
 #include "support/FakeConnection.h"
 #include "support/Lines.h"
 
@@ -314,8 +313,6 @@ TEST_F(Lists, CalledFromInsideTheHost) {
                         u"部门", u"strKeyField", u"DEPARTMENT", u"Strcodeid", u"12"}}));
   host_->On(kCodesStatement,
             Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
-  const auto calling = std::make_shared<CallingBack>(host_);
-  MAction::CurrentSession().Connection = calling;
   Player player;
   player.filter = "node 部门; ok";
   SetFormView(&player);
@@ -344,11 +341,11 @@ TEST_F(Lists, CalledFromInsideTheHost) {
       SCOPED_TRACE(testing::Message() << "call " << call << " from member " << member);
       ListSet set;
       if (member > 0) set.ViewId(5);
-      const int before = calling->operations;
-      if (call > 0) calling->onOperation = [&] { calls[call - 1](set); };
+      const int before = host_->operations;
+      if (call > 0) host_->onOperation = [&] { calls[call - 1](set); };
       members[member](set);
-      calling->onOperation = nullptr;
-      EXPECT_GT(calling->operations, before);
+      host_->onOperation = nullptr;
+      EXPECT_GT(host_->operations, before);
       if (!undisturbed) undisturbed = set.List();
       if (call == std::size(calls) && member > 1) {
         EXPECT_EQ(set.ViewId(), 6);

@@ -11,23 +11,27 @@ namespace {
 
 class FakeRecordset : public Recordset {
  public:
-  explicit FakeRecordset(Answer answer) : answer_(std::move(answer)) {}
+  FakeRecordset(FakeConnection& host, const Answer& answer) : host_(host), answer_(answer) {}
 
-  bool Eof() override { return row_ >= Count(); }
-  bool Bof() override { return Count() == 0; }
-  void MoveFirst() override { row_ = 0; }
-  void MoveLast() override { row_ = Count() - 1; }
-  void MoveNext() override { ++row_; }
-  std::int32_t RecordCount() override { return Count(); }
+  bool Eof() override { return row_ >= RecordCount(); }
+  bool Bof() override { return RecordCount() == 0; }
+  void MoveFirst() override { Now(), row_ = 0; }
+  void MoveLast() override { row_ = RecordCount() - 1; }
+  void MoveNext() override { Now(), ++row_; }
+  std::int32_t RecordCount() override { return static_cast<int>(Now().rows.size()); }
   std::size_t Column(TextView name) override {
-    for (std::size_t i = 0; i < answer_.columns.size(); ++i)
-      if (EqualFolded(answer_.columns[i], name)) return i;
-    throw std::runtime_error("no column " + ToUtf8(name));
+    std::vector<Text>& columns = Now().columns;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+      if (EqualFolded(columns[i], name)) return i;
+    if (!answer_.cell) throw std::runtime_error("no column " + ToUtf8(name));
+    columns.emplace_back(name);
+    return columns.size() - 1;
   }
-  std::vector<Text> ColumnNames() override { return answer_.columns; }
+  std::vector<Text> ColumnNames() override { return Now().columns; }
   Value At(std::size_t column) override {
     if (row_ < 0 || Eof()) throw std::runtime_error("no current row");
     if (row_ == answer_.throwAtRow) throw std::runtime_error("row lost");
+    if (answer_.cell) return answer_.cell(answer_.columns.at(column));
     return answer_.rows.at(static_cast<std::size_t>(row_)).at(column);
   }
 
@@ -36,8 +40,12 @@ class FakeRecordset : public Recordset {
   bool open = true;
 
  private:
-  int Count() const { return static_cast<int>(answer_.rows.size()); }
+  Answer& Now() {
+    host_.CallBack();
+    return answer_;
+  }
 
+  FakeConnection& host_;
   Answer answer_;
   int row_ = 0;
 };
@@ -98,12 +106,21 @@ std::vector<std::string> FakeConnection::TakeSent() {
   return std::exchange(sent_, {});
 }
 
+void FakeConnection::CallBack() {
+  if (std::exchange(calling_, true)) return;
+  if (onOperation) onOperation();
+  ++operations;
+  calling_ = false;
+}
+
 std::shared_ptr<HostContext> FakeConnection::HostContext() {
+  CallBack();
   if (login.absent.contains("HostContext")) return nullptr;
   return std::make_shared<FakeContext>(shared_from_this());
 }
 
 void FakeConnection::CloseRecordset(RecordsetPtr& recordset) {
+  CallBack();
   auto* fake = dynamic_cast<FakeRecordset*>(recordset.get());
   ASSERT_NE(fake, nullptr) << "a recordset of somebody else, or none, was given back";
   EXPECT_TRUE(fake->open) << "a recordset was given back twice";
@@ -139,6 +156,7 @@ bool FakeConnection::ExecuteSql(TextView sql, std::int32_t option, Value& out) {
 }
 
 const Answer* FakeConnection::Send(const std::string& prefix, TextView sql) {
+  CallBack();
   sent_.push_back(prefix + ToUtf8(sql));
   const auto own = answers_.find(sql);
   const Answer* answer = own != answers_.end() ? &own->second : fallback ? fallback(sql) : nullptr;
@@ -153,7 +171,7 @@ bool FakeConnection::Open(const std::string& prefix, TextView sql, RecordsetPtr&
   const Answer* answer = Send(prefix, sql);
   if (answer == nullptr) return false;
   if (answer->kind == Answer::Kind::NoRecordset) return true;
-  recordset = std::make_shared<FakeRecordset>(*answer);
+  recordset = std::make_shared<FakeRecordset>(*this, *answer);
   ++openRecordsets;
   return true;
 }

@@ -27,6 +27,9 @@ struct Answer {
   std::vector<std::vector<Value>> rows = {};
   int throwAtRow = -1;       // reading this row (0-based) raises
   bool closeThrows = false;  // giving the recordset back succeeds, and throws
+
+  // If there is one, the rows have every column, and each read of a cell asks it anew; may throw.
+  std::function<Value(TextView column)> cell = nullptr;
 };
 
 inline Answer Rows(std::vector<Text> columns, std::vector<std::vector<Value>> rows) {
@@ -71,8 +74,12 @@ class FakeConnection : public SessionConnection,
   // that came through these operations.
   std::vector<std::string> TakeSent();
 
+  // Called in front of each operation, its recordsets' included, but for those that it causes.
+  std::function<void()> onOperation;
+
   FakeLogin login;
   int openRecordsets = 0;
+  int operations = 0;
   bool unsaid = false;  // whether a recordset is empty is asked in vain
 
   std::shared_ptr<fetchkit::HostContext> HostContext() override;
@@ -86,6 +93,9 @@ class FakeConnection : public SessionConnection,
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override;
   Text LastRefusal() override { return u"the table is locked"; }
 
+  // For the recordsets.
+  void CallBack();
+
  private:
   // The answer, null for one of False.
   const Answer* Send(const std::string& prefix, TextView sql);
@@ -93,6 +103,7 @@ class FakeConnection : public SessionConnection,
 
   std::map<Text, Answer, std::less<>> answers_;
   std::vector<std::string> sent_;
+  bool calling_ = false;
 };
 
 // A diagnostics sink that keeps what it is told; installed for the object's life.

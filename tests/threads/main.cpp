@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "fetchkit/base/ThreadState.h"
-#include "support/AnyHost.h"
 #include "support/EveryService.h"
+#include "support/FakeConnection.h"
 
 namespace fetchkit::test {
 namespace {
@@ -18,23 +18,26 @@ namespace {
 constexpr unsigned kThreads = 16;
 
 // Every statement has two rows, a few are refused.
-std::shared_ptr<AnyHost> HostOf(std::mt19937& random, std::int32_t organization) {
-  auto host = std::make_shared<AnyHost>();
-  host->rows = [&random](TextView) { return random() % 50 == 0 ? -1 : 2; };
-  host->cell = [&random](TextView column) -> Value {
+std::shared_ptr<FakeConnection> HostOf(std::mt19937& random) {
+  auto host = std::make_shared<FakeConnection>();
+  Answer rows = Rows({}, {{}, {}});
+  rows.cell = [&random](TextView column) -> Value {
     if (EqualFolded(column, u"strFieldType")) return random() % 2 == 0 ? u"DOUBLE" : u"CODE";
     if (EqualFolded(column.substr(0, 3), u"str")) return u"2";
     if (column.find(u"Date") != Text::npos) return u"2004-03-17";
     return static_cast<std::int32_t>(random() % 4);
   };
-  host->login.organizationId = organization;
+  host->fallback = [&random, rows, refused = Refused()](TextView) {
+    return random() % 50 == 0 ? &refused : &rows;
+  };
   return host;
 }
 
 void Work(unsigned seed, int calls) {
   std::mt19937 random(seed);
   const auto organization = static_cast<std::int32_t>(20 + seed);
-  const auto host = HostOf(random, organization);
+  const auto host = HostOf(random);
+  host->login.organizationId = organization;
   Interface entry;
   for (int call = 0; call < calls; ++call) {
     if (call % 100 == 0) {
@@ -45,6 +48,7 @@ void Work(unsigned seed, int calls) {
     CallService(entry, static_cast<std::uint32_t>(random()), u"Department",
                 static_cast<std::int32_t>(random() % 100));
     EXPECT_EQ(host->openRecordsets, 0);
+    host->TakeSent();
   }
   ReleaseThread();
 }
