@@ -50,11 +50,9 @@ TEST_F(DialectTest, RefusalsNameWhatAndWhere) {
   ExpectRows(
 #include "demo/statements/RefusalsNameWhatAndWhere.txt"
       , "The demo database's adapter refuses ");
-  ExpectRows(R"(
-unknown schema¦SELECT 1 FROM NOPE.a WHERE 1=0¦no such table: NOPE.a
-double quotes hold names only¦SELECT "p" FROM a¦no such column: p
-an unknown table in a FROM that is asked for its columns¦SELECT 1 FROM a, nope WHERE x = y(+)¦no such table: nope
-a change cannot be opened¦DELETE FROM a¦A statement that gives no rows cannot be opened.)");
+  ExpectRows(
+#include "demo/statements/RefusedByTheDatabase.txt"
+  );
 }
 
 TEST_F(DialectTest, DeepAndLongStatements) {
@@ -67,12 +65,9 @@ TEST_F(DialectTest, DeepAndLongStatements) {
 }
 
 TEST_F(DialectTest, Sequences) {
-  ExpectRows(R"(
-numbers go on¦SELECT List_SEQ.NEXTVAL As lngId FROM DUAL¦42
-one number per statement¦SELECT list_seq.nextval, ACC01.LIST_SEQ.NEXTVAL * 10, LIST_SEQ.NEXTVAL FROM DUAL¦43|440|43
-beyond 32 bits¦SELECT BIG_SEQ.NEXTVAL FROM DUAL¦2147483648
-a refused statement draws nothing¦SELECT LIST_SEQ.NEXTVAL, ROWNUM FROM DUAL¦The demo database's adapter refuses a word that it has no counterpart for: ROWNUM, at position 26.
-unknown¦SELECT Nope_SEQ.NEXTVAL As lngId FROM DUAL¦There is no sequence NOPE_SEQ.)");
+  ExpectRows(
+#include "demo/statements/Sequences.txt"
+  );
   EXPECT_EQ(account.Execute("INSERT INTO a (id, x) VALUES (LIST_SEQ.NEXTVAL, '')"), "1");
   EXPECT_EQ(account.Rows("SELECT id, x FROM a WHERE id > 3"), "45|~");
 }
@@ -84,14 +79,9 @@ TEST_F(DialectTest, BlocksAreDoneWhollyOrNotAtAll) {
   const std::string rows = "2|~;3|~;7|~";
   EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows);
 
-  for (const auto& [block, error] : Lines<2>(R"(
-Begin DELETE FROM a; INSERT INTO a (nope) VALUES (1); End;¦no column named nope
-Begin DELETE FROM a; COMMIT; End;¦what is not INSERT, UPDATE or DELETE in a block
-Begin DELETE FROM a; End¦a block that does not end with End;
-Begin DELETE FROM a End;¦a statement without ; in a block
-Begin DELETE FROM a;; End;¦an empty statement in a block
-Begin End;¦a block without a statement
-DELETE FROM a; DELETE FROM b¦a ; outside of a block)")) {
+  for (const auto& [block, error] : Lines<2>(
+#include "demo/statements/RefusedBlocks.txt"
+           )) {
     EXPECT_THAT(account.Execute(block), testing::HasSubstr(error));
     EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows) << block;
   }

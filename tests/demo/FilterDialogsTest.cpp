@@ -45,17 +45,24 @@ TEST_F(FilterDialogs, ScriptedUserFindsRows) {
                   "1\t凭证日期\t本季度\n2\t部门\t国内销售科 国际业务科\n3\t金额\t大于 1000\n"));
 }
 
-TEST_F(FilterDialogs, ConfirmedUnchangedIsTheSameList) {
-  const ListType before = Settings(Load(101));
-  const std::int64_t rows = Rows();
-  EXPECT_GT(rows, 0);
-  std::istringstream ok("o\n");
-  AskedUser user(console_, ok);
-  EXPECT_TRUE(Show(user));
-  EXPECT_EQ(Rows(), rows);
-  session_.LogInAfresh();
-  EXPECT_TRUE(Settings(Load(101)) == before);
-  EXPECT_EQ(Rows(), rows);
+TEST_F(FilterDialogs, SavedOrConfirmedUnchangedIsTheSameList) {
+  for (const auto& [view, confirms] : {std::pair(101, false), {101, true}, {102, false}}) {
+    SCOPED_TRACE(view);
+    session_.LogInAfresh();
+    const ListType before = Settings(Load(view));
+    const std::int64_t rows = Rows();
+    EXPECT_GT(rows, 0);
+    std::istringstream ok("o\n");
+    AskedUser user(console_, ok);
+    if (confirms)
+      EXPECT_TRUE(Show(user, view));
+    else
+      set().SaveList();
+    EXPECT_EQ(Rows(), rows);
+    session_.LogInAfresh();
+    EXPECT_TRUE(Settings(Load(view)) == before);
+    EXPECT_EQ(Rows(), rows);
+  }
 }
 
 TEST_F(FilterDialogs, AccountsByWhatTheyAreBrokenDownBy) {

@@ -1,11 +1,10 @@
 // Start-up through the real statements, on the sample accounts.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <sstream>
 
+#include "demo/LoggedIn.h"
 #include "demo/commands/Commands.h"
-#include "demo/commands/DemoSession.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/session/Interface.h"
 
@@ -57,46 +56,27 @@ TEST(SampleLogins, ReadWhatTheBooksHold) {
   EXPECT_FALSE(rights->UserRight(u"31"));
 }
 
-// The paper of a subcommand, without colour.
-template <class Command>
-std::string PaperOf(Command&& command) {
-  std::FILE* paper = std::tmpfile();
-  Console console(paper, ColourMode::Never);
-  command(console);
-  std::string text(static_cast<std::size_t>(std::ftell(paper)), '\0');
-  std::rewind(paper);
-  text.resize(std::fread(text.data(), 1, text.size(), paper));
-  std::fclose(paper);
-  return text;
-}
+using Commands = LoggedIn;
 
-TEST(Commands, AHealthyRunReportsNoFailure) {
+TEST_F(Commands, AHealthyRunReportsNoFailure) {
   const CommonOptions options;
   std::istringstream nobody;
-  const std::function<int(Console&)> kCommands[] = {
-      [&](Console& console) { return RunLogin(console, options); },
-      [&](Console& console) { return RunRights(console, options); },
-      [&](Console& console) { return RunRights(console, {.login = "account"}); },
-      [&](Console& console) { return RunSettings(console, options); },
-      [&](Console& console) { return RunList(console, options, {.where = {"金额 大于 100"}}); },
-      [&](Console& console) { return RunFilter(console, options, {}, nobody, false); },
-  };
-  for (const auto& command : kCommands) {
-    const std::string paper = PaperOf([&](Console& console) { EXPECT_EQ(command(console), 0); });
-    EXPECT_EQ(paper.find("failed: "), std::string::npos) << paper;
-  }
+  EXPECT_EQ(RunLogin(console_, options), 0);
+  EXPECT_EQ(RunRights(console_, options), 0);
+  EXPECT_EQ(RunRights(console_, {.login = "account"}), 0);
+  EXPECT_EQ(RunSettings(console_, options), 0);
+  EXPECT_EQ(RunList(console_, options, {.where = {"金额 大于 100"}}), 0);
+  EXPECT_EQ(RunFilter(console_, options, {}, nobody, false), 0);
+  const std::string paper = Paper();
+  EXPECT_EQ(paper.find("failed: "), std::string::npos) << paper;
 }
 
-TEST(Commands, AFailureIsShownWithTheDatabasesOwnWords) {
-  const std::string paper = PaperOf([&](Console& console) {
-    DemoSession session(console, false);
-    session.Switch("main");
-    session.LogIn();
-    session.Run([&] {
-      EXPECT_FALSE(session.entry().Activity()->TableNameExists(u"Nowhere"));
-      EXPECT_EQ(session.entry().Activity()->GetNewID(u"Nowhere"), 0);
-    });
+TEST_F(Commands, AFailureIsShownWithTheDatabasesOwnWords) {
+  session_.Run([&] {
+    EXPECT_FALSE(session_.entry().Activity()->TableNameExists(u"Nowhere"));
+    EXPECT_EQ(session_.entry().Activity()->GetNewID(u"Nowhere"), 0);
   });
+  const std::string paper = Paper();
   EXPECT_NE(paper.find("failed: OpenRecordset: The database refused the statement. There is no "
                        "sequence"),
             std::string::npos)
@@ -104,9 +84,9 @@ TEST(Commands, AFailureIsShownWithTheDatabasesOwnWords) {
   EXPECT_NE(paper.find("2 failures"), std::string::npos) << "the refusal, and the member's own";
 }
 
-TEST(Commands, ALoginThatDoesNotComeInIsSaidInWords) {
-  const std::string paper =
-      PaperOf([&](Console& console) { EXPECT_EQ(RunLogin(console, {.login = "inactive"}), 1); });
+TEST_F(Commands, ALoginThatDoesNotComeInIsSaidInWords) {
+  EXPECT_EQ(RunLogin(console_, {.login = "inactive"}), 1);
+  const std::string paper = Paper();
   for (const char* said : {"The login is partial", "organization: no row", "--login NAME"})
     EXPECT_NE(paper.find(said), std::string::npos) << said;
   for (const char* unsaid : {"LoginOrganization:", " · "})

@@ -34,20 +34,6 @@ TEST_F(SavedLists, OneConditionOfEachKindInTheListsOrder) {
       "往来单位/单位类型= ");
 }
 
-TEST_F(SavedLists, NothingIsLostOverLoadSaveLoad) {
-  for (const std::int32_t view : {101, 102}) {
-    SCOPED_TRACE(view);
-    session_.LogInAfresh();
-    const ListType before = Load(view);
-    const std::int64_t rows = Rows();
-    EXPECT_GT(rows, 0);
-    set().SaveList();
-    session_.LogInAfresh();
-    EXPECT_TRUE(Settings(Load(view)) == Settings(before));
-    EXPECT_EQ(Rows(), rows);
-  }
-}
-
 TEST_F(SavedLists, NewListIsSavedAndFoundAgain) {
   session_.Switch("leaf");  // nobody has saved a list here
   session_.LogIn();
@@ -70,25 +56,6 @@ TEST_F(SavedLists, NewListIsSavedAndFoundAgain) {
   EXPECT_EQ(again.lngListID, id);
   EXPECT_EQ(ToUtf8(set().ListPureWhere()),
             "(Voucher.lngVoucherNO > 2 And Voucher.lngVoucherNO < 40)");
-}
-
-TEST_F(SavedLists, RefusedBlockLeavesTheStoredConditions) {
-  const ListType before = Load(101);
-  // An apostrophe; a word that nobody knows.
-  for (const auto& [member, text] :
-       {std::pair(&ListFieldType::strExtValue, u"it's"), {&ListFieldType::strFilter, u"大约 5"}}) {
-    ListType list = before;
-    for (ListFieldType& field : list.ListField)
-      if (field.strFieldType == u"STRING" && !field.strFilter.empty()) field.*member = text;
-    ASSERT_FALSE(list == before);
-    set().List(list);
-    session_.Count([&] { set().SaveList(); });
-    const StatementReport& block = session_.reports().back();
-    EXPECT_FALSE(block.answered);
-    EXPECT_TRUE(block.sql.starts_with(u"Begin "));
-    EXPECT_NE(block.error, u"");
-    EXPECT_TRUE(Settings(Load(101)) == Settings(before));
-  }
 }
 
 }  // namespace
