@@ -114,13 +114,25 @@ std::size_t WindowsPlatform::AnsiLength(TextView text) const {
                           static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr));
 }
 
-std::uint16_t WindowsPlatform::AnsiCode(char16_t unit) const {
+namespace {
+
+std::uint16_t CodeIn(UINT codePage, char16_t unit) {
   const auto wide = static_cast<wchar_t>(unit);
   unsigned char bytes[8] = {};
-  const int length = WideCharToMultiByte(CP_ACP, 0, &wide, 1, reinterpret_cast<char*>(bytes),
+  const int length = WideCharToMultiByte(codePage, 0, &wide, 1, reinterpret_cast<char*>(bytes),
                                          sizeof bytes, nullptr, nullptr);
   if (length == 1) return bytes[0];
   return static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
+}
+
+}  // namespace
+
+std::uint16_t WindowsPlatform::AnsiCode(char16_t unit) const {
+  return CodeIn(CP_ACP, unit);
+}
+
+std::uint16_t WindowsPlatform::GbkCode(char16_t unit) const {
+  return CodeIn(936, unit);
 }
 
 std::optional<char16_t> WindowsPlatform::AnsiCharacter(std::uint16_t code) const {

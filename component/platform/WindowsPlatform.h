@@ -36,6 +36,7 @@ class WindowsPlatform : public Platform {
   std::size_t AnsiLength(TextView text) const override;
   std::uint16_t AnsiCode(char16_t unit) const override;
   std::optional<char16_t> AnsiCharacter(std::uint16_t code) const override;
+  std::uint16_t GbkCode(char16_t unit) const override;
 
   // The forms of CommonDates.h, which must not depend on a user's settings, then whatever the
   // user's locale accepts.

@@ -29,6 +29,10 @@ class Platform {
   // The character with that code; nothing when no character has it.
   virtual std::optional<char16_t> AnsiCharacter(std::uint16_t code) const = 0;
 
+  // The unit's code in code page 936 (GBK), whatever the system's own code page is: one byte, or
+  // two with the lead byte in front. That of "?" for what code page 936 lacks.
+  virtual std::uint16_t GbkCode(char16_t unit) const = 0;
+
   // The date that a text stands for, in the forms that the system's locale accepts; nothing when
   // it is no date. "yyyy-MM-dd" is always accepted.
   virtual std::optional<Date> ParseDate(TextView text) const = 0;

@@ -23,6 +23,10 @@ std::optional<char16_t> PortablePlatform::AnsiCharacter(std::uint16_t code) cons
   return CodePageCharacter(code);
 }
 
+std::uint16_t PortablePlatform::GbkCode(char16_t unit) const {
+  return CodePageCode(unit);
+}
+
 std::optional<Date> PortablePlatform::ParseDate(TextView text) const {
   return ParseCommonDate(text);
 }

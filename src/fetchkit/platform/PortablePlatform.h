@@ -33,6 +33,7 @@ class PortablePlatform : public Platform {
   std::size_t AnsiLength(TextView text) const override;
   std::uint16_t AnsiCode(char16_t unit) const override;
   std::optional<char16_t> AnsiCharacter(std::uint16_t code) const override;
+  std::uint16_t GbkCode(char16_t unit) const override;
 
   // The forms of CommonDates.h.
   std::optional<Date> ParseDate(TextView text) const override;

@@ -1,0 +1,61 @@
+// Searching the texts of a list for what a user types, by the Pinyin initials of their characters
+// as well.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "fetchkit/base/Text.h"
+
+namespace fetchkit {
+
+// How a text is found, the better the greater.
+enum class SearchRank { None, Inside, Begins };
+
+// What was typed, made ready once to be looked for in many texts; a look allocates nothing.
+//
+// A text is found where it contains what was typed, unit by unit without regard to the case of
+// ASCII letters and to full or half width, or where its initials do: "银行存款" by "yhck" and by
+// "hck", "A类客户" by "alkh". A character of several readings counts with the initial of each:
+// "会计" is found by "kj" and by "hj". What has no initial stands for itself, but blanks and
+// punctuation marks may be left out beside a character that its initial stands for:
+// "工商银行（北京）" is found by "gsyhbj", "100 2" is not found by "1002".
+//
+// Kept by the form that searches: the initials are read from the installed platform at the first
+// letter that is searched for and then stay with the object. Not to be shared by threads.
+class ListSearch {
+ public:
+  // Looks for this from now on, without the blanks around it. Nothing typed is found in every text,
+  // at its beginning.
+  void SearchFor(TextView typed);
+
+  bool NothingTyped() const { return typed_.empty(); }
+
+  // Whether the text is found, and whether at its beginning: Rank in two words.
+  bool Matches(TextView text) const { return Rank(text) != SearchRank::None; }
+  bool Begins(TextView text) const;
+  SearchRank Rank(TextView text) const;
+
+  // The entry to go to of count ones, from 0: the first that begins with what was typed, else the
+  // first that is found, -1 for none. rankOf(entry) is its Rank, of several texts the greatest.
+  template <class RankOf>
+  static int FirstFound(int count, RankOf rankOf) {
+    int inside = -1;
+    for (int entry = 0; entry < count; ++entry) {
+      const SearchRank rank = rankOf(entry);
+      if (rank == SearchRank::Begins) return entry;
+      if (rank == SearchRank::Inside && inside < 0) inside = entry;
+    }
+    return inside;
+  }
+
+ private:
+  bool FoundAt(TextView text, std::size_t at) const;
+
+  Text typed_;
+  // By unit from the first one with a reading on; bit n is the initial 'A' + n. Empty until a
+  // letter is searched for.
+  std::vector<std::uint32_t> initials_;
+};
+
+}  // namespace fetchkit
