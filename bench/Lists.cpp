@@ -1,13 +1,16 @@
 #include <unicode/regex.h>
+#include <unicode/translit.h>
 
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <unordered_map>
 
 #include "Pairs.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/session/model/Session.h"
+#include "fetchkit/utility/ListSearch.h"
 
 namespace fetchkit::bench {
 namespace {
@@ -165,6 +168,46 @@ Text IdsByPrefixTests(std::size_t rows) {
   return ids;
 }
 
+// A list of codes with names, of characters that are read in one way.
+std::vector<Text> CodesAndNames(std::size_t count) {
+  constexpr TextView kWords[] = {u"客户", u"银川", u"科技", u"贸易", u"公司",
+                                 u"粮油", u"电力", u"苏州", u"青岛", u"服装"};
+  std::vector<Text> list;
+  for (std::size_t i = 0; i < count; ++i)
+    list.push_back(Join(100000 + i, u" ", kWords[i % 10], kWords[i / 10 % 10], kWords[i / 100 % 10],
+                        kWords[i / 1000 % 10]));
+  return list;
+}
+
+std::size_t CountFound(const std::vector<Text>& list, TextView typed) {
+  ListSearch search;
+  search.SearchFor(typed);
+  std::size_t found = 0;
+  for (const Text& text : list)
+    found += search.Matches(text) ? 1 : 0;
+  return found;
+}
+
+// The initials of each text, made beforehand.
+std::vector<Text> InitialsByIcu(const std::vector<Text>& list) {
+  UErrorCode error = U_ZERO_ERROR;
+  const std::unique_ptr<icu::Transliterator> latin(
+      icu::Transliterator::createInstance("Han-Latin; Latin-ASCII; Lower", UTRANS_FORWARD, error));
+  std::unordered_map<char16_t, char16_t> initials;
+  std::vector<Text> all = list;
+  for (Text& text : all)
+    for (char16_t& unit : text) {
+      const auto [entry, isNew] = initials.try_emplace(unit);
+      if (isNew) {
+        icu::UnicodeString read(unit);
+        latin->transliterate(read);
+        entry->second = read.charAt(0);
+      }
+      unit = entry->second;
+    }
+  return all;
+}
+
 }  // namespace
 
 void RegisterLists() {
@@ -199,6 +242,21 @@ void RegisterLists() {
           return MListSet::FindAllKeyID(session, u"DEPARTMENT", ManyCodes());
         },
         [rows] { return IdsByPrefixTests(rows); });
+
+  const auto list = std::make_shared<std::vector<Text>>(CodesAndNames(100000));
+  const auto initials = std::make_shared<std::vector<Text>>(InitialsByIcu(*list));
+  Pair(
+      "ListSearch, \"kjly\" in 100,000 entries", "std find in both, initials made beforehand",
+      [list] { return CountFound(*list, u"kjly"); },
+      [list, initials] {
+        std::size_t found = 0;
+        for (std::size_t i = 0; i < list->size(); ++i)
+          found +=
+              (*list)[i].find(u"kjly") != Text::npos || (*initials)[i].find(u"kjly") != Text::npos
+                  ? 1
+                  : 0;
+        return found;
+      });
 }
 
 }  // namespace fetchkit::bench

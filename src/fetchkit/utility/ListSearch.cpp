@@ -73,6 +73,12 @@ void ListSearch::SearchFor(TextView typed) {
   typed_ = TrimBlanks(folded);
 }
 
+bool ListSearch::IsInitialOf(char16_t sought, char16_t unit) const {
+  const auto index = static_cast<std::size_t>(unit - kFirst);
+  return IsLetter(sought) && unit >= kFirst && index < initials_.size() &&
+         (initials_[index] >> (sought - u'A') & 1) != 0;
+}
+
 bool ListSearch::FoundAt(TextView text, std::size_t at) const {
   std::size_t found = 0;
   bool byInitial = false;  // how the last unit was found
@@ -80,12 +86,10 @@ bool ListSearch::FoundAt(TextView text, std::size_t at) const {
   for (; found < typed_.size() && at < text.size(); ++at) {
     const char16_t sought = typed_[found];
     const char16_t unit = Folded(text[at]);
-    const auto index = static_cast<std::size_t>(text[at] - kFirst);
     if (unit == sought && !passed) {
       byInitial = false;
       ++found;
-    } else if (IsLetter(sought) && text[at] >= kFirst && index < initials_.size() &&
-               (initials_[index] >> (sought - u'A') & 1) != 0) {
+    } else if (IsInitialOf(sought, text[at])) {
       byInitial = true;
       passed = false;
       ++found;
@@ -104,8 +108,10 @@ bool ListSearch::Begins(TextView text) const {
 
 SearchRank ListSearch::Rank(TextView text) const {
   if (Begins(text)) return SearchRank::Begins;
+  const char16_t first = typed_.front();
   for (std::size_t at = 1; at < text.size(); ++at)
-    if (FoundAt(text, at)) return SearchRank::Inside;
+    if ((Folded(text[at]) == first || IsInitialOf(first, text[at])) && FoundAt(text, at))
+      return SearchRank::Inside;
   return SearchRank::None;
 }
 

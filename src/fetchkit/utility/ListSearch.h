@@ -50,6 +50,7 @@ class ListSearch {
   }
 
  private:
+  bool IsInitialOf(char16_t sought, char16_t unit) const;
   bool FoundAt(TextView text, std::size_t at) const;
 
   Text typed_;
