@@ -14,12 +14,12 @@ enum class SearchRank { None, Inside, Begins };
 
 // What was typed, made ready once to be looked for in many texts; a look allocates nothing.
 //
-// A text is found where it contains what was typed, unit by unit without regard to the case of
-// ASCII letters and to full or half width, or where its initials do: "银行存款" by "yhck" and by
-// "hck", "A类客户" by "alkh". A character of several readings counts with the initial of each:
-// "会计" is found by "kj" and by "hj". What has no initial stands for itself, but blanks and
-// punctuation marks may be left out beside a character that its initial stands for:
-// "工商银行（北京）" is found by "gsyhbj", "100 2" is not found by "1002".
+// A text is found where it contains what was typed, without regard to the case of ASCII letters and
+// to full or half width; a letter also stands for a character that has it as the initial of one of
+// its readings. So "银行存款" is found by "存款", "yhck", "hck" and "银行ck", "会计" by "kj" and
+// "hj", "A类客户" by "alkh". Blanks and punctuation marks may be left out beside a character that
+// is found by its initial: "工商银行（北京）" is found by "gsyhbj", but "100 2" is not by "1002".
+// Characters that code page 936 lacks have no initial; without that code page none has.
 //
 // Kept by the form that searches: the initials are read from the installed platform at the first
 // letter that is searched for and then stay with the object. Not to be shared by threads.
