@@ -1,6 +1,7 @@
 // The type library is what was promised: slots, names, identifiers, types and help strings.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -24,7 +25,7 @@ std::string HelpOf(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
 }
 
 std::string TypeText(ITypeInfo* info, const TYPEDESC& type) {
-  static const std::pair<VARTYPE, const char*> kNames[] = {
+  static const std::map<VARTYPE, const char*> kNames = {
       {VT_I2, "short"},  {VT_I4, "long"},   {VT_R4, "float"},        {VT_R8, "double"},
       {VT_DATE, "DATE"}, {VT_BSTR, "BSTR"}, {VT_BOOL, "BOOL"},       {VT_VARIANT, "VARIANT"},
       {VT_UI1, "byte"},  {VT_VOID, "void"}, {VT_HRESULT, "HRESULT"}, {VT_DISPATCH, "IDispatch*"}};
@@ -35,9 +36,7 @@ std::string TypeText(ITypeInfo* info, const TYPEDESC& type) {
     if (FAILED(info->GetRefTypeInfo(type.hreftype, referred.Out()))) return "?";
     return NameOf(referred.get());
   }
-  for (const auto& [known, name] : kNames)
-    if (known == type.vt) return name;
-  return "VARTYPE " + std::to_string(type.vt);
+  return kNames.at(type.vt);
 }
 
 void WriteFunction(std::ostream& out, ITypeInfo* info, const FUNCDESC& function) {

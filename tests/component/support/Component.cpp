@@ -31,18 +31,15 @@ Answer WideRow() {
       {u"strFieldType", u"STRING"},     {u"intYear", 2004},
       {u"Dtmdate1", NullValue()},       {u"Dtmdate2", NullValue()}};
   std::int32_t number = 0;
-  for (std::size_t at = 0; at < kColumns.size();) {
-    const std::size_t end = std::min(kColumns.find(u',', at), kColumns.size());
-    const Text name(kColumns.substr(at, end - at));
-    at = end + 1;
+  for (const TextView name : Split(kColumns, u",")) {
     Value value = ++number;
-    if (const auto other = others.find(name); other != others.end())
+    if (const auto other = others.find(Text(name)); other != others.end())
       value = other->second;
     else if (name.starts_with(u"bln") || name.starts_with(u"Bln"))
       value = std::int32_t{1};
     else if (name[0] == u's' || name[0] == u'S' || name[0] == u'a')
       value = Text(u"值").append(name);
-    answer.columns.push_back(name);
+    answer.columns.emplace_back(name);
     answer.rows[0].push_back(std::move(value));
   }
   return answer;
