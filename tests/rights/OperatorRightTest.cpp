@@ -108,6 +108,10 @@ TEST_F(OperatorRights, RightsThatCannotBeReadCountAsReadAndNone) {
     EXPECT_FALSE(rights.UserRight(u"12"));
   }
   EXPECT_FALSE(OperatorRight().UserRight(u""));
+  const RecordingSink sink;
+  host_->unsaid = true;
+  EXPECT_FALSE(Fresh().UserRight(u"12"));
+  EXPECT_EQ(sink.failures.size(), 1u) << "nobody said whether there is a row";
 }
 
 TEST_F(OperatorRights, AllCodesRights) {

@@ -66,7 +66,11 @@ TEST_F(OrganizationRights, AnswersOfOneStatement) {
 }
 
 // That faults open nothing is tried by the demo host's tests with every operation.
-TEST_F(OrganizationRights, ALoginOrganizationWithoutARowOpensNothing) {
+TEST_F(OrganizationRights, NothingOpensWithoutARowOrWhenNobodySaysWhetherThereIsOne) {
+  host_->unsaid = true;
+  host_->On(kAllotted, Codes({}));
+  EXPECT_EQ(AllAnswers(), kNothing);
+  host_->unsaid = false;
   organization_->OrganizationID(0);
   EXPECT_EQ(AllAnswers(), kNothing);
   organization_.reset();

@@ -71,6 +71,7 @@ TEST_F(WindowServices, TopMostWindowStepsAsideForAMessageBox) {
       {"IsWindow must answer 1 here", kWindow, {2, 0, 8, {}}, false, 0},
       {"the process is not asked for", kWindow, {1, 0, 8, {}, 200}, true, kWindow},
       {"foreground, set", 0, {1, 0, 8, {}}, true, kOther},
+      {"foreground, not set", 0, {1, 0, 0, {}}, false, 0},
       {"another process's", 0, {1, 0, 8, {}, 200}, false, 0},
       {"IsWindow must answer 1 for the message box alone", 0, {2, 0, 8, {}}, true, 0},
   }
