@@ -116,10 +116,10 @@ bool FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second, LRESULT& r
 }
 
 void FormWindow::OnLayout() {
-  const bool before = std::exchange(refreshing_, true);
-  for (const auto& [id, control] : controls_)
-    control->OnLayout();
-  refreshing_ = before;
+  Quietly([this] {
+    for (const auto& [id, control] : controls_)
+      control->OnLayout();
+  });
 }
 
 // Models that a handler has changed are drawn once, however often they changed.

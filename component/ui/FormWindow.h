@@ -5,6 +5,7 @@
 #include <memory>
 #include <set>
 #include <span>
+#include <utility>
 
 #include "component/ui/Dialog.h"
 #include "fetchkit/base/Guard.h"
@@ -60,6 +61,13 @@ class FormWindow : public Dialog, private FormObserver {
   void Act(Body&& body) {
     Step(u"dialog", body);
     Step(u"dialog", [this] { OnHandled(); });
+  }
+  // What the windows tell meanwhile is the program's own doing.
+  template <class Body>
+  void Quietly(Body&& body) {
+    const bool before = std::exchange(refreshing_, true);
+    body();
+    refreshing_ = before;
   }
   Control* ModelOf(HWND window) const;
   using Dialog::Pixels;

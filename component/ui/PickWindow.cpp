@@ -1,6 +1,7 @@
 #include "component/ui/PickWindow.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "component/ui/WindowTexts.h"
@@ -72,9 +73,19 @@ void PickWindow::Refresh() {
     loaded_ = pick_.ListVersion();
     MeasureColumns();
   }
-  if (SendMessageW(window(), CB_GETCURSEL, 0, 0) != pick_.ListIndex())
-    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(pick_.ListIndex()), 0);
+  if (IsListShown() != pick_.IsOpen()) ShowList(pick_.IsOpen());
+  const int row = pick_.IsOpen() ? pick_.Highlight() : pick_.ListIndex();
+  if (SendMessageW(window(), CB_GETCURSEL, 0, 0) != row)
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(row), 0);
   InvalidateRect(window(), nullptr, TRUE);
+}
+
+bool PickWindow::IsListShown() const {
+  return SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+void PickWindow::ShowList(bool open) {
+  SendMessageW(window(), CB_SHOWDROPDOWN, open ? TRUE : FALSE, 0);
 }
 
 void PickWindow::OnDraw(const DRAWITEMSTRUCT& drawing) {
@@ -104,63 +115,94 @@ void PickWindow::OnDraw(const DRAWITEMSTRUCT& drawing) {
 
 void PickWindow::OnCommand(int code) {
   switch (code) {
-    case CBN_DROPDOWN:
-      isOpen_ = true;
+    case CBN_DROPDOWN: {
+      pick_.UserOpened();
+      COMBOBOXINFO parts{};
+      parts.cbSize = sizeof parts;
+      RECT list{};
+      const auto height = SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0);
+      if (GetComboBoxInfo(window(), &parts) && GetClientRect(parts.hwndList, &list) && height > 0)
+        pick_.pageRows = std::max(1, static_cast<int>(list.bottom / height) - 1);
       break;
+    }
     case CBN_CLOSEUP:
-      isOpen_ = false;
+      pick_.UserClosed();
       break;
     case CBN_SELENDOK:
-      PickLater();
-      break;
-    case CBN_SELCHANGE:
-      // In the open list only the highlight has moved.
-      if (!isOpen_) PickLater();
-      break;
-    case CBN_SELENDCANCEL:
-      SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(pick_.ListIndex()), 0);
+      // In the midst of closing its list, which is no time to open another dialog.
+      picked_ = static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0));
+      form_.PostLater(*this);
       break;
     default:
       break;
   }
 }
 
-// The system tells of one choice in several ways, and in the midst of closing its list, which is no
-// time to open another dialog.
-void PickWindow::PickLater() {
-  if (std::exchange(pickPosted_, true)) return;
-  form_.PostLater(*this);
-}
-
 void PickWindow::OnLater() {
-  pickPosted_ = false;
-  const auto row = static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0));
-  if (row >= 0) pick_.UserPicked(row);
-  // A choice that the form has not taken over leaves the list where the model is.
-  SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(pick_.ListIndex()), 0);
-  InvalidateRect(window(), nullptr, TRUE);
+  if (const int row = std::exchange(picked_, -1); row >= 0) pick_.UserPicked(row);
 }
 
 LRESULT CALLBACK PickWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
                                       UINT_PTR, DWORD_PTR selfPointer) {
-  if (message == WM_CHAR && first >= L' ') {
-    reinterpret_cast<PickWindow*>(selfPointer)->Typed(static_cast<wchar_t>(first));
-    return 0;
+  auto* self = reinterpret_cast<PickWindow*>(selfPointer);
+  const bool open = self->pick_.IsOpen();
+  switch (message) {
+    case WM_GETDLGCODE:
+      // Of a key that the open list is to have, the dialog must keep its hands.
+      if (open && second != 0) {
+        const auto& key = *reinterpret_cast<const MSG*>(second);
+        if (key.message == WM_KEYDOWN &&
+            (key.wParam == VK_TAB || key.wParam == VK_RETURN || key.wParam == VK_ESCAPE))
+          return DLGC_WANTMESSAGE;
+      }
+      break;
+    case WM_KEYDOWN:
+      if (self->Pressed(first)) return 0;
+      break;
+    case WM_CHAR:
+      // The characters of keys that went to the list are no letters.
+      if (first >= L' ') self->Typed(static_cast<wchar_t>(first));
+      return 0;
+    case WM_MOUSEWHEEL:
+      if (!open) return 0;
+      break;
+    default:
+      break;
   }
   return DefSubclassProc(window, message, first, second);
 }
 
-// Letters that follow each other within a second look for one beginning; the list is opened to
-// show where that leads.
+bool PickWindow::Pressed(WPARAM key) {
+  using Key = PickCombo::Key;
+  static constexpr std::pair<WPARAM, Key> kKeys[] = {
+      {VK_UP, Key::Up},        {VK_DOWN, Key::Down},     {VK_LEFT, Key::Left},
+      {VK_RIGHT, Key::Right},  {VK_HOME, Key::Home},     {VK_END, Key::End},
+      {VK_PRIOR, Key::PageUp}, {VK_NEXT, Key::PageDown}, {VK_RETURN, Key::Enter},
+      {VK_TAB, Key::Tab},      {VK_ESCAPE, Key::Escape},
+  };
+  const auto* known = std::find_if(std::begin(kKeys), std::end(kKeys),
+                                   [key](const auto& each) { return each.first == key; });
+  if (known == std::end(kKeys)) return false;
+  const bool back = key == VK_TAB && GetKeyState(VK_SHIFT) < 0;
+  // The pointer may have moved the highlight; the list must be gone before another dialog opens.
+  const bool open = pick_.IsOpen();
+  const auto row = static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0));
+  if (open) pick_.UserPointedAt(row);
+  if (open && (key == VK_RETURN || key == VK_TAB || key == VK_ESCAPE))
+    form_.Quietly([this] { ShowList(false); });
+  bool taken = false;
+  form_.Act([&] { taken = pick_.UserPressed(back ? Key::BackTab : known->second); });
+  return taken;
+}
+
+// Letters that follow each other within a second look for one beginning.
 void PickWindow::Typed(wchar_t letter) {
   constexpr DWORD kPause = 1000;  // milliseconds
   const DWORD now = GetTickCount();
   if (now - typedAt_ > kPause) typed_.clear();
   typedAt_ = now;
   typed_ += static_cast<char16_t>(letter);
-  if (!isOpen_) SendMessageW(window(), CB_SHOWDROPDOWN, TRUE, 0);
-  if (const int row = pick_.UserTyped(typed_); row >= 0)
-    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  form_.Act([&] { pick_.UserTyped(typed_); });
 }
 
 }  // namespace fetchkit::ui

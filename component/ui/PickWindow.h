@@ -22,7 +22,10 @@ class PickWindow : public ControlWindow {
  private:
   static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
                                    UINT_PTR id, DWORD_PTR self);
+  bool Pressed(WPARAM key);
   void Typed(wchar_t letter);
+  bool IsListShown() const;
+  void ShowList(bool open);
   void MeasureColumns();
   void PickLater();
 
@@ -30,8 +33,7 @@ class PickWindow : public ControlWindow {
   PickCombo& pick_;
   int loaded_ = -1;                // the version of the list that the system has
   std::vector<int> columnWidths_;  // of the shown columns, in pixels
-  bool isOpen_ = false;
-  bool pickPosted_ = false;
+  int picked_ = -1;                // the row of a choice that has been posted
   Text typed_;
   DWORD typedAt_ = 0;
 };

@@ -151,6 +151,45 @@ node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9
   }
 }
 
+// The picker's keys: shown is "open"'s highlight, or "closed" with the focus that is wanted.
+TEST_F(FilterDialog, ThePickerCommitsOnPurposeOnly) {
+  for (const char* type : {"名&称", "停用", "期间", "人员", "状态"}) {
+    EXPECT_FALSE(Show(std::string("node ") + type + "; keys left right home end pgup pgdn",
+                      [](frmFilter& form) {
+                        EXPECT_FALSE(form.lxtOther.IsOpen());
+                        Play(form, "keys down down down up esc");
+                        EXPECT_FALSE(form.lxtOther.IsOpen());
+                        EXPECT_EQ(form.msgFilter.Rows(), 1);
+                        EXPECT_FALSE(form.lxtOther.UserPressed(PickCombo::Key::Enter));
+                        EXPECT_EQ(form.lxtOther.ListIndex(), 0);
+                      }))
+        << type;
+  }
+  list_.ListField[7].strFilter = u"张三 李四";
+  list_.ListField[7].strExtValue = u"1,1,12";
+  for (const auto& [acts, highlight, focus] : Lines<3>(R"(
+node 数量; keys down¦0¦
+node 数量; keys up down¦1¦
+node 数量; keys down end up¦7¦
+node 数量; keys down pgdn pgup down¦1¦
+node 数量; keys down up right¦0¦
+node 数量; keys 介¦8¦
+node 数量; keys 介 无¦8¦
+node 数量; keys 零 enter¦closed¦
+node 数量; keys 零 tab¦closed¦cmdOk
+node 数量; keys 零 back¦closed¦msgFilter
+node 人员; keys down¦4¦
+node 人员; keys 02 back; keys up¦2¦msgFilter)")) {
+    SCOPED_TRACE(acts);
+    EXPECT_FALSE(Show(acts, [&](frmFilter& form) {
+      const PickCombo& picker = form.lxtOther;
+      EXPECT_EQ(picker.IsOpen() ? std::to_string(picker.Highlight()) : "closed", highlight);
+      const Control* wish = form.TakeFocusWish();
+      EXPECT_EQ(wish == nullptr ? "" : ToUtf8(wish->Name()), focus);
+    }));
+  }
+}
+
 TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
   list_.ListField[1].strFilter = u"等于 1";
   list_.ListField[1].strExtValue = u"1";

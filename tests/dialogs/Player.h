@@ -59,7 +59,8 @@ inline int Find(const ListBox& list, TextView text) {
   return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
 }
 
-// Acts stand between ";": "node CAPTION", "pick TEXT", "from TEXT" and "to TEXT" (typed), "leave
+// Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
+// picker, "up" to "esc", other words are typed), "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "delete CAPTION",
 // "clear", "ok", "cancel", "close". A form that is still open at the end is
 // left open; a dialog's caller must take that for Cancel.
@@ -76,6 +77,21 @@ inline void Play(frmFilter& form, std::string_view script) {
   };
   acts["pick"] = [&](TextView text) {
     picker.UserPicked(Find(picker.ListCount(), text, [&](int row) { return picker.RowText(row); }));
+  };
+  acts["keys"] = [&](TextView names) {
+    using Key = PickCombo::Key;
+    static const std::map<TextView, Key> kKeys = {
+        {u"up", Key::Up},       {u"down", Key::Down},     {u"left", Key::Left},
+        {u"right", Key::Right}, {u"home", Key::Home},     {u"end", Key::End},
+        {u"pgup", Key::PageUp}, {u"pgdn", Key::PageDown}, {u"enter", Key::Enter},
+        {u"tab", Key::Tab},     {u"back", Key::BackTab},  {u"esc", Key::Escape}};
+    for (const TextView name : Split(names, u" ")) {
+      const auto key = kKeys.find(name);
+      if (key != kKeys.end())
+        picker.UserPressed(key->second);
+      else
+        picker.UserTyped(name);
+    }
   };
   acts["from"] = [&](TextView text) { form.txtFrom.UserTyped(text); };
   acts["to"] = [&](TextView text) { form.txtTo.UserTyped(text); };

@@ -18,11 +18,13 @@ namespace fetchkit {
 class Frame : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return false; }
 };
 
 class Label : public Control {
  public:
   using Control::Control;
+  bool TakesFocus() const override { return false; }
 
   // Whether an "&" in the caption marks an access key; otherwise it is shown.
   bool UseMnemonic() const { return useMnemonic_; }

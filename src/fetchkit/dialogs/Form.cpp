@@ -1,5 +1,6 @@
 #include "fetchkit/dialogs/Form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "fetchkit/base/Guard.h"
@@ -27,6 +28,18 @@ void Form::RefuseSilently(TextView warning) const {
 void Control::SetFocus() {
   form_.focusWish_ = this;
   if (form_.observer_ != nullptr) form_.observer_->FocusWanted(*this);
+}
+
+void Control::MoveFocusOn(bool back) {
+  if (!form_.open_ || (form_.focusWish_ != nullptr && !back)) return;
+  const auto& controls = form_.controls_;
+  const std::size_t count = controls.size();
+  const auto self = std::find(controls.begin(), controls.end(), this) - controls.begin();
+  for (std::size_t step = 1; step < count; ++step) {
+    const std::size_t at = static_cast<std::size_t>(self) + (back ? count - step : step);
+    Control& next = *controls[at % count];
+    if (next.TakesFocus() && next.visible_ && next.enabled_) return next.SetFocus();
+  }
 }
 
 void Control::Changed() {

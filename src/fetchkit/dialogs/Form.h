@@ -117,8 +117,16 @@ class Control {
 
   void SetFocus();
 
+  // Whether the Tab key stops here when it is visible and enabled.
+  virtual bool TakesFocus() const { return true; }
+
  protected:
   void Changed();
+
+  // The user goes on to the control behind this one, or back to the one in front of it. A wish that
+  // stands already is where going on leads.
+  void MoveFocusOn(bool back);
+  void DropFocusWish() { form_.DropFocusWish(); }
 
   // Whether the user can act on it; acts on other controls, and on a form that has closed, are
   // ignored.

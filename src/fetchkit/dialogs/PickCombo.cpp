@@ -51,6 +51,8 @@ void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
   indexes_.clear();
   text_.clear();
   index_ = -1;
+  opensAt_ = -1;
+  open_ = false;
   Changed();
 }
 
@@ -88,15 +90,95 @@ int PickCombo::FindTyped(TextView typed) const {
   return -1;
 }
 
+// ---- acts of the user
+
+void PickCombo::Open() {
+  if (open_) return;
+  open_ = true;
+  highlight_ = index_ >= 0 ? index_ : std::min(opensAt_, ListCount() - 1);
+  Changed();
+}
+
+void PickCombo::Close() {
+  if (!open_) return;
+  open_ = false;
+  Changed();
+}
+
+void PickCombo::MoveHighlight(Key key) {
+  const int last = ListCount() - 1;
+  int row = highlight_;
+  switch (key) {
+    case Key::Up:
+      row = row < 0 ? last : row - 1;
+      break;
+    case Key::Down:
+      ++row;
+      break;
+    case Key::PageUp:
+      row -= pageRows;
+      break;
+    case Key::PageDown:
+      row += pageRows;
+      break;
+    case Key::Home:
+      row = 0;
+      break;
+    case Key::End:
+      row = last;
+      break;
+    default:
+      return;
+  }
+  if (last >= 0) Set(highlight_, std::clamp(row, 0, last));
+}
+
 void PickCombo::UserPicked(int row) {
   if (!TakesActs() || row < 0 || row >= ListCount()) return;
+  Close();
   text_ = RowText(row);
   index_ = row;
   if (OnPick) OnPick(row);
 }
 
-int PickCombo::UserTyped(TextView typed) const {
-  return TakesActs() ? FindTyped(typed) : -1;
+void PickCombo::UserOpened() {
+  if (TakesActs()) Open();
+}
+
+void PickCombo::UserClosed() {
+  if (TakesActs()) Close();
+}
+
+void PickCombo::UserPointedAt(int row) {
+  if (TakesActs() && open_ && row >= 0 && row < ListCount()) Set(highlight_, row);
+}
+
+bool PickCombo::UserPressed(Key key) {
+  if (!TakesActs()) return false;
+  const bool ends =
+      key == Key::Enter || key == Key::Tab || key == Key::BackTab || key == Key::Escape;
+  if (!open_) {
+    if (key == Key::Up || key == Key::Down) Open();
+    return !ends;
+  }
+  if (!ends) {
+    MoveHighlight(key);
+    return true;
+  }
+  Close();
+  if (key == Key::Escape) return true;
+  DropFocusWish();
+  UserPicked(highlight_);
+  if (key != Key::Enter) MoveFocusOn(key == Key::BackTab);
+  return true;
+}
+
+int PickCombo::UserTyped(TextView typed) {
+  if (!TakesActs()) return -1;
+  const int row = FindTyped(typed);
+  Open();
+  UserPointedAt(row);
+  return row;
 }
 
 }  // namespace fetchkit

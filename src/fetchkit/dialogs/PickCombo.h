@@ -54,12 +54,50 @@ class PickCombo : public Control {
   // sorts it.
   int FindTyped(TextView typed) const;
 
-  // A row is chosen from the list, by mouse or key; also when it is the one that was shown.
+  // The list is open in front of the user, its highlight on a row; moving that chooses nothing.
+  bool IsOpen() const { return open_; }
+  int Highlight() const { return highlight_; }
+
+  // Where the highlight begins when what is shown is none of the rows: -1, for a new list too, for
+  // nowhere.
+  void OpensAt(int row) { opensAt_ = row; }
+
+  // Rows that the view shows at once, the step of the keys for a page.
+  int pageRows = 10;
+
+  // A row is chosen from the list by mouse; also when it is the one that was shown.
   void UserPicked(int row);
 
-  // Letters typed to find a row: answers FindTyped's row, for the view to highlight in its list.
-  // Nothing is chosen yet: Enter in the list is UserPicked of the highlighted row.
-  int UserTyped(TextView typed) const;
+  // The list is opened, or closed without a choice, by mouse or by the system's own keys.
+  void UserOpened();
+  void UserClosed();
+
+  // The pointer moves the highlight of the open list.
+  void UserPointedAt(int row);
+
+  enum class Key {
+    Up,
+    Down,
+    Left,
+    Right,
+    Home,
+    End,
+    PageUp,
+    PageDown,
+    Enter,
+    Tab,
+    BackTab,
+    Escape
+  };
+
+  // In the closed picker Down and Up open the list and the others do nothing; in the open one they
+  // move the highlight, Enter chooses, Tab chooses and moves the focus on, Escape takes nothing.
+  // False for a key that is the dialog's own: Enter, Tab and Escape while the list is closed.
+  bool UserPressed(Key key);
+
+  // Letters typed to find a row: opens the list with the highlight on FindTyped's row, which is
+  // answered, too.
+  int UserTyped(TextView typed);
 
   std::function<void(int row)> OnPick;
 
@@ -72,6 +110,13 @@ class PickCombo : public Control {
   int version_ = 0;
   fetchkit::Text text_;
   int index_ = -1;
+  bool open_ = false;
+  int highlight_ = -1;
+  int opensAt_ = -1;
+
+  void Open();
+  void Close();
+  void MoveHighlight(Key key);
 
   // What a search looks at: texts in upper case with their rows, sorted. The first index holds the
   // rows as shown, which begin with their first column, the others the further columns.

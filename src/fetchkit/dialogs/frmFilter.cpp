@@ -239,6 +239,8 @@ void frmFilter::ShowCondition() {
         break;
       }
       const Choice choice = ReadChoice(value);
+      // Not at "所有", where one key would take the condition away.
+      lxtOther.OpensAt(lxtOther.ListCount() - 1);
       lxtOther.Show(Text(text), choice.IsSeveral()
                                     ? -1
                                     : RowOfId(lxtOther, ReplaceText(choice.items, u"'", u"")));
