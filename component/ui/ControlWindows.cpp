@@ -1,5 +1,8 @@
 #include "component/ui/ControlWindows.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "component/ui/WindowTexts.h"
 
 namespace fetchkit::ui {
@@ -31,7 +34,7 @@ void ButtonWindow::OnCommand(int code) {
 }
 
 TextBoxWindow::TextBoxWindow(FormWindow& form, TextBox& model, HWND window)
-    : ControlWindow(model, window), form_(form), box_(model) {
+    : ControlWindow(model, window), form_(form), box_(model), tip_(window) {
   SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -42,6 +45,28 @@ TextBoxWindow::~TextBoxWindow() {
 void TextBoxWindow::Refresh() {
   ControlWindow::Refresh();
   SetTextOf(window(), box_.Text());
+  tip_.SetText(box_.Mark());
+  if (std::exchange(isMarked_, !box_.Mark().empty()) != isMarked_)
+    RedrawWindow(window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+}
+
+// Over the box's own border.
+void TextBoxWindow::DrawMark() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  const bool isHigh = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+                      (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+  RECT frame{};
+  GetWindowRect(window(), &frame);
+  OffsetRect(&frame, -frame.left, -frame.top);
+  const HBRUSH brush = CreateSolidBrush(isHigh ? GetSysColor(COLOR_HIGHLIGHT) : RGB(192, 0, 0));
+  const HDC device = GetWindowDC(window());
+  for (int line = 0; line < std::max(2, form_.Pixels(2)); ++line) {
+    FrameRect(device, &frame, brush);
+    InflateRect(&frame, -1, -1);
+  }
+  ReleaseDC(window(), device);
+  DeleteObject(brush);
 }
 
 void TextBoxWindow::OnCommand(int code) {
@@ -52,6 +77,7 @@ LRESULT CALLBACK TextBoxWindow::Subclass(HWND window, UINT message, WPARAM first
                                          UINT_PTR, DWORD_PTR selfPointer) {
   auto* self = reinterpret_cast<TextBoxWindow*>(selfPointer);
   const LRESULT result = DefSubclassProc(window, message, first, second);
+  if (self->isMarked_ && (message == WM_NCPAINT || message == WM_PAINT)) self->DrawMark();
   // The notice of the system does not tell where the focus goes. A box that is hidden loses it by
   // the program's doing.
   if (message == WM_KILLFOCUS && !self->form_.IsRefreshing() && IsWindowVisible(window)) {

@@ -39,8 +39,12 @@ class TextBoxWindow : public ControlWindow {
  private:
   static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
                                    UINT_PTR id, DWORD_PTR self);
+  void DrawMark();
+
   FormWindow& form_;
   TextBox& box_;
+  ToolTip tip_;
+  bool isMarked_ = false;
 };
 
 class DateWindow : public ControlWindow {

@@ -101,9 +101,12 @@ bool FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second, LRESULT& r
     }
     case kMoveFocus:
       if (const Control* wanted = form_.TakeFocusWish()) {
-        if (const auto found = byModel_.find(wanted); found != byModel_.end())
-          SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(found->second->window()),
-                       TRUE);
+        if (const auto found = byModel_.find(wanted); found != byModel_.end()) {
+          const HWND control = found->second->window();
+          SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+          // The dialog does that only for a box that had not the focus yet.
+          if (dynamic_cast<const TextBox*>(wanted)) SendMessageW(control, EM_SETSEL, 0, -1);
+        }
       }
       return true;
     case kLater:

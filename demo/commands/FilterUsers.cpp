@@ -92,9 +92,9 @@ void ScriptedUser::Pick(frmFilter& form, TextView text) {
 void ScriptedUser::Value(frmFilter& form, TextView value) {
   form.txtFrom.UserTyped(value);
   form.txtFrom.UserLeft();
-  const bool refused = form.TakeFocusWish() == &form.txtFrom;
+  const std::string mark = ToUtf8(form.txtFrom.Mark());
   console_.Line(fmt::format("  types {}{}", ToUtf8(value),
-                            refused ? ": refused, the focus is back in the box" : ""));
+                            mark.empty() ? "" : ": the box is marked, " + mark));
 }
 
 void ScriptedUser::ShowModal(frmFilterColumn& form, const frmFilter&) {
@@ -164,6 +164,7 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
       form.UserPressedEscape();
     } else if (answer->word == "o") {
       form.UserPressedEnter();
+      if (form.IsOpen()) console_.Line("A value is refused; choose its column again.");
     } else if (answer->word == "c") {
       form.cmdOk[2].UserPressed();
     } else if (answer->word == "d" && node >= 0) {
@@ -176,8 +177,6 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
     } else {
       console_.Line("Nothing here goes by that name.");
     }
-    if (Control* focus = form.TakeFocusWish(); form.IsOpen() && focus != nullptr)
-      console_.Line("The value in the box is refused; choose its column again.");
   }
 }
 
@@ -195,6 +194,8 @@ void AskedUser::Edit(frmFilter& form) {
   } else if (form.txtFrom.Visible()) {
     TypeInto(form, form.txtFrom, "Value");
   }
+  for (const TextBox* box : {&form.txtFrom, &form.txtTo})
+    if (!box->Mark().empty()) console_.Line("Refused: " + ToUtf8(box->Mark()));
   if (form.datFrom.Visible()) {
     TypeDate(form.datFrom, "From");
     TypeDate(form.datTo, "To");

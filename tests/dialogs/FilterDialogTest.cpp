@@ -190,7 +190,7 @@ node 人员; keys 02 back; keys up¦2¦msgFilter)")) {
   }
 }
 
-TEST_F(FilterDialog, RefusedValuesStayInTheirBoxWithTheFocus) {
+TEST_F(FilterDialog, ARefusedValueIsMarkedAndTheUserGoesOn) {
   list_.ListField[1].strFilter = u"等于 1";
   list_.ListField[1].strExtValue = u"1";
   const ListType before = list_;
@@ -211,13 +211,17 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
       const TextBox& box = row[1] == "to" ? form.txtTo : form.txtFrom;
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
       EXPECT_NE(box.Text(), u"");
-      EXPECT_EQ(form.TakeFocusWish(), &box);
-      EXPECT_EQ(form.TakeFocusWish(), nullptr);
+      EXPECT_EQ(ToUtf8(box.Mark()), row[2]);
+      EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the focus goes where the user went";
       form.UserPressedEnter();
       EXPECT_TRUE(form.IsOpen()) << "OK does not close over a refused value";
       EXPECT_EQ(form.TakeFocusWish(), &box);
-      Play(form, "node 停用");
+      form.txtFrom.UserTyped(u"5'");
+      EXPECT_EQ(form.txtFrom.Mark() + form.txtTo.Mark(), u"") << "typing takes the mark away";
+      form.UserPressedEnter();
+      Play(form, "node 停用; node 数量");
       EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the user has gone on";
+      EXPECT_EQ(form.txtFrom.Mark() + form.txtTo.Mark(), u"");
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
     }));
     EXPECT_EQ(list_, before);
@@ -231,6 +235,23 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
       form.UserPressedEnter();
       EXPECT_TRUE(form.IsOpen()) << int{unit};
     }));
+  }
+  // Everything answers at once.
+  for (const auto& [acts, isOpen, rows] : Lines<3>(R"(
+cancel¦false¦1
+close¦false¦1
+clear¦true¦0
+clear; ok¦false¦0
+pick 任意; ok¦false¦0
+pick 等于; ok¦true¦1
+enter from¦true¦1
+node 停用; pick 是; ok¦false¦2)")) {
+    SCOPED_TRACE(acts);
+    Show("node 数量; pick 大于; from x; leave from; " + acts, [&](frmFilter& form) {
+      EXPECT_EQ(form.IsOpen(), isOpen == "true");
+      EXPECT_EQ(form.msgFilter.Rows() - 1, std::stoi(rows));
+    });
+    list_ = before;
   }
 }
 

@@ -23,6 +23,7 @@ void CommandButton::UserPressed() {
 void TextBox::UserTyped(TextView text) {
   if (!TakesActs() || text == text_) return;
   text_ = text;
+  Mark({});
   if (OnChange) OnChange();
 }
 

@@ -50,14 +50,21 @@ class TextBox : public Control {
   const fetchkit::Text& Text() const { return text_; }
   void Text(fetchkit::Text text) { Set(text_, std::move(text)); }
 
-  // The whole text of the box after a key or a paste. Not reported as a change of the model.
+  // Why what stands in the box was refused; empty for a box without a mark. A view draws a frame
+  // round a marked box and says the message while the pointer rests on it.
+  const fetchkit::Text& Mark() const { return mark_; }
+  void Mark(fetchkit::Text message) { Set(mark_, std::move(message)); }
+
+  // The whole text of the box after a key or a paste. Not reported as a change of the model. Takes
+  // the mark away.
   void UserTyped(TextView text);
 
   // The focus leaves the box. next: where it goes, null when that is no control of the form. Not
   // to be called when the view itself takes the focus away (a hidden box, a form that closes).
   void UserLeft(const Control* next = nullptr);
 
-  // Enter in the box, for hosts that give that key to the box: it takes the value as leaving does.
+  // Enter in the box, for hosts that give that key to the box: it takes the value as leaving does,
+  // and keeps the focus in the box with a value that is refused.
   // A view whose Enter is the default button's calls Form::UserPressedEnter alone, which also
   // takes the value first.
   void UserPressedEnter();
@@ -68,6 +75,7 @@ class TextBox : public Control {
 
  private:
   fetchkit::Text text_;
+  fetchkit::Text mark_;
 };
 
 // A date, shown as "yyyy-MM-dd".

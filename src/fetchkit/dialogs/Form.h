@@ -53,9 +53,9 @@ class Form {
 
   bool IsOpen() const { return open_; }
 
-  // The control that is to get the focus, or null; the wish is forgotten by asking. A view that
-  // moves the focus later (it must, while a window is losing it) asks then: the form takes a wish
-  // back when the user goes on elsewhere.
+  // The control that is to get the focus, a text box with all of its text selected, or null; the
+  // wish is forgotten by asking. A view that moves the focus later (it must, while a window is
+  // losing it) asks then: the form takes a wish back when the user goes on elsewhere.
   Control* TakeFocusWish();
 
   // Acts of the user that concern the form as a whole.

@@ -83,9 +83,12 @@ frmFilter::frmFilter(Session& session, FormView& view)
   msgFilter.OnDelete = unlessBusy([this] { DeleteRow(); });
   lxtOther.OnPick = unlessBusy([this](int row) { Picked(row); });
   for (TextBox* box : {&txtFrom, &txtTo}) {
-    box->OnChange = unlessBusy([this] { pending_ = true; });
-    box->OnLeave = unlessBusy([this, box](const Control* next) { BoxLeft(*box, next); });
-    box->OnEnter = unlessBusy([this, box] { BoxLeft(*box, nullptr); });
+    box->OnChange = unlessBusy([this] {
+      pending_ = true;
+      Unmark();
+    });
+    box->OnLeave = unlessBusy([this](const Control* next) { BoxLeft(next); });
+    box->OnEnter = unlessBusy([this] { IsRefused(); });
   }
   datFrom.OnChange = datTo.OnChange = unlessBusy([this] { CommitPeriod(Text(kCustomRange)); });
   datDate.OnChange = unlessBusy([this] { WriteRow(datDate.Text(), datDate.Text()); });
@@ -148,7 +151,6 @@ void frmFilter::OpenEditor(const TreeView::Node& node) {
   // What stands in a box when the user goes on is left behind with it; a value that is refused is
   // given up.
   CommitValue();
-  DropFocusWish();
   const Busy busy(busy_);
   if (msgFilter.Rows() >= kFullGrid) {
     RefuseSilently(kFullWarning);
@@ -268,6 +270,7 @@ void frmFilter::ArrangeEditors() {
 }
 
 void frmFilter::EmptyEditors() {
+  Unmark();
   txtFrom.Text(Text());
   txtTo.Text(Text());
   // A date picker always shows a date.
@@ -311,6 +314,7 @@ void frmFilter::Picked(int row) {
   }
   word_ = word;
   pending_ = false;
+  Unmark();
   if (word == words::kAny) {
     RemoveRow();
   } else if (Edits(Editor::YesNo)) {
@@ -360,12 +364,16 @@ void frmFilter::CommitPeriod(const Text& word) {
   WriteRow(word == kCustomRange ? CustomPeriodText(from, to) : word, PairText(from, to));
 }
 
-// Between the two bounds of one value the focus moves freely; they are judged as they stand, but
-// only leaving both of them calls the user back.
-void frmFilter::BoxLeft(TextBox& box, const Control* next) {
-  const TextBox& other = &box == &txtFrom ? txtTo : txtFrom;
-  CommitValue();
-  if (next == &other) DropFocusWish();
+// Between the two bounds of one value the focus moves freely: only leaving both judges them.
+void frmFilter::BoxLeft(const Control* next) {
+  if (next != &txtFrom && next != &txtTo) CommitValue();
+}
+
+// What is refused is asked for again where it stands.
+bool frmFilter::IsRefused() {
+  if (CommitValue() != Commit::Refused) return false;
+  (txtFrom.Mark().empty() ? txtTo : txtFrom).SetFocus();
+  return true;
 }
 
 void frmFilter::DeleteRow() {
@@ -376,7 +384,7 @@ void frmFilter::DeleteRow() {
 }
 
 void frmFilter::Ok() {
-  if (CommitValue() == Commit::Refused) return;
+  if (IsRefused()) return;
   // Into a copy: when it fails half way, the form stays open over the record as it was.
   const bool written = Step(u"frmFilter: OK", [&] {
     ListType record = list_;
@@ -406,32 +414,47 @@ void frmFilter::Clear() {
 
 // ---- rows
 
+// Takes over what stands in the boxes, or marks the box that is at fault.
 frmFilter::Commit frmFilter::CommitValue() {
   if (!pending_ || !EditsValue() || !NeedsValue(word_)) return Commit::Nothing;
-  const bool numbers = Edits(Editor::Numbers);
   const bool between = word_ == words::kBetween;
   const Text& from = txtFrom.Text();
   const Text& to = txtTo.Text();
   if (from.empty() || (between && to.empty())) return Commit::Nothing;
-  const auto refuse = [this](TextBox& box, TextView warning) {
+  TextView warning;
+  if (TextBox* box = RefusedBox(warning)) {
     RefuseSilently(warning);
-    box.SetFocus();
+    box->Mark(Text(warning));
     return Commit::Refused;
-  };
-  const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
-  if (numbers)
-    for (TextBox* box : boxes)
-      if (!IsNum(box->Text())) return refuse(*box, kNumberWarning);
-  for (TextBox* box : boxes)
-    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u""))
-      return refuse(*box, kCharacterWarning);
-  const bool reversed =
-      between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
-  if (reversed) return refuse(txtTo, kOrderWarning);
+  }
   const Text value = between ? PairText(from, to) : from;
   WriteRow(ConditionRowText(word_, value), value);
   pending_ = false;
   return Commit::Written;
+}
+
+TextBox* frmFilter::RefusedBox(TextView& warning) {
+  const bool numbers = Edits(Editor::Numbers);
+  const bool between = word_ == words::kBetween;
+  const Text& from = txtFrom.Text();
+  const Text& to = txtTo.Text();
+  const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
+  warning = kNumberWarning;
+  if (numbers)
+    for (TextBox* box : boxes)
+      if (!IsNum(box->Text())) return box;
+  warning = kCharacterWarning;
+  for (TextBox* box : boxes)
+    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u"")) return box;
+  warning = kOrderWarning;
+  const bool reversed =
+      between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
+  return reversed ? &txtTo : nullptr;
+}
+
+void frmFilter::Unmark() {
+  for (TextBox* box : {&txtFrom, &txtTo})
+    box->Mark({});
 }
 
 void frmFilter::WriteRow(const Text& text, const Text& value) {
