@@ -115,11 +115,14 @@ node 数量; pick 大于; from 1; leave from; pick 任意¦¦¦lxtOther¦
 node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo¦
 node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
 node 数量; pick 大于; leave from¦¦¦lxtOther txtFrom¦
-node 数量; pick 介于; from 1; leave from¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 数量; pick 介于; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
+node 数量; pick 介于; from 1; to 2; leave to; from ; to ; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 大于; from 7; leave from; clear¦¦¦lxtOther¦
 node 数量; pick 大于; from 7; pick 小于; leave from¦数量|小于 7|LONG|7¦Qty < 7¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; node 旧¦数量|大于 7|LONG|7¦Qty > 7¦¦
-node 数量; pick 大于; from 7; leave from; from; leave from¦数量|大于 7|LONG|7¦Qty > 7¦lxtOther txtFrom¦
+node 数量; pick 大于; from 7; leave from; from ¦¦¦lxtOther txtFrom¦
+node 数量; pick 大于; from 7; leave from; pick 小于; from ; pick 等于; leave from¦¦¦lxtOther txtFrom¦
+node 数量; pick 大于; from 7; leave from; pick 介于; leave to¦数量|大于 7|LONG|7¦Qty > 7¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 大于; from x; leave from; from 8¦数量|大于 8|LONG|8¦Qty > 8¦lxtOther txtFrom¦
 node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9,10|LONG|9,10¦(Qty > 9 And Qty < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦)")) {
     SCOPED_TRACE(row[0] + " / " + row[4]);
@@ -198,6 +201,8 @@ TEST_F(FilterDialog, ARefusedValueIsMarkedAndTheUserGoesOn) {
 node 数量; pick 大于; from 12a; leave from¦from¦请输入一个数字！
 node 数量; pick 大于; from  ; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from 1; to --; leave to¦to¦请输入一个数字！
+node 数量; pick 介于; from 1; leave from to to; leave to¦to¦请输入一个数字！
+node 名&称; pick 介于; to b; leave to¦from¦终止值不应大于起始值，请正确输入！
 node 金额; pick 大于; from 1e400; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from -1.1e125; to 1; leave to¦from¦请输入一个数字！
 node 金额; pick 大于; from 1,000; leave from¦from¦输入了非法字符,如:'.
@@ -210,7 +215,7 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
     EXPECT_FALSE(Show(row[0], [&](frmFilter& form) {
       const TextBox& box = row[1] == "to" ? form.txtTo : form.txtFrom;
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
-      EXPECT_NE(box.Text(), u"");
+      EXPECT_NE(form.txtFrom.Text() + form.txtTo.Text(), u"");
       EXPECT_EQ(ToUtf8(box.Mark()), row[2]);
       EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the focus goes where the user went";
       form.UserPressedEnter();
@@ -236,6 +241,9 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
       EXPECT_TRUE(form.IsOpen()) << int{unit};
     }));
   }
+  EXPECT_FALSE(Show("node 数量; pick 介于; from x; leave from to to", [](frmFilter& form) {
+    EXPECT_EQ(form.txtFrom.Mark(), u"") << "one bound alone is not judged";
+  }));
   // Everything answers at once.
   for (const auto& [acts, isOpen, rows] : Lines<3>(R"(
 cancel¦false¦1

@@ -84,7 +84,7 @@ frmFilter::frmFilter(Session& session, FormView& view)
   lxtOther.OnPick = unlessBusy([this](int row) { Picked(row); });
   for (TextBox* box : {&txtFrom, &txtTo}) {
     box->OnChange = unlessBusy([this] {
-      pending_ = true;
+      pending_ = typed_ = true;
       Unmark();
     });
     box->OnLeave = unlessBusy([this](const Control* next) { BoxLeft(next); });
@@ -174,7 +174,7 @@ void frmFilter::OpenEditor(const TreeView::Node& node) {
 void frmFilter::CloseEditor() {
   field_ = -1;
   word_.clear();
-  pending_ = false;
+  EmptyEditors();
   ArrangeEditors();
 }
 
@@ -202,7 +202,6 @@ void frmFilter::ShowCondition() {
   const int row = RowOfField(field_);
   const TextView text = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kText);
   const TextView value = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kValue);
-  pending_ = false;
   EmptyEditors();
   const auto showWord = [&](TextView none) {
     word_ = row < 0 ? none : WordToShow(text);
@@ -270,6 +269,7 @@ void frmFilter::ArrangeEditors() {
 }
 
 void frmFilter::EmptyEditors() {
+  pending_ = typed_ = false;
   Unmark();
   txtFrom.Text(Text());
   txtTo.Text(Text());
@@ -327,6 +327,7 @@ void frmFilter::Picked(int row) {
   if (word == words::kBetween || !NeedsValue(word)) {
     txtFrom.Text(Text());
     txtTo.Text(Text());
+    typed_ = false;
   }
   ArrangeEditors();
 }
@@ -405,7 +406,6 @@ void frmFilter::Cancel() {
 void frmFilter::Clear() {
   DropFocusWish();
   msgFilter.ClearRows();
-  pending_ = false;
   word_ = words::kAny;
   EmptyEditors();
   lxtOther.Show(Text(words::kAll));
@@ -420,7 +420,13 @@ frmFilter::Commit frmFilter::CommitValue() {
   const bool between = word_ == words::kBetween;
   const Text& from = txtFrom.Text();
   const Text& to = txtTo.Text();
-  if (from.empty() || (between && to.empty())) return Commit::Nothing;
+  if (from.empty() && (!between || to.empty())) {
+    // Emptied by the user, as opposed to never filled.
+    if (!std::exchange(typed_, false)) return Commit::Nothing;
+    RemoveRow();
+    pending_ = false;
+    return Commit::Written;
+  }
   TextView warning;
   if (TextBox* box = RefusedBox(warning)) {
     RefuseSilently(warning);
@@ -429,7 +435,7 @@ frmFilter::Commit frmFilter::CommitValue() {
   }
   const Text value = between ? PairText(from, to) : from;
   WriteRow(ConditionRowText(word_, value), value);
-  pending_ = false;
+  pending_ = typed_ = false;
   return Commit::Written;
 }
 
@@ -443,6 +449,10 @@ TextBox* frmFilter::RefusedBox(TextView& warning) {
   if (numbers)
     for (TextBox* box : boxes)
       if (!IsNum(box->Text())) return box;
+  // A bound that is missing.
+  warning = kOrderWarning;
+  for (TextBox* box : boxes)
+    if (box->Text().empty()) return box;
   warning = kCharacterWarning;
   for (TextBox* box : boxes)
     if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u"")) return box;

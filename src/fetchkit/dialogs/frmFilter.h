@@ -19,10 +19,10 @@ namespace fetchkit {
 // One node per filterable column, one grid row per condition, and editors for the column whose node
 // was clicked. A word that needs no value takes effect when it is picked, a value when its box is
 // left or Enter is pressed, a date when it is changed by hand; "任意" and "所有" take the condition
-// away, as Delete on the grid's row does. A value that is refused stays in its box, which is
-// marked, until another column opens; the grid stays as it was, and no message appears. The user
-// may go anywhere; only OK stays open over it and wants the focus back in the box. Errors in a
-// handler end the failing step alone; the diagnostics sink hears of them.
+// away, as Delete on the grid's row and a box that the user empties do. A value that is refused
+// stays in its box, which is marked, until another column opens; the grid stays as it was, and no
+// message appears. The user may go anywhere; only OK stays open over it and wants the focus back in
+// the box. Errors in a handler end the failing step alone; the diagnostics sink hears of them.
 //
 // Acts that the controls take: tvwFilter node clicked; msgFilter row selected, Delete; lxtOther
 // picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo, datDate changed; cmdOk
@@ -111,6 +111,7 @@ class frmFilter final : public Form {
   const FieldType* type_ = nullptr;  // of that field; not null while an editor is open
   Text word_;                        // the operator or keyword in force, as picked
   bool pending_ = false;             // a typed value or a picked operator is not in the grid yet
+  bool typed_ = false;               // the user has typed since the boxes were filled or emptied
 };
 
 }  // namespace fetchkit
