@@ -97,18 +97,23 @@ void DateWindow::Refresh() {
   SYSTEMTIME wanted{};
   if (!VariantTimeToSystemTime(date_.Value().serial, &wanted)) return;
   SYSTEMTIME shown{};
-  DateTime_GetSystemtime(window(), &shown);
-  if (shown.wYear == wanted.wYear && shown.wMonth == wanted.wMonth && shown.wDay == wanted.wDay)
+  const bool isTicked = DateTime_GetSystemtime(window(), &shown) == GDT_VALID;
+  if (isTicked && date_.IsTicked() && shown.wYear == wanted.wYear &&
+      shown.wMonth == wanted.wMonth && shown.wDay == wanted.wDay)
     return;
+  // An unticked one keeps showing the date that it was given before.
   DateTime_SetSystemtime(window(), GDT_VALID, &wanted);
+  if (!date_.IsTicked()) DateTime_SetSystemtime(window(), GDT_NONE, nullptr);
 }
 
 bool DateWindow::OnNotify(const NMHDR& notice, LRESULT&) {
   if (notice.code != DTN_DATETIMECHANGE || form_.IsRefreshing()) return false;
   const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(notice);
-  if (change.dwFlags != GDT_VALID) return false;
-  if (const auto date = DateFromYmd(change.st.wYear, change.st.wMonth, change.st.wDay))
+  if (change.dwFlags != GDT_VALID) {
+    date_.UserTicked(false);
+  } else if (const auto date = DateFromYmd(change.st.wYear, change.st.wMonth, change.st.wDay)) {
     date_.UserChanged(*date);
+  }
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <istream>
+#include <string_view>
 #include <vector>
 
 #include "fetchkit/base/Utf8.h"
@@ -15,6 +16,9 @@ namespace fetchkit::demo {
 namespace {
 
 constexpr int kMostListed = 20;
+
+// No value of a condition can hold it.
+constexpr std::string_view kNone = "~";
 
 int RowOf(const PickCombo& picker, TextView text) {
   for (int row = 0; row < picker.ListCount(); ++row)
@@ -223,15 +227,20 @@ void AskedUser::PickRow(PickCombo& picker) {
 }
 
 void AskedUser::TypeInto(frmFilter& form, TextBox& box, const std::string& name) {
-  const auto line = Line(fmt::format("{} [{}]?", name, ToUtf8(box.Text())));
-  if (line && !line->empty()) box.UserTyped(FromUtf8(*line));
+  const auto line = Line(fmt::format("{} [{}]? {} to empty it", name, ToUtf8(box.Text()), kNone));
+  if (line && !line->empty()) box.UserTyped(*line == kNone ? Text() : FromUtf8(*line));
   box.UserLeft(&box == &form.txtFrom && form.txtTo.Visible() ? &form.txtTo : nullptr);
 }
 
 void AskedUser::TypeDate(DateSpinner& date, const std::string& name) {
-  const auto line = Line(fmt::format("{} [{}]?", name, ToUtf8(date.Text())));
+  const std::string how =
+      date.HasTick() ? fmt::format(" + to take it, {} for no condition", kNone) : "";
+  const auto line = Line(fmt::format("{} [{}{}]?{}", name, ToUtf8(date.Text()),
+                                     date.IsTicked() ? "" : ", not taken", how));
   if (!line || line->empty()) return;
-  if (const auto typed = CurrentPlatform().ParseDate(FromUtf8(*line))) {
+  if (date.HasTick() && (*line == "+" || *line == kNone)) {
+    date.UserTicked(*line == "+");
+  } else if (const auto typed = CurrentPlatform().ParseDate(FromUtf8(*line))) {
     date.UserChanged(*typed);
   } else {
     console_.Line("That is no date; it stays as it is.");

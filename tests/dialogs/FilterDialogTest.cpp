@@ -100,7 +100,10 @@ node 期间; pick 本月¦期间|本月|PERIOD|2004-03-01,2004-03-31¦(Day >= '2
 node 期间; pick 本月; date to 2004-02-01¦期间|自定义 (2004-03-01,2004-02-01)|PERIOD|2004-03-01,2004-02-01¦(Day >= '2004-03-01' And Day <= '2004-02-01')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 期间; pick 自定义¦期间|自定义 (2004-03-17,2004-03-17)|PERIOD|2004-03-17,2004-03-17¦(Day >= '2004-03-17' And Day <= '2004-03-17')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 日期; date one 2004-02-29¦日期|2004-02-29|DATE|2004-02-29¦Sent = '2004-02-29'¦datDate¦
-node 日期; date one 2004-03-17¦¦¦datDate¦
+node 日期; date one 2004-03-17¦日期|2004-03-17|DATE|2004-03-17¦Sent = '2004-03-17'¦datDate¦
+node 日期; tick on; node 停用; node 日期¦日期|2004-03-17|DATE|2004-03-17¦Sent = '2004-03-17'¦datDate¦
+node 日期; date one 2004-02-29; tick off¦¦¦datDate¦
+node 日期; tick on; clear; node 日期; tick off¦¦¦datDate¦
 node 人员; pick 02 李四¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦
 node 人员; pick 选择项目¦人员|张三 李四|CODE|1,1,12¦P.lngPersonID In(1,12)¦lxtOther¦right 01 张三; right 02 李四; ok
 node 人员; pick 选择项目¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok

@@ -36,8 +36,15 @@ void TextBox::UserPressedEnter() {
 }
 
 void DateSpinner::UserChanged(Date value) {
-  if (!TakesActs() || value == value_) return;
+  if (!TakesActs() || (value == value_ && IsTicked())) return;
   value_ = value;
+  ticked_ = true;
+  if (OnChange) OnChange();
+}
+
+void DateSpinner::UserTicked(bool ticked) {
+  if (!TakesActs() || ticked == IsTicked() || !hasTick_) return;
+  ticked_ = ticked;
   if (OnChange) OnChange();
 }
 

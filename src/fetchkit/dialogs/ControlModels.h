@@ -78,7 +78,7 @@ class TextBox : public Control {
   fetchkit::Text mark_;
 };
 
-// A date, shown as "yyyy-MM-dd".
+// A date, shown as "yyyy-MM-dd", with a tick in front of it where it may be left out.
 class DateSpinner : public Control {
  public:
   using Control::Control;
@@ -87,13 +87,25 @@ class DateSpinner : public Control {
   void Value(Date value) { Set(value_, value); }
   fetchkit::Text Text() const { return FormatDate(value_); }
 
-  // A date other than the one shown; the same one is no change.
+  bool HasTick() const { return hasTick_; }
+  void HasTick(bool has) { Set(hasTick_, has); }
+
+  // Always of one that has no tick.
+  bool IsTicked() const { return ticked_ || !hasTick_; }
+  void Tick(bool ticked) { Set(ticked_, ticked); }
+
+  // A date other than the one shown, which ticks; the same one is no change.
   void UserChanged(Date value);
+
+  // The tick is set, with the date that is shown, or taken away.
+  void UserTicked(bool ticked);
 
   std::function<void()> OnChange;
 
  private:
   Date value_;
+  bool hasTick_ = false;
+  bool ticked_ = false;
 };
 
 class TreeView : public Control {

@@ -91,7 +91,11 @@ frmFilter::frmFilter(Session& session, FormView& view)
     box->OnEnter = unlessBusy([this] { IsRefused(); });
   }
   datFrom.OnChange = datTo.OnChange = unlessBusy([this] { CommitPeriod(Text(kCustomRange)); });
-  datDate.OnChange = unlessBusy([this] { WriteRow(datDate.Text(), datDate.Text()); });
+  datDate.HasTick(true);
+  datDate.OnChange = unlessBusy([this] {
+    if (!datDate.IsTicked()) return RemoveRow();
+    WriteRow(datDate.Text(), datDate.Text());
+  });
   cmdOk[0].OnClick = unlessBusy([this] { Ok(); });
   cmdOk[1].OnClick = unlessBusy([this] { Cancel(); });
   cmdOk[2].OnClick = unlessBusy([this] { Clear(); });
@@ -231,6 +235,7 @@ void frmFilter::ShowCondition() {
     case Editor::Dates:
       showWord(words::kAny);
       datDate.Value(dateOf(value));
+      datDate.Tick(row >= 0);
       break;
     case Editor::Codes:
     case Editor::Values: {
@@ -276,6 +281,7 @@ void frmFilter::EmptyEditors() {
   // A date picker always shows a date.
   for (DateSpinner* dates : {&datFrom, &datTo, &datDate})
     dates->Value(DateOrToday(session_.LoginDate));
+  datDate.Tick(false);
 }
 
 bool frmFilter::Edits(Editor editor) const {

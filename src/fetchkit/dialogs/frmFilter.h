@@ -18,15 +18,16 @@ namespace fetchkit {
 
 // One node per filterable column, one grid row per condition, and editors for the column whose node
 // was clicked. A word that needs no value takes effect when it is picked, a value when its box is
-// left or Enter is pressed, a date when it is changed by hand; "任意" and "所有" take the condition
-// away, as Delete on the grid's row and a box that the user empties do. A value that is refused
-// stays in its box, which is marked, until another column opens; the grid stays as it was, and no
-// message appears. The user may go anywhere; only OK stays open over it and wants the focus back in
-// the box. Errors in a handler end the failing step alone; the diagnostics sink hears of them.
+// left or Enter is pressed, a date when it is changed or ticked by hand; "任意" and "所有" take the
+// condition away, as Delete on the grid's row and a box that the user empties do. A value that is
+// refused stays in its box, which is marked, until another column opens; the grid stays as it was,
+// and no message appears. The user may go anywhere; only OK stays open over it and wants the focus
+// back in the box. Errors in a handler end the failing step alone; the diagnostics sink hears of
+// them.
 //
 // Acts that the controls take: tvwFilter node clicked; msgFilter row selected, Delete; lxtOther
-// picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo, datDate changed; cmdOk
-// pressed; form Enter (OK), Escape and closed (Cancel).
+// picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo, datDate changed;
+// datDate ticked; cmdOk pressed; form Enter (OK), Escape and closed (Cancel).
 class frmFilter final : public Form {
  public:
   // Both must outlive the form.
