@@ -99,13 +99,19 @@ bool RowsWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
       if (!form_.IsRefreshing() && chosen && change.iItem >= 0) Selected(change.iItem);
       return true;
     }
+    case NM_CLICK: {
+      // The selected row again, of which the system tells no change.
+      const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(notice);
+      if (click.iItem >= 0) Selected(click.iItem);
+      return true;
+    }
     case NM_DBLCLK: {
       const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(notice);
       if (click.iItem >= 0) DoubleClicked(click.iItem);
       return true;
     }
     case LVN_KEYDOWN:
-      if (reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey == VK_DELETE) PressedDelete();
+      Pressed(reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey);
       return true;
     default:
       return false;
@@ -160,8 +166,9 @@ void GridWindow::DoubleClicked(int row) {
   grid_.UserDoubleClickedRow(row + grid_.FixedRows());
 }
 
-void GridWindow::PressedDelete() {
-  grid_.UserPressedDelete();
+void GridWindow::Pressed(WORD key) {
+  if (key == VK_DELETE) grid_.UserPressedDelete();
+  if (key == VK_F2) grid_.UserPressedF2();
 }
 
 ListBoxWindow::ListBoxWindow(FormWindow& form, ListBox& model, HWND window)

@@ -23,7 +23,7 @@ class RowsWindow : public ControlWindow {
   virtual const Text& CellText(int row, int column) const = 0;
   virtual void Selected(int row) = 0;
   virtual void DoubleClicked(int row) = 0;
-  virtual void PressedDelete() {}
+  virtual void Pressed(WORD /*key*/) {}
 
   // Number, selection and texts of the rows.
   void RefreshRows(int selected);
@@ -51,7 +51,7 @@ class GridWindow : public RowsWindow {
   const Text& CellText(int row, int column) const override;
   void Selected(int row) override;
   void DoubleClicked(int row) override;
-  void PressedDelete() override;
+  void Pressed(WORD key) override;
   void ReadColumns();
 
   MSFlexGrid& grid_;

@@ -159,7 +159,8 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
     }
     console_.EndTable();
     const auto answer = Ask(
-        "A column's number, d and its number to remove the condition; c clear, o OK, q cancel?");
+        "A column's number; e and its number to edit the condition that it has, d to remove it; c "
+        "clear, o OK, q cancel?");
     const int node = answer && answer->number && *answer->number >= 1 &&
                              *answer->number <= static_cast<int>(nodes.size())
                          ? *answer->number - 1
@@ -171,10 +172,11 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
       if (form.IsOpen()) console_.Line("A value is refused; choose its column again.");
     } else if (answer->word == "c") {
       form.cmdOk[2].UserPressed();
-    } else if (answer->word == "d" && node >= 0) {
+    } else if ((answer->word == "d" || answer->word == "e") && node >= 0) {
       const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
       form.msgFilter.UserSelectedRow(row);
-      if (row >= 0) form.msgFilter.UserPressedDelete();
+      if (row >= 0 && answer->word == "d") form.msgFilter.UserPressedDelete();
+      if (row >= 0 && answer->word == "e") Edit(form);
     } else if (answer->word.empty() && node >= 0) {
       form.tvwFilter.UserClickedNode(node);
       Edit(form);

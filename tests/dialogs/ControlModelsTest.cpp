@@ -28,8 +28,8 @@ class EveryControl : public Form {
 
   void Listen() {
     const auto heard = [this](auto&&...) { ++count; };
-    button.OnClick = box.OnChange = box.OnEnter = date.OnChange = grid.OnRowChange =
-        grid.OnDoubleClick = grid.OnDelete = list.OnSelect = list.OnDoubleClick = heard;
+    button.OnClick = box.OnChange = box.OnEnter = date.OnChange = grid.OnRowSelect =
+        grid.OnDoubleClick = grid.OnF2 = grid.OnDelete = list.OnSelect = list.OnDoubleClick = heard;
     box.OnLeave = heard;
     tree.OnNodeClick = heard;
     list.OnPointer = heard;
@@ -47,6 +47,7 @@ class EveryControl : public Form {
     tree.UserClickedNode(at);
     grid.UserSelectedRow(at + grid.FixedRows());
     grid.UserDoubleClickedRow(at + grid.FixedRows());
+    grid.UserPressedF2();
     grid.UserPressedDelete();
     list.UserSelected(at);
     list.UserDoubleClicked(at);
@@ -75,7 +76,7 @@ TEST(ControlModels, ActsAreHeardWhereTheUserCanAct) {
   EXPECT_EQ(form.box.Text(), u"t");
   EXPECT_EQ(form.list.ListIndex(), 1);
   form.Listen();
-  EXPECT_EQ(form.Act(0), 13);
+  EXPECT_EQ(form.Act(0), 15);
   for (const int nowhere : {-2, 2}) {
     form.grid.Row(-1);
     EXPECT_EQ(form.Act(nowhere), 5) << "what names no row, item or node";
@@ -91,7 +92,7 @@ TEST(ControlModels, ActsAreHeardWhereTheUserCanAct) {
   each([](Control& control, bool on) { control.Enabled(on); });
   each([](Control& control, bool on) { control.Visible(on); });
   EXPECT_EQ(form.pick.UserTyped(u"b"), 1);
-  EXPECT_EQ(form.Act(1), 13);
+  EXPECT_EQ(form.Act(1), 15);
   form.UserClosed();
   EXPECT_EQ(form.Act(0), 0) << "the form has closed";
 }

@@ -62,8 +62,9 @@ inline int Find(const ListBox& list, TextView text) {
 // Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
 // picker, "up" to "esc", other words are typed), "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "tick on|off",
-// "delete CAPTION", "clear", "ok", "cancel", "close". A form that is still open at the end is left
-// open; a dialog's caller must take that for Cancel.
+// "row|double|delete
+// CAPTION" (in the grid), "F2", "clear", "ok", "cancel", "close". A form that is still open at the
+// end is left open; a dialog's caller must take that for Cancel.
 inline void Play(frmFilter& form, std::string_view script) {
   const auto boxOf = [&](TextView name) -> TextBox& {
     return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
@@ -107,6 +108,13 @@ inline void Play(frmFilter& form, std::string_view script) {
     date.UserChanged(CurrentPlatform().ParseDate(text.substr(text.find(u' ') + 1)).value());
   };
   acts["tick"] = [&](TextView on) { form.datDate.UserTicked(on == u"on"); };
+  acts["row"] = [&](TextView text) {
+    form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
+  };
+  acts["double"] = [&](TextView text) {
+    form.msgFilter.UserDoubleClickedRow(Find(form.msgFilter, 1, text));
+  };
+  acts["F2"] = [&](TextView) { form.msgFilter.UserPressedF2(); };
   acts["delete"] = [&](TextView text) {
     form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
     form.msgFilter.UserPressedDelete();

@@ -9,7 +9,7 @@ namespace {
 
 // What is the current one of count rows or items when some went away.
 int Inside(int current, int first, int count) {
-  return count <= first ? -1 : std::clamp(current, first, count - 1);
+  return current < first || count <= first ? -1 : std::min(current, count - 1);
 }
 
 }  // namespace
@@ -116,7 +116,6 @@ void MSFlexGrid::AddItem(TextView tabbed) {
 void MSFlexGrid::AddRow(std::vector<Text> row) {
   row.resize(columns_.size());
   cells_.push_back(std::move(row));
-  KeepRowInside();
   Changed();
 }
 
@@ -136,7 +135,7 @@ void MSFlexGrid::MoveRowsTo(MSFlexGrid& other, int first, int count) {
   std::move(begin, begin + count, std::back_inserter(other.cells_));
   cells_.erase(begin, begin + count);
   KeepRowInside();
-  other.KeepRowInside();
+  if (other.row_ < 0) other.row_ = other.fixedRows_;
   Changed();
   other.Changed();
 }
@@ -148,15 +147,19 @@ void MSFlexGrid::ClearRows() {
 }
 
 void MSFlexGrid::UserSelectedRow(int row) {
-  if (!TakesActs() || !IsDataRow(row) || row == row_) return;
+  if (!TakesActs() || !IsDataRow(row)) return;
   row_ = row;
-  if (OnRowChange) OnRowChange();
+  if (OnRowSelect) OnRowSelect();
 }
 
 void MSFlexGrid::UserDoubleClickedRow(int row) {
   if (!TakesActs() || !IsDataRow(row)) return;
   UserSelectedRow(row);
   if (OnDoubleClick) OnDoubleClick();
+}
+
+void MSFlexGrid::UserPressedF2() {
+  if (TakesActs() && IsDataRow(row_) && OnF2) OnF2();
 }
 
 void MSFlexGrid::UserPressedDelete() {
@@ -181,7 +184,7 @@ void ListBox::Clear() {
 
 void ListBox::AddItem(Text text) {
   items_.push_back(std::move(text));
-  KeepIndexInside();
+  if (index_ < 0) index_ = 0;
   Changed();
 }
 
@@ -199,7 +202,7 @@ void ListBox::MoveAllTo(ListBox& other) {
   other.items_.reserve(other.items_.size() + items_.size());
   std::move(items_.begin(), items_.end(), std::back_inserter(other.items_));
   Clear();
-  other.KeepIndexInside();
+  if (other.index_ < 0) other.index_ = 0;
   other.Changed();
 }
 

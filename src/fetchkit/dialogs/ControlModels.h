@@ -168,22 +168,25 @@ class MSFlexGrid : public Control {
   void AddRow(std::vector<Text> row);
   void RemoveItem(int row);
 
-  // Moves count rows from first on to the end of another grid of the same columns, in order.
+  // Moves count rows from first on to the end of another grid of the same columns, in order. The
+  // other grid has a current row then.
   void MoveRowsTo(MSFlexGrid& other, int first, int count);
 
   // Takes away all rows but the headers.
   void ClearRows();
 
-  // The current row; -1 when there is none beside the headers.
+  // The current row, -1 for none; when it goes, the next one is.
   int Row() const { return row_; }
   void Row(int row) { Set(row_, row); }
 
-  void UserSelectedRow(int row);
+  void UserSelectedRow(int row);       // the current one again included
   void UserDoubleClickedRow(int row);  // selects it first
+  void UserPressedF2();                // with a current row
   void UserPressedDelete();            // with a current row
 
-  std::function<void()> OnRowChange;
+  std::function<void()> OnRowSelect;
   std::function<void()> OnDoubleClick;
+  std::function<void()> OnF2;
   std::function<void()> OnDelete;
 
  private:

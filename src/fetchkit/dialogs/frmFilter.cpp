@@ -79,7 +79,12 @@ frmFilter::frmFilter(Session& session, FormView& view)
       if (!busy_) Step(u"frmFilter: act", [&] { handler(arguments...); });
     };
   };
-  tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenEditor(node); });
+  tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenColumn(node); });
+  msgFilter.OnRowSelect = unlessBusy([this] { OpenRow(); });
+  msgFilter.OnDoubleClick = msgFilter.OnF2 = unlessBusy([this] {
+    OpenRow();
+    EnterEditor();
+  });
   msgFilter.OnDelete = unlessBusy([this] { DeleteRow(); });
   lxtOther.OnPick = unlessBusy([this](int row) { Picked(row); });
   for (TextBox* box : {&txtFrom, &txtTo}) {
@@ -136,7 +141,7 @@ bool frmFilter::Init() {
     return false;
   }
   tvwFilter.SelectedItem(0);
-  OpenEditor(tvwFilter.Nodes().front());
+  OpenColumn(tvwFilter.Nodes().front());
   return true;
 }
 
@@ -150,27 +155,38 @@ void frmFilter::UserClosed() {
 
 // ---- the editors
 
-void frmFilter::OpenEditor(const TreeView::Node& node) {
+void frmFilter::OpenColumn(const TreeView::Node& node) {
   DropFocusWish();
   // What stands in a box when the user goes on is left behind with it; a value that is refused is
   // given up.
   CommitValue();
+  if (msgFilter.Rows() < kFullGrid) return OpenEditor(node.Tag);
+  RefuseSilently(kFullWarning);
   const Busy busy(busy_);
-  if (msgFilter.Rows() >= kFullGrid) {
-    RefuseSilently(kFullWarning);
-    return;
-  }
+  CloseEditor();
+  msgFilter.Row(RowOfField(node.Tag));
+}
+
+// The editor of the grid's current row, however many rows there are.
+void frmFilter::OpenRow() {
+  const int field = FieldOfRow(msgFilter.Row());
+  if (field == field_ || NodeOfField(field) < 0) return;
+  DropFocusWish();
+  CommitValue();
+  OpenEditor(field);
+}
+
+void frmFilter::OpenEditor(int field) {
+  const Busy busy(busy_);
   Step(u"frmFilter: node", [&] {
-    const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(node.Tag));
-    const FieldType* type = FieldTypeOf(field.strFieldType);
-    lblTitle.Caption(node.Text);
-    if (type == nullptr) {
-      CloseEditor();
-      return;
-    }
-    field_ = node.Tag;
-    type_ = type;
-    LoadList(field);
+    const ListFieldType& edited = list_.ListField.at(static_cast<std::size_t>(field));
+    tvwFilter.SelectedItem(NodeOfField(field));
+    msgFilter.Row(RowOfField(field));
+    lblTitle.Caption(edited.strListFieldDesc);
+    type_ = FieldTypeOf(edited.strFieldType);
+    if (type_ == nullptr) return CloseEditor();
+    field_ = field;
+    LoadList(edited);
     ShowCondition();
   });
 }
@@ -180,6 +196,12 @@ void frmFilter::CloseEditor() {
   word_.clear();
   EmptyEditors();
   ArrangeEditors();
+}
+
+void frmFilter::EnterEditor() {
+  Control* const editors[] = {&txtFrom, &datDate, &lxtOther};
+  for (Control* editor : editors)
+    if (editor->Visible()) return editor->SetFocus();
 }
 
 void frmFilter::LoadList(const ListFieldType& field) {
@@ -383,11 +405,13 @@ bool frmFilter::IsRefused() {
   return true;
 }
 
+// The next row's editor follows.
 void frmFilter::DeleteRow() {
   const int row = msgFilter.Row();
   const bool edited = row == RowOfField(field_);
   msgFilter.RemoveItem(row);
   if (edited) ShowCondition();
+  if (msgFilter.Row() > 0) OpenRow();
 }
 
 void frmFilter::Ok() {
@@ -490,14 +514,26 @@ void frmFilter::WriteRow(const Text& text, const Text& value) {
 
 void frmFilter::RemoveRow() {
   const int row = RowOfField(field_);
-  if (row >= 0) msgFilter.RemoveItem(row);
+  if (row < 0) return;
+  msgFilter.RemoveItem(row);
+  msgFilter.Row(-1);
 }
 
 int frmFilter::RowOfField(int field) const {
-  const Text index = Join(field);
   for (int row = msgFilter.FixedRows(); row < msgFilter.Rows(); ++row)
-    if (msgFilter.TextMatrix(row, FilterColumns::kFieldIndex) == index) return row;
+    if (FieldOfRow(row) == field) return row;
   return -1;
+}
+
+int frmFilter::FieldOfRow(int row) const {
+  return static_cast<int>(LeadingNumber(msgFilter.TextMatrix(row, FilterColumns::kFieldIndex)));
+}
+
+int frmFilter::NodeOfField(int field) const {
+  const auto& nodes = tvwFilter.Nodes();
+  const auto node = std::find_if(nodes.begin(), nodes.end(),
+                                 [field](const TreeView::Node& each) { return each.Tag == field; });
+  return node == nodes.end() ? -1 : static_cast<int>(node - nodes.begin());
 }
 
 }  // namespace fetchkit

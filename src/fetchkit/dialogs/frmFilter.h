@@ -16,18 +16,19 @@
 
 namespace fetchkit {
 
-// One node per filterable column, one grid row per condition, and editors for the column whose node
-// was clicked. A word that needs no value takes effect when it is picked, a value when its box is
-// left or Enter is pressed, a date when it is changed or ticked by hand; "任意" and "所有" take the
-// condition away, as Delete on the grid's row and a box that the user empties do. A value that is
-// refused stays in its box, which is marked, until another column opens; the grid stays as it was,
-// and no message appears. The user may go anywhere; only OK stays open over it and wants the focus
-// back in the box. Errors in a handler end the failing step alone; the diagnostics sink hears of
-// them.
+// One node per filterable column, one grid row per condition, and editors for one column: tree,
+// grid and editors follow each other. With all the conditions that there may be the tree opens no
+// editor and only marks its column's row; the grid opens it. A word that needs no value takes
+// effect when it is picked, a value when its box is left or Enter is pressed, a date when it is
+// changed or ticked by hand; "任意" and "所有" take the condition away, as Delete on the grid's row
+// and a box that the user empties do. A value that is refused stays in its box, which is marked,
+// until another column opens; the grid stays as it was, and no message appears. The user may go
+// anywhere; only OK stays open over it and wants the focus back in the box. Errors in a handler end
+// the failing step alone; the diagnostics sink hears of them.
 //
-// Acts that the controls take: tvwFilter node clicked; msgFilter row selected, Delete; lxtOther
-// picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo, datDate changed;
-// datDate ticked; cmdOk pressed; form Enter (OK), Escape and closed (Cancel).
+// Acts that the controls take: tvwFilter node clicked; msgFilter row selected, double click, F2,
+// Delete; lxtOther picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
+// datDate changed; datDate ticked; cmdOk pressed; form Enter (OK), Escape and closed (Cancel).
 class frmFilter final : public Form {
  public:
   // Both must outlive the form.
@@ -73,8 +74,11 @@ class frmFilter final : public Form {
  private:
   enum class Commit { Nothing, Written, Refused };
 
-  void OpenEditor(const TreeView::Node& node);
+  void OpenColumn(const TreeView::Node& node);
+  void OpenRow();
+  void OpenEditor(int field);
   void CloseEditor();
+  void EnterEditor();
   void LoadList(const ListFieldType& field);
   void ShowCondition();
   void ArrangeEditors();
@@ -101,6 +105,8 @@ class frmFilter final : public Form {
   void WriteRow(const Text& text, const Text& value);
   void RemoveRow();
   int RowOfField(int field) const;
+  int FieldOfRow(int row) const;
+  int NodeOfField(int field) const;
 
   Session& session_;
   FormView& view_;

@@ -76,6 +76,8 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
       grid.AddItem(Join(id, u"\t", objPicker.Cell(row, objPicker.ShownColumns().back()), u"\t",
                         objPicker.RowText(row)));
     }
+    for (MSFlexGrid* grid : {&msgAll, &msgSelected})
+      if (grid->Rows() > 0) grid->Row(0);
   }
   EnableButtons();
   Open();
