@@ -182,6 +182,10 @@ node 数量; keys down up right¦0¦
 node 数量; keys 介¦8¦
 node 数量; keys 介 无¦8¦
 node 数量; keys 零 enter¦closed¦
+node 数量; keys 大 enter¦closed¦txtFrom
+node 数量; keys 介 tab¦closed¦txtFrom
+node 期间; keys 自 enter¦closed¦datFrom
+node 期间; keys 本 enter¦closed¦
 node 数量; keys 零 tab¦closed¦cmdOk
 node 数量; keys 零 back¦closed¦msgFilter
 node 人员; keys down¦4¦

@@ -338,7 +338,9 @@ void frmFilter::Picked(int row) {
       word_ = word;
       return RemoveRow();
     }
-    return CommitPeriod(word);
+    CommitPeriod(word);
+    if (word == kCustomRange) datFrom.SetFocus();
+    return;
   }
   word_ = word;
   pending_ = false;
@@ -358,6 +360,7 @@ void frmFilter::Picked(int row) {
     typed_ = false;
   }
   ArrangeEditors();
+  if (txtFrom.Visible()) txtFrom.SetFocus();
 }
 
 void frmFilter::ChooseItems() {

@@ -23,8 +23,9 @@ namespace fetchkit {
 // changed or ticked by hand; "任意" and "所有" take the condition away, as Delete on the grid's row
 // and a box that the user empties do. A value that is refused stays in its box, which is marked,
 // until another column opens; the grid stays as it was, and no message appears. The user may go
-// anywhere; only OK stays open over it and wants the focus back in the box. Errors in a handler end
-// the failing step alone; the diagnostics sink hears of them.
+// anywhere; only OK stays open over it and wants the focus back in the box. A word that needs a
+// value sends the focus to its box, "自定义" to the first date. Errors in a handler end the failing
+// step alone; the diagnostics sink hears of them.
 //
 // Acts that the controls take: tvwFilter node clicked; msgFilter row selected, double click, F2,
 // Delete; lxtOther picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
