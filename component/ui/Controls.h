@@ -23,6 +23,7 @@
 #define ID_DAT_TO 1013
 #define ID_DAT_DATE 1014
 #define ID_CMD_CLEAR 1015
+#define ID_CMD_CHOOSE 1016
 
 // frmFilterColumn and frmMultiChoose
 #define ID_LBL_ALL 1101
@@ -49,6 +50,7 @@ inline constexpr TemplateControl kFilterControls[] = {
     {u"Frame1", -1, ID_FRAME1, 35, 100, 65, 0},
     {u"lblTitle", -1, ID_LBL_TITLE, 35, 100, 65, 0},
     {u"lxtOther", -1, ID_LXT_OTHER, 35, 100, 30, 0},
+    {u"cmdChoose", -1, ID_CMD_CHOOSE, 35, 100, 0, 0},
     {u"lblFrom", -1, ID_LBL_FROM, 35, 100, 0, 0},
     {u"txtFrom", -1, ID_TXT_FROM, 35, 100, 30, 0},
     {u"datFrom", -1, ID_DAT_FROM, 35, 100, 30, 0},

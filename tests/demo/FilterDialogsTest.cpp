@@ -132,7 +132,8 @@ TEST_F(FilterDialogs, EveryListOpens) {
   for (const StatementReport& report : session_.reports())
     EXPECT_TRUE(report.answered) << ToUtf8(report.sql);
   for (const TextView keyword : {u"CUSTOM0", u"FLEXIBLEFIELD05"})
-    EXPECT_EQ(ReadCodeList(MAction::CurrentSession(), keyword).size(), 12u) << ToUtf8(keyword);
+    EXPECT_EQ(ReadCodeList(MAction::CurrentSession(), keyword).cells.size(), 12u)
+        << ToUtf8(keyword);
 }
 
 }  // namespace

@@ -227,21 +227,23 @@ TEST_F(Choosers, ListsThatDoNotOpen) {
       u"SELECT lngRTPeriodID,strRTPeriodName FROM RTPeriod WHERE blnIsInActive = 0 Order By "
       u"lngRTPeriodID",
       Rows({u"lngRTPeriodID", u"strRTPeriodName"}, {{std::int32_t{4}, u"三月"}}));
-  EXPECT_THAT(ReadCodeList(session_, u"RTPERIOD"), ElementsAre(u"4", u"", u"三月"));
+  EXPECT_THAT(ReadCodeList(session_, u"RTPERIOD").cells, ElementsAre(u"4", u"", u"三月"));
   Answer broken = Rows({u"lngXID", u"strXCode", u"strXName"},
                        {{std::int32_t{1}, u"01", u"x"}, {std::int32_t{2}, u"02", u"y"}});
   host_->On(fallback, broken);
   for (const Answer& answer : {Refused(), Throws()}) {
     host_->On(table, answer);
-    EXPECT_THAT(ReadCodeList(session_, u"X"), ElementsAre(u"1", u"01", u"x", u"2", u"02", u"y"));
+    EXPECT_THAT(ReadCodeList(session_, u"X").cells,
+                ElementsAre(u"1", u"01", u"x", u"2", u"02", u"y"));
   }
   broken.throwAtRow = 1;
   host_->On(table, broken);
-  EXPECT_THAT(ReadCodeList(session_, u"X"), ElementsAre(u"1", u"01", u"x"))
+  EXPECT_THAT(ReadCodeList(session_, u"X").cells, ElementsAre(u"1", u"01", u"x"))
       << "opened: no second try";
+  EXPECT_FALSE(ReadCodeList(session_, u"X").isWhole);
   host_->On(table, Refused());
   host_->On(fallback, Throws());
-  EXPECT_THAT(ReadCodeList(session_, u"X"), IsEmpty());
+  EXPECT_THAT(ReadCodeList(session_, u"X").cells, IsEmpty());
 
   // The columns of some tables are named after a part of the keyword.
   host_->TakeSent();
@@ -255,7 +257,7 @@ TEST_F(Choosers, ListsThatDoNotOpen) {
                name = Join(u"str", stem, u"Name");
     host_->On(Join(u"SELECT ", id, u",", code, u",", name, u" FROM ", keyword),
               Rows({id, code, name}, {{std::int32_t{1}, u"01", u"x"}}));
-    EXPECT_THAT(ReadCodeList(session_, keyword), ElementsAre(u"1", u"01", u"x"));
+    EXPECT_THAT(ReadCodeList(session_, keyword).cells, ElementsAre(u"1", u"01", u"x"));
     EXPECT_EQ(host_->TakeSent().size(), 3u);
   }
 }

@@ -106,7 +106,7 @@ node 日期; date one 2004-02-29; tick off¦¦¦datDate¦
 node 日期; tick on; clear; node 日期; tick off¦¦¦datDate¦
 node 人员; pick 02 李四¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦
 node 人员; pick 选择项目¦人员|张三 李四|CODE|1,1,12¦P.lngPersonID In(1,12)¦lxtOther¦right 01 张三; right 02 李四; ok
-node 人员; pick 选择项目¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
+node 人员; choose¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
 node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
 node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
 node 状态; pick 4¦状态|4|ENUM|0,'4'¦State = '4'¦lxtOther¦
@@ -384,6 +384,22 @@ node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦)")) {
   })) << "the header is no row";
   EXPECT_TRUE(Show("clear; ok"));
   EXPECT_EQ(where_, u"");
+}
+
+TEST_F(FilterDialog, ListsAreReadOncePerDialogUnlessTheyFail) {
+  list_.ListField.push_back(Column(u"经手", u"CODE", u"n", u"P", u"PERSON"));
+  list_.ListField.push_back(Column(u"别的", u"ENUM", u"n"));
+  for (int opening = 0; opening < 2; ++opening) {
+    host_->TakeSent();
+    EXPECT_FALSE(
+        Show("node 人员; node 状态; node 经手; node 人员; choose; node 状态", [](frmFilter& form) {
+          EXPECT_TRUE(form.cmdChoose.Visible());
+          EXPECT_EQ(form.lxtOther.ListCount(), 6);
+        }));
+    EXPECT_EQ(host_->TakeSent().size(), 3u) << "of persons two statements, of which one opens";
+    EXPECT_FALSE(Show("node 别的; node 停用; choose; node 别的"));
+    EXPECT_EQ(host_->TakeSent().size(), 2u) << "what did not open is tried again";
+  }
 }
 
 TEST_F(FilterDialog, NothingToFilterAndWaysOut) {

@@ -63,8 +63,8 @@ inline int Find(const ListBox& list, TextView text) {
 // picker, "up" to "esc", other words are typed), "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "tick on|off",
 // "row|double|delete
-// CAPTION" (in the grid), "F2", "clear", "ok", "cancel", "close". A form that is still open at the
-// end is left open; a dialog's caller must take that for Cancel.
+// CAPTION" (in the grid), "F2", "choose", "clear", "ok", "cancel", "close". A form that is still
+// open at the end is left open; a dialog's caller must take that for Cancel.
 inline void Play(frmFilter& form, std::string_view script) {
   const auto boxOf = [&](TextView name) -> TextBox& {
     return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
@@ -119,6 +119,7 @@ inline void Play(frmFilter& form, std::string_view script) {
     form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
     form.msgFilter.UserPressedDelete();
   };
+  acts["choose"] = [&](TextView) { form.cmdChoose.UserPressed(); };
   acts["clear"] = [&](TextView) { form.cmdOk[2].UserPressed(); };
   PlayAll(form, script, std::move(acts));
 }
@@ -193,7 +194,7 @@ inline std::string EditorsOf(const frmFilter& form) {
   for (const Control* control : form.Controls()) {
     const std::string name = ToUtf8(control->Name());
     const bool editor = control->Index() < 0 && name.find("Frame") != 0 && name != "lblTitle" &&
-                        name.find("Filter") == std::string::npos;
+                        name.find("Filter") == std::string::npos && name != "cmdChoose";
     if (editor && control->Visible()) names.append(names.empty() ? "" : " ").append(name);
   }
   return names;

@@ -40,11 +40,12 @@ std::vector<Text> SelectedColumns(TextView sql) {
   return columns;
 }
 
-// Calls row with the cells of each row of the statement. False when it did not open.
+// Calls row with the cells of each row of the statement. False when it did not open; whole: every
+// row was read.
 template <class Row>
-bool ForEachRow(Session& session, TextView sql, Row&& row) {
+bool ForEachRow(Session& session, TextView sql, bool& whole, Row&& row) {
   bool opened = false;
-  Step(u"frmFilter: code list", [&] {
+  whole = Step(u"frmFilter: code list", [&] {
     OpenedRecordset rows(MAction::ConnectionOf(session), sql, Cursor::Static);
     if (!rows) return;
     opened = true;
@@ -60,6 +61,7 @@ bool ForEachRow(Session& session, TextView sql, Row&& row) {
       row(cells);
     }
   });
+  whole = whole && opened;
   return opened;
 }
 
@@ -129,26 +131,26 @@ Text EnumListStatementOf(Session& session, TextView caption) {
       caption, u"' order by 1");
 }
 
-std::vector<Text> ReadCodeList(Session& session, TextView strKeyField) {
-  std::vector<Text> cells;
+CodeList ReadCodeList(Session& session, TextView strKeyField) {
+  CodeList list;
   const CodeListStatement statement = CodeListStatementOf(session, strKeyField);
   const auto addRow = [&](std::vector<Text>& row) {
     if (row.size() == 2) row.insert(row.begin() + 1, Text());
     for (Text& cell : row)
-      cells.push_back(std::move(cell));
+      list.cells.push_back(std::move(cell));
   };
-  bool opened = ForEachRow(session, statement.sql, addRow);
+  bool opened = ForEachRow(session, statement.sql, list.isWhole, addRow);
   for (auto next = statement.fallbacks.begin(); !opened && next != statement.fallbacks.end();
        ++next)
-    opened = ForEachRow(session, *next, addRow);
-  return cells;
+    opened = ForEachRow(session, *next, list.isWhole, addRow);
+  return list;
 }
 
-std::vector<Text> ReadEnumList(Session& session, TextView caption) {
-  std::vector<Text> values;
-  ForEachRow(session, EnumListStatementOf(session, caption),
-             [&](std::vector<Text>& row) { values.push_back(std::move(row.front())); });
-  return values;
+CodeList ReadEnumList(Session& session, TextView caption) {
+  CodeList list;
+  ForEachRow(session, EnumListStatementOf(session, caption), list.isWhole,
+             [&](std::vector<Text>& row) { list.cells.push_back(std::move(row.front())); });
+  return list;
 }
 
 }  // namespace fetchkit

@@ -23,11 +23,16 @@ CodeListStatement CodeListStatementOf(Session& session, TextView strKeyField);
 // The statement that lists the values of an enumeration column, by its caption.
 Text EnumListStatementOf(Session& session, TextView caption);
 
-// The rows of that statement, three cells each: id, code (empty where the table has none), name.
-// Empty when it does not open; what was read before an error stands.
-std::vector<Text> ReadCodeList(Session& session, TextView strKeyField);
+// What a statement lists, cell by cell.
+struct CodeList {
+  std::vector<Text> cells;
+  bool isWhole = false;  // not when it did not open, or an error cut it short; what was read stands
+};
 
-// The values, one cell each; the same on failure.
-std::vector<Text> ReadEnumList(Session& session, TextView caption);
+// The rows of that statement, three cells each: id, code (empty where the table has none), name.
+CodeList ReadCodeList(Session& session, TextView strKeyField);
+
+// The values, one cell each.
+CodeList ReadEnumList(Session& session, TextView caption);
 
 }  // namespace fetchkit

@@ -69,8 +69,8 @@ frmFilter::frmFilter(Session& session, FormView& view)
   lblTitle.UseMnemonic(false);
   for (CommandButton& button : cmdOk)
     button.ToolTipText(button.Caption());
-  SetTabOrder({&Frame3, &tvwFilter, &Frame2, &msgFilter, &Frame1, &lblTitle, &lxtOther, &lblFrom,
-               &txtFrom, &datFrom, &lblTo, &txtTo, &datTo, &datDate, &cmdOk[2], &cmdOk[0],
+  SetTabOrder({&Frame3, &tvwFilter, &Frame2, &msgFilter, &Frame1, &lblTitle, &lxtOther, &cmdChoose,
+               &lblFrom, &txtFrom, &datFrom, &lblTo, &txtTo, &datTo, &datDate, &cmdOk[2], &cmdOk[0],
                &cmdOk[1]});
 
   // A view whose windows echo what the node handler does to the editors is not heard.
@@ -101,6 +101,7 @@ frmFilter::frmFilter(Session& session, FormView& view)
     if (!datDate.IsTicked()) return RemoveRow();
     WriteRow(datDate.Text(), datDate.Text());
   });
+  cmdChoose.OnClick = unlessBusy([this] { ChooseItems(); });
   cmdOk[0].OnClick = unlessBusy([this] { Ok(); });
   cmdOk[1].OnClick = unlessBusy([this] { Cancel(); });
   cmdOk[2].OnClick = unlessBusy([this] { Clear(); });
@@ -127,6 +128,8 @@ bool frmFilter::Init() {
   for (int col = 0; col < msgFilter.Cols(); ++col)
     msgFilter.ColWidth(col, kWidths[col]);
   tvwFilter.Clear();
+  codes_.clear();
+  values_.clear();
   CloseEditor();
   for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
     const ListFieldType& field = list_.ListField[i];
@@ -208,8 +211,7 @@ void frmFilter::LoadList(const ListFieldType& field) {
   const bool code = type_->EditedBy() == FieldType::Editor::Codes;
   lxtOther.ColumnSet(code ? u"1,2,3" : u"-1,1");
   if (!EditsChoice()) return lxtOther.SetList(type_->Words());
-  std::vector<Text> items = code ? ReadCodeList(session_, field.strKeyField)
-                                 : ReadEnumList(session_, field.strListFieldDesc);
+  std::vector<Text> items = ItemsOf(field);
   std::vector<Text> cells;
   cells.reserve(items.size() + 6);
   const auto addEnd = [&](TextView text) {
@@ -221,6 +223,17 @@ void frmFilter::LoadList(const ListFieldType& field) {
   std::move(items.begin(), items.end(), std::back_inserter(cells));
   addEnd(frmFilterColumn::kChooseItems);
   lxtOther.SetList(std::move(cells));
+}
+
+std::vector<Text> frmFilter::ItemsOf(const ListFieldType& field) {
+  const bool code = Edits(Editor::Codes);
+  auto& known = code ? codes_ : values_;
+  const Text key = code ? UpperAscii(field.strKeyField) : field.strListFieldDesc;
+  if (const auto found = known.find(key); found != known.end()) return found->second;
+  CodeList list = code ? ReadCodeList(session_, field.strKeyField)
+                       : ReadEnumList(session_, field.strListFieldDesc);
+  if (list.isWhole) known[key] = list.cells;
+  return std::move(list.cells);
 }
 
 // Sets the editors to the field's row in the grid, or to no condition.
@@ -286,6 +299,7 @@ void frmFilter::ArrangeEditors() {
   const bool date = Edits(Editor::Dates);
   lblTitle.Visible(open);
   lxtOther.Visible(open && !date);
+  cmdChoose.Visible(EditsChoice());
   lblFrom.Visible(between || period);
   lblTo.Visible(between || period);
   txtFrom.Visible(value);
@@ -398,6 +412,7 @@ void frmFilter::CommitPeriod(const Text& word) {
 
 // Between the two bounds of one value the focus moves freely: only leaving both judges them.
 void frmFilter::BoxLeft(const Control* next) {
+  DropFocusWish();
   if (next != &txtFrom && next != &txtTo) CommitValue();
 }
 

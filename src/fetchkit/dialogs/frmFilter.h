@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <vector>
 
 #include "fetchkit/base/Date.h"
 #include "fetchkit/base/Text.h"
@@ -56,6 +58,7 @@ class frmFilter final : public Form {
   Frame Frame1{*this, u"Frame1", u"条件设置"};
   Label lblTitle{*this, u"lblTitle"};  // shows an "&" as it is
   PickCombo lxtOther{*this, u"lxtOther"};
+  CommandButton cmdChoose{*this, u"cmdChoose", u"选择项目(&S)..."};  // of CODE and ENUM columns
   Label lblFrom{*this, u"lblFrom", u"从"};
   TextBox txtFrom{*this, u"txtFrom"};
   DateSpinner datFrom{*this, u"datFrom"};
@@ -81,6 +84,7 @@ class frmFilter final : public Form {
   void CloseEditor();
   void EnterEditor();
   void LoadList(const ListFieldType& field);
+  std::vector<Text> ItemsOf(const ListFieldType& field);
   void ShowCondition();
   void ArrangeEditors();
   void EmptyEditors();
@@ -112,6 +116,9 @@ class frmFilter final : public Form {
   Session& session_;
   FormView& view_;
   ListType list_;
+  // The lists of codes and values that came in whole, each with its statement's keyword or caption:
+  // they are read once while the dialog is open.
+  std::map<Text, std::vector<Text>> codes_, values_;
   Text result_;
   bool confirmed_ = false;
   bool busy_ = false;
