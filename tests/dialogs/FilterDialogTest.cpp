@@ -186,10 +186,10 @@ node 数量; keys 大 enter¦closed¦txtFrom
 node 数量; keys 介 tab¦closed¦txtFrom
 node 期间; keys 自 enter¦closed¦datFrom
 node 期间; keys 本 enter¦closed¦
-node 数量; keys 零 tab¦closed¦cmdOk
-node 数量; keys 零 back¦closed¦msgFilter
+node 数量; keys 零 tab¦closed¦msgFilter
+node 数量; keys 零 back¦closed¦tvwFilter
 node 人员; keys down¦4¦
-node 人员; keys 02 back; keys up¦2¦msgFilter)")) {
+node 人员; keys 02 back; keys up¦2¦tvwFilter)")) {
     SCOPED_TRACE(acts);
     EXPECT_FALSE(Show(acts, [&](frmFilter& form) {
       const PickCombo& picker = form.lxtOther;
@@ -342,11 +342,43 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     EXPECT_EQ(grid.Rows(), 1) << "an echo while the editors are rearranged";
   }));
 
+  using Picture = TreeView::Picture;
+  EXPECT_FALSE(Show("node 数量; pick 零或空值; node 日期", [](frmFilter& form) {
+    const auto& nodes = form.tvwFilter.Nodes();
+    static constexpr Picture kPictures[] = {
+        Picture::Words, Picture::Number, Picture::Number, Picture::Number, Picture::YesNo,
+        Picture::Date,  Picture::Date,   Picture::List,   Picture::List,   Picture::Words};
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      EXPECT_EQ(nodes[i].Shows, kPictures[i]) << i;
+      EXPECT_EQ(nodes[i].Bold, i == 1) << i;
+      EXPECT_EQ(nodes[i].Image, u"closed");
+    }
+    EXPECT_EQ(form.lblOther.Caption(), u"日期(&T)");
+    Play(form, "node 数量; pick 大于");
+    EXPECT_EQ(form.lblOther.Caption(), u"条件(&T)");
+    EXPECT_TRUE(form.lblValue.Visible() && form.txtFrom.IsAlone());
+    Play(form, "pick 介于");
+    EXPECT_FALSE(form.lblValue.Visible() || form.txtFrom.IsAlone());
+    Play(form, "clear");
+    EXPECT_FALSE(nodes[1].Bold);
+    EXPECT_EQ(form.lblCount.Caption(), u"已设 0 个条件");
+  }));
+
   // 25 rows take one more; with 26 the tree opens nothing, and the grid opens what it has.
   ListType wide;
   for (int i = 0; i < 28; ++i) {
     wide.ListField.push_back(Column(Join(u"c", i), u"LONG", u"n"));
     if (i < 25) wide.ListField.back().strFilter = wide.ListField.back().strExtValue = u"零或空值";
+  }
+  for (const auto& [acts, count] :
+       {std::pair("", u"已设 25 个条件，还可设 1 个"),
+        {"node c25; pick 零或空值", u"已设 26 个条件，不能再增加"},
+        {"delete c1; delete c2; node c3; pick 任意; delete c4; row c5; "
+         "delete c5",
+         u"已设 20 个条件，还可设 6 个"},
+        {"delete c1; delete c2; delete c3; delete c4; delete c5; delete c6", u"已设 19 个条件"}}) {
+    list_ = wide;
+    EXPECT_FALSE(Show(acts, [&](frmFilter& form) { EXPECT_EQ(form.lblCount.Caption(), count); }));
   }
   // The title of the open editor, the column of the tree, the grid's row, what wants the focus.
   for (const auto& [acts, title, node, row, focus] : Lines<5>(R"(

@@ -188,15 +188,13 @@ inline std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_
   return rows;
 }
 
-// The names of the editors that the user sees, in Tab order.
+// The names of the editors that the user sees, in Tab order, without the labels of one alone.
 inline std::string EditorsOf(const frmFilter& form) {
+  const Control* const editors[] = {&form.lxtOther, &form.datDate, &form.lblFrom, &form.txtFrom,
+                                    &form.datFrom,  &form.lblTo,   &form.txtTo,   &form.datTo};
   std::string names;
-  for (const Control* control : form.Controls()) {
-    const std::string name = ToUtf8(control->Name());
-    const bool editor = control->Index() < 0 && name.find("Frame") != 0 && name != "lblTitle" &&
-                        name.find("Filter") == std::string::npos && name != "cmdChoose";
-    if (editor && control->Visible()) names.append(names.empty() ? "" : " ").append(name);
-  }
+  for (const Control* editor : editors)
+    if (editor->Visible()) names.append(names.empty() ? "" : " ").append(ToUtf8(editor->Name()));
   return names;
 }
 

@@ -61,6 +61,10 @@ void TreeView::Add(Node node) {
   Changed();
 }
 
+void TreeView::Bold(int index, bool bold) {
+  Set(nodes_.at(static_cast<std::size_t>(index)).Bold, bold);
+}
+
 void TreeView::UserClickedNode(int index) {
   if (!TakesActs() || index < 0 || index >= static_cast<int>(nodes_.size())) return;
   selected_ = index;

@@ -50,6 +50,10 @@ class TextBox : public Control {
   const fetchkit::Text& Text() const { return text_; }
   void Text(fetchkit::Text text) { Set(text_, std::move(text)); }
 
+  // Whether no other box stands beside it: it has the room for both then.
+  bool IsAlone() const { return alone_; }
+  void IsAlone(bool alone) { Set(alone_, alone); }
+
   // Why what stands in the box was refused; empty for a box without a mark. A view draws a frame
   // round a marked box and says the message while the pointer rests on it.
   const fetchkit::Text& Mark() const { return mark_; }
@@ -76,6 +80,7 @@ class TextBox : public Control {
  private:
   fetchkit::Text text_;
   fetchkit::Text mark_;
+  bool alone_ = false;
 };
 
 // A date, shown as "yyyy-MM-dd", with a tick in front of it where it may be left out.
@@ -112,16 +117,22 @@ class TreeView : public Control {
  public:
   using Control::Control;
 
+  // What the picture in front of a node tells; inverted for a bold one.
+  enum class Picture { Words, Number, Date, List, YesNo };
+
   struct Node {
     fetchkit::Text Key;
     fetchkit::Text Text;   // no access key: an "&" is shown
     fetchkit::Text Image;  // name in the image list: "closed"
     int Tag = 0;
+    Picture Shows = Picture::Words;
+    bool Bold = false;
   };
 
   const std::vector<Node>& Nodes() const { return nodes_; }
   void Clear();
   void Add(Node node);
+  void Bold(int index, bool bold);
 
   int SelectedItem() const { return selected_; }
   void SelectedItem(int index) { Set(selected_, index); }

@@ -20,8 +20,10 @@
 namespace fetchkit {
 namespace {
 
-// With the header: at this size no editor opens any more.
-constexpr int kFullGrid = 27;
+// At this number of conditions the tree opens no editor any more; a few before it the dialog begins
+// to count down.
+constexpr int kMostRows = 26;
+constexpr int kManyRows = 20;
 
 constexpr double kLargestNumber = 1E125;
 
@@ -35,6 +37,27 @@ using Editor = FieldType::Editor;
 
 bool NeedsValue(TextView word) {
   return word != words::kAny && word != words::kNull && word != words::kZeroOrNull;
+}
+
+TreeView::Picture PictureOf(const ListFieldType& field) {
+  using Picture = TreeView::Picture;
+  const FieldType* type = FieldTypeOf(field.strFieldType);
+  if (type == nullptr) return Picture::Words;
+  switch (type->EditedBy()) {
+    case Editor::Numbers:
+      return Picture::Number;
+    case Editor::Periods:
+    case Editor::Dates:
+      return Picture::Date;
+    case Editor::Codes:
+    case Editor::Values:
+      return Picture::List;
+    case Editor::YesNo:
+      return Picture::YesNo;
+    case Editor::Texts:
+      break;
+  }
+  return Picture::Words;
 }
 
 int RowOfText(const PickCombo& picker, TextView text) {
@@ -69,9 +92,9 @@ frmFilter::frmFilter(Session& session, FormView& view)
   lblTitle.UseMnemonic(false);
   for (CommandButton& button : cmdOk)
     button.ToolTipText(button.Caption());
-  SetTabOrder({&Frame3, &tvwFilter, &Frame2, &msgFilter, &Frame1, &lblTitle, &lxtOther, &cmdChoose,
-               &lblFrom, &txtFrom, &datFrom, &lblTo, &txtTo, &datTo, &datDate, &cmdOk[2], &cmdOk[0],
-               &cmdOk[1]});
+  SetTabOrder({&Frame3,    &tvwFilter, &Frame1,    &lblTitle, &lblOther, &lxtOther, &datDate,
+               &cmdChoose, &lblValue,  &lblFrom,   &txtFrom,  &datFrom,  &lblTo,    &txtTo,
+               &datTo,     &Frame2,    &msgFilter, &lblCount, &cmdOk[2], &cmdOk[0], &cmdOk[1]});
 
   // A view whose windows echo what the node handler does to the editors is not heard.
   const auto unlessBusy = [this](auto handler) {
@@ -134,11 +157,13 @@ bool frmFilter::Init() {
   for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
     const ListFieldType& field = list_.ListField[i];
     if (!field.blnIsFilter) continue;
-    tvwFilter.Add({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i)});
+    tvwFilter.Add({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i),
+                   PictureOf(field)});
     if (!field.strFilter.empty())
       msgFilter.AddRow({Join(i), field.strListFieldDesc, field.strFilter, field.strFieldType,
                         field.strExtValue});
   }
+  ShowRows();
   if (tvwFilter.Nodes().empty()) {
     confirmed_ = true;
     return false;
@@ -163,7 +188,7 @@ void frmFilter::OpenColumn(const TreeView::Node& node) {
   // What stands in a box when the user goes on is left behind with it; a value that is refused is
   // given up.
   CommitValue();
-  if (msgFilter.Rows() < kFullGrid) return OpenEditor(node.Tag);
+  if (Conditions() < kMostRows) return OpenEditor(node.Tag);
   RefuseSilently(kFullWarning);
   const Busy busy(busy_);
   CloseEditor();
@@ -299,7 +324,11 @@ void frmFilter::ArrangeEditors() {
   const bool date = Edits(Editor::Dates);
   lblTitle.Visible(open);
   lxtOther.Visible(open && !date);
+  lblOther.Caption(Text(date ? u"日期(&T)" : u"条件(&T)"));
+  lblOther.Visible(open);
   cmdChoose.Visible(EditsChoice());
+  lblValue.Visible(value && !between);
+  txtFrom.IsAlone(!between);
   lblFrom.Visible(between || period);
   lblTo.Visible(between || period);
   txtFrom.Visible(value);
@@ -428,6 +457,7 @@ void frmFilter::DeleteRow() {
   const int row = msgFilter.Row();
   const bool edited = row == RowOfField(field_);
   msgFilter.RemoveItem(row);
+  ShowRows();
   if (edited) ShowCondition();
   if (msgFilter.Row() > 0) OpenRow();
 }
@@ -454,6 +484,7 @@ void frmFilter::Cancel() {
 void frmFilter::Clear() {
   DropFocusWish();
   msgFilter.ClearRows();
+  ShowRows();
   word_ = words::kAny;
   EmptyEditors();
   lxtOther.Show(Text(words::kAll));
@@ -515,6 +546,24 @@ void frmFilter::Unmark() {
     box->Mark({});
 }
 
+int frmFilter::Conditions() const {
+  return msgFilter.Rows() - msgFilter.FixedRows();
+}
+
+// What tells of the rows outside the grid.
+void frmFilter::ShowRows() {
+  const int count = Conditions();
+  Text shown = Join(u"已设 ", count, u" 个条件");
+  if (count >= kMostRows)
+    shown += u"，不能再增加";
+  else if (count >= kManyRows)
+    shown += Join(u"，还可设 ", kMostRows - count, u" 个");
+  lblCount.Caption(std::move(shown));
+  const auto& nodes = tvwFilter.Nodes();
+  for (std::size_t i = 0; i < nodes.size(); ++i)
+    tvwFilter.Bold(static_cast<int>(i), RowOfField(nodes[i].Tag) >= 0);
+}
+
 void frmFilter::WriteRow(const Text& text, const Text& value) {
   if (field_ < 0) return;
   const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(field_));
@@ -528,6 +577,7 @@ void frmFilter::WriteRow(const Text& text, const Text& value) {
     msgFilter.TextMatrix(row, FilterColumns::kValue, value);
   }
   msgFilter.Row(row);
+  ShowRows();
 }
 
 void frmFilter::RemoveRow() {
@@ -535,6 +585,7 @@ void frmFilter::RemoveRow() {
   if (row < 0) return;
   msgFilter.RemoveItem(row);
   msgFilter.Row(-1);
+  ShowRows();
 }
 
 int frmFilter::RowOfField(int field) const {

@@ -20,14 +20,14 @@ namespace fetchkit {
 
 // One node per filterable column, one grid row per condition, and editors for one column: tree,
 // grid and editors follow each other. With all the conditions that there may be the tree opens no
-// editor and only marks its column's row; the grid opens it. A word that needs no value takes
-// effect when it is picked, a value when its box is left or Enter is pressed, a date when it is
-// changed or ticked by hand; "任意" and "所有" take the condition away, as Delete on the grid's row
-// and a box that the user empties do. A value that is refused stays in its box, which is marked,
-// until another column opens; the grid stays as it was, and no message appears. The user may go
-// anywhere; only OK stays open over it and wants the focus back in the box. A word that needs a
-// value sends the focus to its box, "自定义" to the first date. Errors in a handler end the failing
-// step alone; the diagnostics sink hears of them.
+// editor and only marks its column's row; the grid opens it. Columns with a condition are bold. A
+// word that needs no value takes effect when it is picked, a value when its box is left or Enter is
+// pressed, a date when it is changed or ticked by hand; "任意" and "所有" take the condition away,
+// as Delete on the grid's row and a box that the user empties do. A value that is refused stays in
+// its box, which is marked, until another column opens; the grid stays as it was, and no message
+// appears. The user may go anywhere; only OK stays open over it and wants the focus back in the
+// box. A word that needs a value sends the focus to its box, "自定义" to the first date. Errors in
+// a handler end the failing step alone; the diagnostics sink hears of them.
 //
 // Acts that the controls take: tvwFilter node clicked; msgFilter row selected, double click, F2,
 // Delete; lxtOther picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
@@ -53,19 +53,22 @@ class frmFilter final : public Form {
   // In the order of the Tab key, which walks Clear in front of OK and Cancel.
   Frame Frame3{*this, u"Frame3", u"可选项目(&M)"};
   TreeView tvwFilter{*this, u"tvwFilter"};
-  Frame Frame2{*this, u"Frame2", u"已选条件(&H)"};
-  MSFlexGrid msgFilter{*this, u"msgFilter"};
   Frame Frame1{*this, u"Frame1", u"条件设置"};
   Label lblTitle{*this, u"lblTitle"};  // shows an "&" as it is
+  Label lblOther{*this, u"lblOther"};  // of lxtOther, or datDate
   PickCombo lxtOther{*this, u"lxtOther"};
+  DateSpinner datDate{*this, u"datDate"};
   CommandButton cmdChoose{*this, u"cmdChoose", u"选择项目(&S)..."};  // of CODE and ENUM columns
+  Label lblValue{*this, u"lblValue", u"值(&V)"};                     // of a txtFrom that is alone
   Label lblFrom{*this, u"lblFrom", u"从"};
   TextBox txtFrom{*this, u"txtFrom"};
   DateSpinner datFrom{*this, u"datFrom"};
   Label lblTo{*this, u"lblTo", u"到"};
   TextBox txtTo{*this, u"txtTo"};
   DateSpinner datTo{*this, u"datTo"};
-  DateSpinner datDate{*this, u"datDate"};
+  Frame Frame2{*this, u"Frame2", u"已选条件(&H)"};
+  MSFlexGrid msgFilter{*this, u"msgFilter"};
+  Label lblCount{*this, u"lblCount"};  // how many conditions there are, and may be added
   // OK, Cancel, Clear.
   std::array<CommandButton, 3> cmdOk{CommandButton{*this, u"cmdOk", u"确定", 0},
                                      CommandButton{*this, u"cmdOk", u"取消", 1},
@@ -107,6 +110,8 @@ class frmFilter final : public Form {
   TextBox* RefusedBox(TextView& warning);
   void Unmark();
   void CommitPeriod(const Text& word);
+  int Conditions() const;
+  void ShowRows();
   void WriteRow(const Text& text, const Text& value);
   void RemoveRow();
   int RowOfField(int field) const;
