@@ -116,7 +116,7 @@ void ScriptedUser::ShowModal(frmMultiChoose& form, std::int32_t) {
                             form.lstAll.ListCount(), form.lstSelected.ListCount()));
   if (form.lstAll.ListCount() > 0) {
     console_.Line("chooses " + ToUtf8(form.lstAll.List(0)) + " and moves it up");
-    form.lstAll.UserDoubleClicked(0);
+    form.lstAll.UserDoubleClickedRow(0);
     form.cmdSerial[0].UserPressed();
   }
   form.cmdOk.UserPressed();
@@ -175,7 +175,7 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
     } else if ((answer->word == "d" || answer->word == "e") && node >= 0) {
       const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
       form.msgFilter.UserSelectedRow(row);
-      if (row >= 0 && answer->word == "d") form.msgFilter.UserPressedDelete();
+      if (row >= 0 && answer->word == "d") form.msgFilter.UserPressed(RowControl::Key::Delete);
       if (row >= 0 && answer->word == "e") Edit(form);
     } else if (answer->word.empty() && node >= 0) {
       form.tvwFilter.UserClickedNode(node);
@@ -294,11 +294,11 @@ void AskedUser::ShowModal(frmMultiChoose& form, std::int32_t) {
     } else if (answer->word == "o") {
       form.UserPressedEnter();
     } else if (answer->number && answer->word.empty()) {
-      form.lstAll.UserDoubleClicked(*answer->number - 1);
+      form.lstAll.UserDoubleClickedRow(*answer->number - 1);
     } else if (answer->number && answer->word == "t") {
-      form.lstSelected.UserDoubleClicked(*answer->number - 1);
+      form.lstSelected.UserDoubleClickedRow(*answer->number - 1);
     } else if (answer->number && (answer->word == "u" || answer->word == "d")) {
-      form.lstSelected.UserSelected(*answer->number - 1);
+      form.lstSelected.UserSelectedRow(*answer->number - 1);
       form.cmdSerial[answer->word == "u" ? 0 : 1].UserPressed();
     }
   }

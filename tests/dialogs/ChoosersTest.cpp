@@ -53,6 +53,12 @@ back and forth¦CODE¦2¦3¦left c2 n2; all right; left c1 n1; ok¦true¦3,2¦n3
 all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
 cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
 close box¦CODE¦2¦3¦close¦false¦¦
+several at once keep their order¦CODE¦1¦5¦select left c2 n2/c4 n4; press left space; ok¦true¦1,2,4¦n1 n2 n4
+and the next one follows¦ENUM¦¦4¦select left c1/c2; press left right; press left right; ok¦true¦'c1','c2','c3'¦c1,c2,c3
+back, too¦ENUM¦c1,c2,c3,c4¦4¦select right c2/c3; press right del; press right left; ok¦true¦'c1'¦c1
+keys of the other side¦ENUM¦c1¦3¦press left del; press left left; press right right; ok¦true¦'c1'¦c1
+everything by keys¦ENUM¦¦3¦select left; press left space; press left space; ok¦true¦'c1','c2','c3'¦c1,c2,c3
+nothing selected¦ENUM¦¦3¦select left x; press left space; ok¦true¦¦
 another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)")) {
     SCOPED_TRACE(name);
     Fill(std::stoi(items), type != "ENUM");
@@ -63,17 +69,24 @@ another type has no items¦LONG¦1¦3¦all right; ok¦true¦¦)")) {
               ok == "true");
     EXPECT_EQ(ToUtf8(given), ids);
     EXPECT_EQ(ToUtf8(shown), names);
+    const int all = type == "LONG" ? 0 : std::stoi(items);
+    EXPECT_EQ(form.lblCount.Caption(), Join(u"共 ", form.msgAll.Rows(), u" 项"));
+    EXPECT_EQ(form.lblSelectedCount.Caption(), Join(u"已选 ", all - form.msgAll.Rows(), u" 项"));
   }
 }
 
 TEST_F(Choosers, TheLimitIsSilentAndLeavesTheRest) {
   Fill(300, true);
-  for (const auto& [choosed, more, expected] :
-       {std::tuple(TextView(u""), false, 251), {u"300,299", false, 251}, {u"", true, 252}}) {
+  for (const auto& [choosed, acts, expected] :
+       {std::tuple(TextView(u""), "all right", 251),
+        {u"300,299", "all right", 251},
+        {u"300,299", "select left; press left space", 251},
+        {u"", "all right; all right; select left c252 n252/c253 n253; press left right", 251},
+        {u"", "all right; right c252 n252", 252}}) {
     const RecordingSink sink;
     frmFilterColumn form(player_, owner_);
     Text names, ids;
-    player_.chooser = more ? "all right; all right; right c252 n252; ok" : "all right; ok";
+    player_.chooser = std::string(acts) + "; ok";
     EXPECT_TRUE(form.ShowFiltration(u"CODE", owner_.lxtOther, choosed, names, ids));
     EXPECT_EQ(form.msgSelected.Rows(), expected);
     EXPECT_EQ(form.msgAll.Rows(), 300 - expected);
@@ -102,6 +115,8 @@ TEST_F(Choosers, MultiChoose) {
 names in the order of the columns¦¦all right; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='部 1' 或 部&门='09')¦财务部 01,销售部 02,部 1,09
 a part of another item counts¦(部&门='销售部 1')¦ok¦true¦(部&门='部 1')¦部 1
 own order¦财务部 01 销售部 02¦up 销售部 02; right 09; up 09; up 09; down 09; ok¦true¦(部&门='销售部 02' 或 部&门='09' 或 部&门='财务部 01')¦销售部 02,09,财务部 01
+one of several moves neither up nor down¦财务部 01 销售部 02¦select right; up; right 09; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02' 或 部&门='09')¦财务部 01,销售部 02,09
+two at once¦¦select left 财务部 01/部 1; press left right; up 部 1; ok¦true¦(部&门='部 1' 或 部&门='财务部 01')¦部 1,财务部 01
 at the ends nothing moves¦财务部 01 销售部 02¦up 财务部 01; down 销售部 02; ok¦true¦(部&门='财务部 01' 或 部&门='销售部 02')¦财务部 01,销售部 02
 nothing chosen¦销售部 02¦left 销售部 02; ok¦true¦¦
 all back¦销售部 02¦all left; ok¦true¦¦

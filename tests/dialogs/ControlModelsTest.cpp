@@ -28,9 +28,10 @@ class EveryControl : public Form {
 
   void Listen() {
     const auto heard = [this](auto&&...) { ++count; };
-    button.OnClick = box.OnChange = box.OnEnter = date.OnChange = grid.OnRowSelect =
-        grid.OnDoubleClick = grid.OnF2 = grid.OnDelete = list.OnSelect = list.OnDoubleClick = heard;
+    button.OnClick = box.OnChange = box.OnEnter = date.OnChange = grid.OnSelect =
+        grid.OnDoubleClick = list.OnSelect = list.OnDoubleClick = heard;
     box.OnLeave = heard;
+    grid.OnKey = heard;
     tree.OnNodeClick = heard;
     list.OnPointer = heard;
     pick.OnPick = heard;
@@ -47,10 +48,10 @@ class EveryControl : public Form {
     tree.UserClickedNode(at);
     grid.UserSelectedRow(at + grid.FixedRows());
     grid.UserDoubleClickedRow(at + grid.FixedRows());
-    grid.UserPressedF2();
-    grid.UserPressedDelete();
-    list.UserSelected(at);
-    list.UserDoubleClicked(at);
+    grid.UserPressed(RowControl::Key::F2);
+    grid.UserPressed(RowControl::Key::Delete);
+    list.UserSelectedRow(at);
+    list.UserDoubleClickedRow(at);
     list.UserMovedPointer(5);
     pick.UserPicked(at);
     return count;
@@ -126,8 +127,8 @@ TEST(ControlModels, WhatIsNoRowItemOrCellIsNothing) {
   EveryControl form;
   form.grid.RemoveItem(0);
   EXPECT_EQ(form.grid.Rows(), 3) << "headers stay";
-  form.grid.MoveRowsTo(form.grid, 0, 1);
-  form.grid.MoveRowsTo(form.grid, 3, 0);
+  for (const std::vector<int>& rows : {std::vector{0}, {1, 3}, {}})
+    form.grid.MoveRowsTo(form.grid, rows);
   EXPECT_EQ(form.grid.Rows(), 3);
 
   form.list.OnPointer = [&](int item) { form.count = item; };

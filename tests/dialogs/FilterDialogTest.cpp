@@ -560,7 +560,7 @@ TEST_F(FilterDialog, OkThatCannotWriteBackStaysOpen) {
     form.msgFilter.AddRow({u"99", u"", u"x", u"LONG", u"x"});
     form.UserPressedEnter();
     form.msgFilter.UserSelectedRow(2);
-    form.msgFilter.UserPressedDelete();
+    form.msgFilter.UserPressed(RowControl::Key::Delete);
     form.UserPressedEnter();
     EXPECT_FALSE(form.IsOpen());
   };

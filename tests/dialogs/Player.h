@@ -37,12 +37,6 @@ inline void PlayAll(Form& form, std::string_view script, Acts acts) {
   }
 }
 
-inline Acts MovesOf(TwoListForm& form) {
-  return {{"all", [&](TextView side) {
-             (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
-           }}};
-}
-
 template <class Count, class TextAt>
 int Find(Count count, TextView text, TextAt&& textAt) {
   for (int i = 0; i < static_cast<int>(count); ++i)
@@ -57,6 +51,41 @@ inline int Find(const MSFlexGrid& grid, int col, TextView text) {
 
 inline int Find(const ListBox& list, TextView text) {
   return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
+}
+
+// "all right|left", "select right|left TEXT/TEXT/..." (in the list on that side; nothing for all),
+// "press right|left space|del|right|left".
+template <class List>
+Acts MovesOf(TwoListForm& form, List& all, List& selected, std::function<Text(List&, int)> textOf) {
+  const auto listOf = [&](TextView act) -> List& {
+    return act.starts_with(u"right") ? selected : all;
+  };
+  const auto rest = [](TextView act) { return act.substr(std::min(act.find(u' '), act.size())); };
+  Acts acts;
+  acts["all"] = [&](TextView side) {
+    (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+  };
+  acts["select"] = [=](TextView act) {
+    List& list = listOf(act);
+    if (rest(act).empty()) return list.UserSelectedAll();
+    list.UserSelectedRow(0);
+    list.UserSelectedAll();
+    const auto texts = Split(rest(act).substr(1), u"/");
+    std::vector<int> rows;
+    for (const int row : list.Selection())
+      if (std::find(texts.begin(), texts.end(), textOf(list, row)) != texts.end())
+        rows.push_back(row);
+    list.UserSelectedRows(rows);
+  };
+  acts["press"] = [=](TextView act) {
+    using Key = RowControl::Key;
+    const TextView key = rest(act).substr(1);
+    listOf(act).UserPressed(key == u"space"   ? Key::Space
+                            : key == u"del"   ? Key::Delete
+                            : key == u"right" ? Key::Right
+                                              : Key::Left);
+  };
+  return acts;
 }
 
 // Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
@@ -114,20 +143,22 @@ inline void Play(frmFilter& form, std::string_view script) {
   acts["double"] = [&](TextView text) {
     form.msgFilter.UserDoubleClickedRow(Find(form.msgFilter, 1, text));
   };
-  acts["F2"] = [&](TextView) { form.msgFilter.UserPressedF2(); };
+  acts["F2"] = [&](TextView) { form.msgFilter.UserPressed(RowControl::Key::F2); };
   acts["delete"] = [&](TextView text) {
     form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
-    form.msgFilter.UserPressedDelete();
+    form.msgFilter.UserPressed(RowControl::Key::Delete);
   };
   acts["choose"] = [&](TextView) { form.cmdChoose.UserPressed(); };
   acts["clear"] = [&](TextView) { form.cmdOk[2].UserPressed(); };
   PlayAll(form, script, std::move(acts));
 }
 
-// "right TEXT", "left TEXT" (double click on the row with that text), "all right", "all left",
-// "ok", "cancel", "close".
+// "right TEXT", "left TEXT" (double click on the row with that text), those of MovesOf, "ok",
+// "cancel", "close".
 inline void Play(frmFilterColumn& form, std::string_view script) {
-  Acts acts = MovesOf(form);
+  Acts acts =
+      MovesOf<MSFlexGrid>(form, form.msgAll, form.msgSelected,
+                          [](MSFlexGrid& grid, int row) { return grid.TextMatrix(row, 2); });
   acts["right"] = [&](TextView text) {
     form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text));
   };
@@ -137,16 +168,17 @@ inline void Play(frmFilterColumn& form, std::string_view script) {
   PlayAll(form, script, std::move(acts));
 }
 
-// The same, and "up TEXT", "down TEXT".
+// The same, and "up TEXT", "down TEXT"; nothing for the ones that are selected.
 inline void Play(frmMultiChoose& form, std::string_view script) {
   const auto presses = [&form](CommandButton& button) {
     return [&form, &button](TextView text) {
-      form.lstSelected.UserSelected(Find(form.lstSelected, text));
+      if (!text.empty()) form.lstSelected.UserSelectedRow(Find(form.lstSelected, text));
       button.UserPressed();
     };
   };
-  Acts acts = MovesOf(form);
-  acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClicked(Find(form.lstAll, text)); };
+  Acts acts = MovesOf<ListBox>(form, form.lstAll, form.lstSelected,
+                               [](ListBox& list, int item) { return list.List(item); });
+  acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClickedRow(Find(form.lstAll, text)); };
   acts["left"] = presses(form.cmdLeftOne);
   acts["up"] = presses(form.cmdSerial[0]);
   acts["down"] = presses(form.cmdSerial[1]);

@@ -76,7 +76,7 @@ class RandomUser : public FormView {
     for (int i = in_.Below(12); i > 0; --i) {
       ListBox& list = in_.Bool() ? form.lstAll : form.lstSelected;
       const int item = OneOf(list.ListCount());
-      in_.Bool() ? list.UserSelected(item) : list.UserDoubleClicked(item);
+      in_.Bool() ? list.UserSelectedRow(item) : list.UserDoubleClickedRow(item);
       form.lstAll.extent = {50, in_.Below(3), 8, in_.Below(3)};
       form.lstAll.UserMovedPointer(in_.Byte() - 10);
       form.cmdSerial[static_cast<std::size_t>(in_.Below(2))].UserPressed();
@@ -144,7 +144,7 @@ class RandomUser : public FormView {
         return form.msgFilter.UserSelectedRow(OneOf(form.msgFilter.Rows()));
       default:
         if (in_.Below(8) == 7) return form.cmdOk[2].UserPressed();
-        return form.msgFilter.UserPressedDelete();
+        return form.msgFilter.UserPressed(RowControl::Key::Delete);
     }
   }
 

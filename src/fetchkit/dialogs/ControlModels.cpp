@@ -1,15 +1,28 @@
 #include "fetchkit/dialogs/ControlModels.h"
 
 #include <algorithm>
-#include <iterator>
+#include <numeric>
 #include <utility>
 
 namespace fetchkit {
 namespace {
 
-// What is the current one of count rows or items when some went away.
-int Inside(int current, int first, int count) {
-  return current < first || count <= first ? -1 : std::min(current, count - 1);
+// Moves the elements at those places to the end of another vector. Without memory none is on its
+// way.
+template <class T>
+void MoveElements(std::vector<T>& from, const std::vector<int>& places, std::vector<T>& to) {
+  to.reserve(to.size() + places.size());
+  auto place = places.begin();
+  std::size_t kept = static_cast<std::size_t>(places.front());
+  for (std::size_t at = kept; at < from.size(); ++at) {
+    if (place != places.end() && at == static_cast<std::size_t>(*place)) {
+      to.push_back(std::move(from[at]));
+      ++place;
+    } else {
+      from[kept++] = std::move(from[at]);
+    }
+  }
+  from.resize(kept);
 }
 
 }  // namespace
@@ -71,6 +84,76 @@ void TreeView::UserClickedNode(int index) {
   if (OnNodeClick) OnNodeClick(nodes_[static_cast<std::size_t>(index)]);
 }
 
+// ---- RowControl
+
+std::vector<int> RowControl::Selection() const {
+  if (!several_.empty() || current_ < 0) return several_;
+  return {current_};
+}
+
+void RowControl::Current(int row) {
+  if (row == current_ && several_.empty()) return;
+  current_ = row;
+  several_.clear();
+  Changed();
+}
+
+void RowControl::KeepInside() {
+  several_.clear();
+  if (current_ >= 0) current_ = EndRow() <= FirstRow() ? -1 : std::min(current_, EndRow() - 1);
+}
+
+void RowControl::KeepInsideWithout(int row) {
+  if (row < current_) --current_;
+  KeepInside();
+}
+
+void RowControl::Moved(int firstMoved) {
+  current_ = firstMoved;
+  KeepInside();
+  Changed();
+}
+
+void RowControl::Received() {
+  if (current_ < 0) current_ = FirstRow();
+  Changed();
+}
+
+void RowControl::UserSelectedRow(int row) {
+  if (!TakesActs() || !Has(row)) return;
+  current_ = row;
+  several_.clear();
+  if (OnSelect) OnSelect();
+}
+
+void RowControl::UserSelectedRows(const std::vector<int>& rows) {
+  if (!TakesActs() || !multiSelect_) return;
+  several_.clear();
+  for (const int row : rows)
+    if (Has(row) && (several_.empty() || several_.back() < row)) several_.push_back(row);
+  current_ = several_.empty() ? -1 : several_.front();
+  if (OnSelect) OnSelect();
+}
+
+void RowControl::UserSelectedAll() {
+  if (!TakesActs() || !multiSelect_ || EndRow() <= FirstRow()) return;
+  several_.resize(static_cast<std::size_t>(EndRow() - FirstRow()));
+  std::iota(several_.begin(), several_.end(), FirstRow());
+  current_ = FirstRow();
+  Changed();
+  if (OnSelect) OnSelect();
+}
+
+void RowControl::UserDoubleClickedRow(int row) {
+  if (!TakesActs() || !Has(row)) return;
+  UserSelectedRow(row);
+  if (OnDoubleClick) OnDoubleClick();
+}
+
+void RowControl::UserPressed(Key key) {
+  if (TakesActs() && Has(current_) && OnKey) OnKey(key);
+}
+
 // ---- MSFlexGrid
 
 void MSFlexGrid::FormatString(Text format) {
@@ -85,7 +168,7 @@ void MSFlexGrid::FormatString(Text format) {
   }
   cells_.assign(1, header);
   fixedRows_ = 1;
-  row_ = -1;
+  Current(-1);
   Changed();
 }
 
@@ -94,7 +177,7 @@ void MSFlexGrid::SetUp(int cols) {
   columns_.assign(At(cols), {});
   cells_.clear();
   fixedRows_ = 0;
-  row_ = -1;
+  Current(-1);
   Changed();
 }
 
@@ -124,54 +207,23 @@ void MSFlexGrid::AddRow(std::vector<Text> row) {
 }
 
 void MSFlexGrid::RemoveItem(int row) {
-  if (!IsDataRow(row)) return;
+  if (row < fixedRows_ || row >= Rows()) return;
   cells_.erase(cells_.begin() + row);
-  if (row < row_) --row_;
-  KeepRowInside();
+  KeepInsideWithout(row);
   Changed();
 }
 
-void MSFlexGrid::MoveRowsTo(MSFlexGrid& other, int first, int count) {
-  if (count <= 0 || !IsDataRow(first) || !IsDataRow(first + count - 1)) return;
-  // First of all: without memory no row may be on its way.
-  other.cells_.reserve(other.cells_.size() + At(count));
-  const auto begin = cells_.begin() + first;
-  std::move(begin, begin + count, std::back_inserter(other.cells_));
-  cells_.erase(begin, begin + count);
-  KeepRowInside();
-  if (other.row_ < 0) other.row_ = other.fixedRows_;
-  Changed();
-  other.Changed();
+void MSFlexGrid::MoveRowsTo(MSFlexGrid& other, const std::vector<int>& rows) {
+  if (rows.empty() || rows.front() < fixedRows_ || rows.back() >= Rows()) return;
+  MoveElements(cells_, rows, other.cells_);
+  Moved(rows.front());
+  other.Received();
 }
 
 void MSFlexGrid::ClearRows() {
   cells_.resize(At(std::min(fixedRows_, Rows())));
-  row_ = -1;
+  Current(-1);
   Changed();
-}
-
-void MSFlexGrid::UserSelectedRow(int row) {
-  if (!TakesActs() || !IsDataRow(row)) return;
-  row_ = row;
-  if (OnRowSelect) OnRowSelect();
-}
-
-void MSFlexGrid::UserDoubleClickedRow(int row) {
-  if (!TakesActs() || !IsDataRow(row)) return;
-  UserSelectedRow(row);
-  if (OnDoubleClick) OnDoubleClick();
-}
-
-void MSFlexGrid::UserPressedF2() {
-  if (TakesActs() && IsDataRow(row_) && OnF2) OnF2();
-}
-
-void MSFlexGrid::UserPressedDelete() {
-  if (TakesActs() && IsDataRow(row_) && OnDelete) OnDelete();
-}
-
-void MSFlexGrid::KeepRowInside() {
-  row_ = Inside(row_, fixedRows_, Rows());
 }
 
 // ---- ListBox
@@ -182,54 +234,33 @@ void ListBox::List(int item, Text text) {
 
 void ListBox::Clear() {
   items_.clear();
-  index_ = -1;
+  Current(-1);
   Changed();
 }
 
 void ListBox::AddItem(Text text) {
   items_.push_back(std::move(text));
-  if (index_ < 0) index_ = 0;
-  Changed();
+  Received();
 }
 
 void ListBox::RemoveItem(int item) {
   if (item < 0 || item >= ListCount()) return;
   items_.erase(items_.begin() + item);
-  if (item < index_) --index_;
-  KeepIndexInside();
+  KeepInsideWithout(item);
   Changed();
 }
 
-void ListBox::MoveAllTo(ListBox& other) {
-  if (items_.empty()) return;
-  // First of all: without memory no item may be on its way.
-  other.items_.reserve(other.items_.size() + items_.size());
-  std::move(items_.begin(), items_.end(), std::back_inserter(other.items_));
-  Clear();
-  if (other.index_ < 0) other.index_ = 0;
-  other.Changed();
-}
-
-void ListBox::UserSelected(int item) {
-  if (!TakesActs() || item < 0 || item >= ListCount()) return;
-  index_ = item;
-  if (OnSelect) OnSelect();
-}
-
-void ListBox::UserDoubleClicked(int item) {
-  if (!TakesActs() || item < 0 || item >= ListCount()) return;
-  UserSelected(item);
-  if (OnDoubleClick) OnDoubleClick();
+void ListBox::MoveItemsTo(ListBox& other, const std::vector<int>& items) {
+  if (items.empty() || items.front() < 0 || items.back() >= ListCount()) return;
+  MoveElements(items_, items, other.items_);
+  Moved(items.front());
+  other.Received();
 }
 
 void ListBox::UserMovedPointer(int y) {
   if (!TakesActs() || !OnPointer) return;
   const int item = y < 0 || extent.itemHeight <= 0 ? -1 : extent.topIndex + y / extent.itemHeight;
   OnPointer(item < ListCount() ? item : -1);
-}
-
-void ListBox::KeepIndexInside() {
-  index_ = Inside(index_, 0, ListCount());
 }
 
 }  // namespace fetchkit

@@ -147,10 +147,55 @@ class TreeView : public Control {
   int selected_ = -1;
 };
 
-// A flex grid: rows of cells, the first FixedRows of them headers.
-class MSFlexGrid : public Control {
+// What grids and list boxes share: a current row, which is selected, and, where that is allowed,
+// others that are selected with it. Rows of a grid include its headers, which are not among them.
+class RowControl : public Control {
  public:
   using Control::Control;
+
+  bool MultiSelect() const { return multiSelect_; }
+  void MultiSelect(bool several) { Set(multiSelect_, several); }
+
+  // Ascending; empty when there is no current row.
+  std::vector<int> Selection() const;
+
+  void UserSelectedRow(int row);                        // alone, the current one again included
+  void UserSelectedRows(const std::vector<int>& rows);  // ascending, with MultiSelect
+  void UserSelectedAll();                               // with MultiSelect
+  void UserDoubleClickedRow(int row);                   // selects it first
+
+  enum class Key { F2, Delete, Space, Left, Right };
+  void UserPressed(Key key);  // with a current row
+
+  std::function<void()> OnSelect;
+  std::function<void()> OnDoubleClick;
+  std::function<void(Key)> OnKey;
+
+ protected:
+  // Rows are those from the first on and below the end.
+  virtual int FirstRow() const { return 0; }
+  virtual int EndRow() const = 0;
+
+  int Current() const { return current_; }
+  void Current(int row);
+  void KeepInside();
+  void KeepInsideWithout(int row);
+  // After rows were moved away, and to here.
+  void Moved(int firstMoved);
+  void Received();
+
+ private:
+  bool Has(int row) const { return row >= FirstRow() && row < EndRow(); }
+
+  bool multiSelect_ = false;
+  int current_ = -1;
+  std::vector<int> several_;  // empty for the current row alone
+};
+
+// A flex grid: rows of cells, the first FixedRows of them headers.
+class MSFlexGrid : public RowControl {
+ public:
+  using RowControl::RowControl;
 
   int Rows() const { return static_cast<int>(cells_.size()); }
   int Cols() const { return static_cast<int>(columns_.size()); }
@@ -179,31 +224,21 @@ class MSFlexGrid : public Control {
   void AddRow(std::vector<Text> row);
   void RemoveItem(int row);
 
-  // Moves count rows from first on to the end of another grid of the same columns, in order. The
-  // other grid has a current row then.
-  void MoveRowsTo(MSFlexGrid& other, int first, int count);
+  // Moves rows, ascending, to the end of another grid of the same columns, in order. The next row
+  // becomes the current one; the other grid has one then.
+  void MoveRowsTo(MSFlexGrid& other, const std::vector<int>& rows);
 
   // Takes away all rows but the headers.
   void ClearRows();
 
   // The current row, -1 for none; when it goes, the next one is.
-  int Row() const { return row_; }
-  void Row(int row) { Set(row_, row); }
-
-  void UserSelectedRow(int row);       // the current one again included
-  void UserDoubleClickedRow(int row);  // selects it first
-  void UserPressedF2();                // with a current row
-  void UserPressedDelete();            // with a current row
-
-  std::function<void()> OnRowSelect;
-  std::function<void()> OnDoubleClick;
-  std::function<void()> OnF2;
-  std::function<void()> OnDelete;
+  int Row() const { return Current(); }
+  void Row(int row) { Current(row); }
 
  private:
   static std::size_t At(int at) { return static_cast<std::size_t>(at); }
-  bool IsDataRow(int row) const { return row >= fixedRows_ && row < Rows(); }
-  void KeepRowInside();
+  int FirstRow() const override { return fixedRows_; }
+  int EndRow() const override { return Rows(); }
 
   struct Column {
     int width = 960;
@@ -213,12 +248,11 @@ class MSFlexGrid : public Control {
   std::vector<Column> columns_;
   std::vector<std::vector<Text>> cells_;
   int fixedRows_ = 0;
-  int row_ = -1;
 };
 
-class ListBox : public Control {
+class ListBox : public RowControl {
  public:
-  using Control::Control;
+  using RowControl::RowControl;
 
   int ListCount() const { return static_cast<int>(items_.size()); }
   const Text& List(int item) const { return items_.at(static_cast<std::size_t>(item)); }
@@ -228,11 +262,12 @@ class ListBox : public Control {
   void AddItem(Text text);
   void RemoveItem(int item);
 
-  // Moves all items to the end of another list, in order.
-  void MoveAllTo(ListBox& other);
+  // Moves items, ascending, to the end of another list, in order. The next item becomes the current
+  // one; the other list has one then.
+  void MoveItemsTo(ListBox& other, const std::vector<int>& items);
 
-  int ListIndex() const { return index_; }
-  void ListIndex(int item) { Set(index_, item); }
+  int ListIndex() const { return Current(); }
+  void ListIndex(int item) { Current(item); }
 
   // What the view knows of the list's picture, in its own units; set whenever it changes.
   struct Extent {
@@ -243,19 +278,14 @@ class ListBox : public Control {
   };
   Extent extent;
 
-  void UserSelected(int item);
-  void UserDoubleClicked(int item);  // selects it first
-  void UserMovedPointer(int y);      // from the upper edge of the list
+  void UserMovedPointer(int y);  // from the upper edge of the list
 
-  std::function<void()> OnSelect;
-  std::function<void()> OnDoubleClick;
   std::function<void(int item)> OnPointer;  // the item under the pointer, -1 for none
 
  private:
-  void KeepIndexInside();
+  int EndRow() const override { return ListCount(); }
 
   std::vector<Text> items_;
-  int index_ = -1;
 };
 
 }  // namespace fetchkit

@@ -1,23 +1,30 @@
 // What the two dialogs with a list on either side share.
 #pragma once
 
+#include <numeric>
+#include <vector>
+
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/dialogs/ControlModels.h"
 #include "fetchkit/dialogs/Form.h"
 
 namespace fetchkit {
 
-// Items stand on the left side or, chosen, on the right; four buttons move the current one or all
-// of them over, and are enabled while there is something to move. The lists themselves, OK and
-// Cancel are the form's own.
+// Items stand on the left side or, chosen, on the right; four buttons move the selected ones or all
+// of them over, and are enabled while there is something to move. A double click moves its item,
+// and keys move the selected ones: Space and Right to the right, Space, Left and Delete to the
+// left. Below each list stands how many items it has. The lists themselves, OK and Cancel are the
+// form's own.
 class TwoListForm : public Form {
  public:
   Label lblAll{*this, u"lblAll", u"可选栏目(&S)"};
-  CommandButton cmdRightOne{*this, u"cmdRightOne", u">"};
-  CommandButton cmdRightAll{*this, u"cmdRightAll", u">>"};
-  CommandButton cmdLeftOne{*this, u"cmdLeftOne", u"<"};
-  CommandButton cmdLeftAll{*this, u"cmdLeftAll", u"<<"};
+  Label lblCount{*this, u"lblCount"};
+  CommandButton cmdRightOne{*this, u"cmdRightOne", u"选择(&A) >"};
+  CommandButton cmdRightAll{*this, u"cmdRightAll", u"全部选择(&L) >>"};
+  CommandButton cmdLeftOne{*this, u"cmdLeftOne", u"< 移除(&R)"};
+  CommandButton cmdLeftAll{*this, u"cmdLeftAll", u"<< 全部移除(&E)"};
   Label lblSelected{*this, u"lblSelected", u"已选栏目(&T)"};
+  Label lblSelectedCount{*this, u"lblSelectedCount"};
 
   void UserClosed() override { Close(); }
 
@@ -35,22 +42,54 @@ class TwoListForm : public Form {
     return [this, handler](auto... arguments) { Step(Name(), [&] { handler(arguments...); }); };
   }
 
-  // Lets two of the buttons, and a double click in either list, move the current item: what calls
-  // move(from, to).
-  template <class List, class Move>
-  void WireMoves(List& all, List& selected, Move move) {
-    cmdRightOne.OnClick = all.OnDoubleClick = Act([&all, &selected, move] { move(all, selected); });
-    cmdLeftOne.OnClick = selected.OnDoubleClick =
-        Act([&all, &selected, move] { move(selected, all); });
+  // Lets buttons, double clicks and keys move items: what calls move(from, to, items), items
+  // ascending; moved() brings the buttons and counts up to date.
+  template <class List, class Move, class Moved>
+  void WireMoves(List& all, List& selected, Move move, Moved moved) {
+    using Key = RowControl::Key;
+    all.MultiSelect(true);
+    selected.MultiSelect(true);
+    const auto moves = [this, move, moved](List& from, List& to, auto itemsOf) {
+      return Act([&from, &to, move, moved, itemsOf] {
+        move(from, to, itemsOf(from));
+        moved();
+      });
+    };
+    const auto selection = [](const List& list) { return list.Selection(); };
+    const auto right = moves(all, selected, selection);
+    const auto left = moves(selected, all, selection);
+    cmdRightOne.OnClick = all.OnDoubleClick = right;
+    cmdLeftOne.OnClick = selected.OnDoubleClick = left;
+    cmdRightAll.OnClick = moves(all, selected, EveryItem<List>);
+    cmdLeftAll.OnClick = moves(selected, all, EveryItem<List>);
+    all.OnKey = [right](Key key) {
+      if (key == Key::Space || key == Key::Right) right();
+    };
+    selected.OnKey = [left](Key key) {
+      if (key == Key::Space || key == Key::Left || key == Key::Delete) left();
+    };
+    all.OnSelect = selected.OnSelect = Act(moved);
   }
 
-  // Current item, -1 for none, and number of items of the left and of the right list.
-  void EnableMoves(int current, int count, int currentSelected, int countSelected) {
-    cmdRightOne.Enabled(current >= 0);
+  // Whether something is selected, and how many there are, in the left and in the right list.
+  void ShowCounts(bool anySelected, int count, bool anySelectedChosen, int countChosen) {
+    cmdRightOne.Enabled(anySelected);
     cmdRightAll.Enabled(count > 0);
-    cmdLeftOne.Enabled(currentSelected >= 0);
-    cmdLeftAll.Enabled(countSelected > 0);
+    cmdLeftOne.Enabled(anySelectedChosen);
+    cmdLeftAll.Enabled(countChosen > 0);
+    lblCount.Caption(Join(u"共 ", count, u" 项"));
+    lblSelectedCount.Caption(Join(u"已选 ", countChosen, u" 项"));
   }
+
+ private:
+  template <class List>
+  static std::vector<int> EveryItem(const List& list) {
+    std::vector<int> items(static_cast<std::size_t>(CountOf(list)));
+    std::iota(items.begin(), items.end(), 0);
+    return items;
+  }
+  static int CountOf(const MSFlexGrid& grid) { return grid.Rows(); }
+  static int CountOf(const ListBox& list) { return list.ListCount(); }
 };
 
 }  // namespace fetchkit

@@ -103,12 +103,12 @@ frmFilter::frmFilter(Session& session, FormView& view)
     };
   };
   tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenColumn(node); });
-  msgFilter.OnRowSelect = unlessBusy([this] { OpenRow(); });
-  msgFilter.OnDoubleClick = msgFilter.OnF2 = unlessBusy([this] {
-    OpenRow();
-    EnterEditor();
+  msgFilter.OnSelect = unlessBusy([this] { OpenRow(); });
+  msgFilter.OnDoubleClick = unlessBusy([this] { EnterEditor(); });
+  msgFilter.OnKey = unlessBusy([this](RowControl::Key key) {
+    if (key == RowControl::Key::F2) EnterEditor();
+    if (key == RowControl::Key::Delete) DeleteRow();
   });
-  msgFilter.OnDelete = unlessBusy([this] { DeleteRow(); });
   lxtOther.OnPick = unlessBusy([this](int row) { Picked(row); });
   for (TextBox* box : {&txtFrom, &txtTo}) {
     box->OnChange = unlessBusy([this] {
@@ -227,6 +227,7 @@ void frmFilter::CloseEditor() {
 }
 
 void frmFilter::EnterEditor() {
+  OpenRow();
   Control* const editors[] = {&txtFrom, &datDate, &lxtOther};
   for (Control* editor : editors)
     if (editor->Visible()) return editor->SetFocus();

@@ -39,17 +39,14 @@ bool IsItem(const PickCombo& picker, int row) {
 
 frmFilterColumn::frmFilterColumn(FormView& view, const frmFilter& owner)
     : TwoListForm(u"frmFilterColumn", u"选择项目"), view_(view), owner_(owner) {
-  SetTabOrder({&lblAll, &msgAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
-               &msgSelected, &cmdOK, &cmdCancel});
-  WireMoves(msgAll, msgSelected, [this](MSFlexGrid& from, MSFlexGrid& to) {
-    from.MoveRowsTo(to, from.Row(), 1);
-    EnableButtons();
-  });
-  cmdRightAll.OnClick = Act([this] { MoveAllRight(); });
-  cmdLeftAll.OnClick = Act([this] {
-    msgSelected.MoveRowsTo(msgAll, 0, msgSelected.Rows());
-    EnableButtons();
-  });
+  SetTabOrder({&lblAll, &msgAll, &lblCount, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll,
+               &lblSelected, &msgSelected, &lblSelectedCount, &cmdOK, &cmdCancel});
+  WireMoves(
+      msgAll, msgSelected,
+      [this](MSFlexGrid& from, MSFlexGrid& to, std::vector<int> rows) {
+        Move(from, to, std::move(rows));
+      },
+      [this] { Refresh(); });
   cmdOK.OnClick = Act([this] { Ok(); });
   cmdCancel.OnClick = Act([this] { Close(); });
 }
@@ -79,7 +76,7 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
     for (MSFlexGrid* grid : {&msgAll, &msgSelected})
       if (grid->Rows() > 0) grid->Row(0);
   }
-  EnableButtons();
+  Refresh();
   Open();
   if (!Step(u"frmFilterColumn.ShowFiltration", [&] { view_.ShowModal(*this, owner_); })) {
     confirmed_ = false;
@@ -92,16 +89,17 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
   return confirmed_;
 }
 
-void frmFilterColumn::MoveAllRight() {
-  const int room = std::max(0, kMostChosen + 1 - msgSelected.Rows());
-  const bool all = msgAll.Rows() <= room;
-  msgAll.MoveRowsTo(msgSelected, 0, std::min(room, msgAll.Rows()));
-  EnableButtons();
-  if (!all) RefuseSilently(kManyWarning);
+// One more is always taken.
+void frmFilterColumn::Move(MSFlexGrid& from, MSFlexGrid& to, std::vector<int> rows) {
+  const auto room = static_cast<std::size_t>(std::max(0, kMostChosen + 1 - msgSelected.Rows()));
+  const bool tooMany = &to == &msgSelected && rows.size() > std::max<std::size_t>(room, 1);
+  if (tooMany) rows.resize(room);
+  from.MoveRowsTo(to, rows);
+  if (tooMany) RefuseSilently(kManyWarning);
 }
 
-void frmFilterColumn::EnableButtons() {
-  EnableMoves(msgAll.Row(), msgAll.Rows(), msgSelected.Row(), msgSelected.Rows());
+void frmFilterColumn::Refresh() {
+  ShowCounts(msgAll.Row() >= 0, msgAll.Rows(), msgSelected.Row() >= 0, msgSelected.Rows());
 }
 
 void frmFilterColumn::Ok() {

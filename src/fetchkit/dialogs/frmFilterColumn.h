@@ -1,6 +1,8 @@
 // The chooser: several items for one CODE or ENUM condition of the filter dialog.
 #pragma once
 
+#include <vector>
+
 #include "fetchkit/base/Text.h"
 #include "fetchkit/dialogs/FormView.h"
 #include "fetchkit/dialogs/PickCombo.h"
@@ -9,10 +11,10 @@
 namespace fetchkit {
 
 // Two grids without a header: column 0 holds the item's id or value, column 1 its name, column 2
-// what is shown. "All to the right" stops, silently, once more than 250 items are chosen.
+// what is shown. Several to the right stop, silently, once more than 250 items are chosen.
 //
-// Acts that the controls take: msgAll, msgSelected row selected, double click; the buttons pressed;
-// form Enter (OK), Escape and closed (Cancel).
+// Acts that the controls take: msgAll, msgSelected rows selected, double click, keys; the buttons
+// pressed; form Enter (OK), Escape and closed (Cancel).
 class frmFilterColumn final : public TwoListForm {
  public:
   // The picker's own entries at both ends of its list, which are no items.
@@ -38,8 +40,8 @@ class frmFilterColumn final : public TwoListForm {
   void UserPressedEscape() override { cmdCancel.UserPressed(); }
 
  private:
-  void MoveAllRight();
-  void EnableButtons();
+  void Move(MSFlexGrid& from, MSFlexGrid& to, std::vector<int> rows);
+  void Refresh();
   void Ok();
 
   FormView& view_;

@@ -21,20 +21,19 @@ frmMultiChoose::frmMultiChoose(FormView& view)
     : TwoListForm(u"frmMultiChoose", u"选择"), view_(view) {
   cmdSerial[0].ToolTipText(u"上移");
   cmdSerial[1].ToolTipText(u"下移");
-  SetTabOrder({&lblAll, &lstAll, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll, &lblSelected,
-               &lstSelected, &cmdSerial[0], &cmdSerial[1], &cmdOk, &cmdCancel});
-  WireMoves(lstAll, lstSelected, [this](ListBox& from, ListBox& to) { MoveItem(from, to); });
-  cmdRightAll.OnClick = Act([this] {
-    lstAll.MoveAllTo(lstSelected);
-    RefreshButtons();
-  });
-  cmdLeftAll.OnClick = Act([this] {
-    lstSelected.MoveAllTo(lstAll);
-    RefreshButtons();
-  });
+  SetTabOrder({&lblAll, &lstAll, &lblCount, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll,
+               &lblSelected, &lstSelected, &lblSelectedCount, &cmdSerial[0], &cmdSerial[1], &cmdOk,
+               &cmdCancel});
+  WireMoves(
+      lstAll, lstSelected,
+      [](ListBox& from, ListBox& to, const std::vector<int>& items) {
+        from.MoveItemsTo(to, items);
+        // One that was moved alone is moved up or down next.
+        if (items.size() == 1) to.ListIndex(to.ListCount() - 1);
+      },
+      [this] { Refresh(); });
   cmdSerial[0].OnClick = Act([this] { Exchange(-1); });
   cmdSerial[1].OnClick = Act([this] { Exchange(1); });
-  lstAll.OnSelect = lstSelected.OnSelect = Act([this] { RefreshButtons(); });
   lstAll.OnPointer = Act([this](int item) { PointAt(item); });
   cmdOk.OnClick = Act([this] { Ok(); });
   cmdCancel.OnClick = Act([this] { Close(); });
@@ -57,7 +56,7 @@ MultiChooseResult frmMultiChoose::ShowMultiChoose(const MultiChooseRequest& requ
       LoadRows(*request.oCodeRs, request.strChoosedCond);
     }
   });
-  RefreshButtons();
+  Refresh();
   Open();
   if (!Step(u"frmMultiChoose.ShowMultiChoose", [&] { view_.ShowModal(*this, request.hWndOwner); }))
     confirmed_ = false;
@@ -91,15 +90,6 @@ void frmMultiChoose::LoadRows(Recordset& rows, TextView choosed) {
   }
 }
 
-void frmMultiChoose::MoveItem(ListBox& from, ListBox& to) {
-  const int item = from.ListIndex();
-  if (item < 0) return;
-  to.AddItem(from.List(item));
-  to.ListIndex(to.ListCount() - 1);
-  from.RemoveItem(item);
-  RefreshButtons();
-}
-
 void frmMultiChoose::Exchange(int step) {
   const int item = lstSelected.ListIndex();
   const int other = item + step;
@@ -108,7 +98,7 @@ void frmMultiChoose::Exchange(int step) {
   lstSelected.List(item, lstSelected.List(other));
   lstSelected.List(other, std::move(text));
   lstSelected.ListIndex(other);
-  RefreshButtons();
+  Refresh();
 }
 
 void frmMultiChoose::PointAt(int item) {
@@ -119,11 +109,12 @@ void frmMultiChoose::PointAt(int item) {
   lstAll.ToolTipText(std::move(tip));
 }
 
-void frmMultiChoose::RefreshButtons() {
+void frmMultiChoose::Refresh() {
   const int current = lstSelected.ListIndex();
-  EnableMoves(lstAll.ListIndex(), lstAll.ListCount(), current, lstSelected.ListCount());
-  cmdSerial[0].Enabled(current > 0);
-  cmdSerial[1].Enabled(current >= 0 && current + 1 < lstSelected.ListCount());
+  const bool alone = lstSelected.Selection().size() == 1;
+  ShowCounts(lstAll.ListIndex() >= 0, lstAll.ListCount(), current >= 0, lstSelected.ListCount());
+  cmdSerial[0].Enabled(alone && current > 0);
+  cmdSerial[1].Enabled(alone && current + 1 < lstSelected.ListCount());
 }
 
 void frmMultiChoose::Ok() {

@@ -28,9 +28,9 @@ struct MultiChooseResult {
   Text strShowCond;  // the items for display; empty unless bOk
 };
 
-// Acts that the controls take: lstAll, lstSelected item selected, double click; lstAll pointer
-// moved; the buttons pressed (cmdSerial 0 moves the current chosen item up, 1 down); form Enter
-// (OK), Escape and closed (Cancel).
+// Acts that the controls take: lstAll, lstSelected items selected, double click, keys; lstAll
+// pointer moved; the buttons pressed (cmdSerial 0 moves the current chosen item up, 1 down); form
+// Enter (OK), Escape and closed (Cancel).
 class frmMultiChoose final : public TwoListForm {
  public:
   // The view must outlive the form.
@@ -54,10 +54,9 @@ class frmMultiChoose final : public TwoListForm {
  private:
   void LoadEnum(const Value& arrEnum);
   void LoadRows(Recordset& rows, TextView choosed);
-  void MoveItem(ListBox& from, ListBox& to);
   void Exchange(int step);
   void PointAt(int item);
-  void RefreshButtons();
+  void Refresh();
   void Ok();
 
   FormView& view_;
