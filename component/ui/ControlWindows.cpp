@@ -45,6 +45,7 @@ TextBoxWindow::~TextBoxWindow() {
 void TextBoxWindow::Refresh() {
   ControlWindow::Refresh();
   SetTextOf(window(), box_.Text());
+  form_.SetAlone(window(), box_.IsAlone());
   tip_.SetText(box_.Mark());
   if (std::exchange(isMarked_, !box_.Mark().empty()) != isMarked_)
     RedrawWindow(window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);

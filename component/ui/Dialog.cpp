@@ -246,18 +246,32 @@ void Dialog::Arrange() {
   const LONG wider = client.right - firstClient_.cx;
   const LONG taller = client.bottom - firstClient_.cy;
   HDWP positions = BeginDeferWindowPos(static_cast<int>(placed_.size()));
+  const auto rightEdge = [wider](const Placed& each) {
+    return each.at.right + wider * (each.follows.moveX + each.follows.growX) / 100;
+  };
   for (const Placed& each : placed_) {
     const TemplateControl& how = each.follows;
-    positions = DeferWindowPos(
-        positions, each.control, nullptr, each.at.left + wider * how.moveX / 100,
-        each.at.top + taller * how.moveY / 100,
-        each.at.right - each.at.left + wider * how.growX / 100,
-        each.at.bottom - each.at.top + taller * how.growY / 100, SWP_NOZORDER | SWP_NOACTIVATE);
+    const LONG left = each.at.left + wider * how.moveX / 100;
+    LONG right = rightEdge(each);
+    for (const Placed& other : placed_)
+      if (each.alone && other.follows.id == how.aloneTo) right = rightEdge(other);
+    positions = DeferWindowPos(positions, each.control, nullptr, left,
+                               each.at.top + taller * how.moveY / 100, right - left,
+                               each.at.bottom - each.at.top + taller * how.growY / 100,
+                               SWP_NOZORDER | SWP_NOACTIVATE);
   }
   EndDeferWindowPos(positions);
   // Frames paint only their lines, so what they left behind has to go.
   InvalidateRect(window_, nullptr, TRUE);
   OnLayout();
+}
+
+void Dialog::SetAlone(HWND control, bool alone) {
+  for (Placed& each : placed_) {
+    if (each.control != control || each.alone == alone) continue;
+    each.alone = alone;
+    Arrange();
+  }
 }
 
 void Dialog::Rescale(UINT dpi, const RECT& suggested) {

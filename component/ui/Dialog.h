@@ -18,6 +18,7 @@ struct TemplateControl {
   int index;  // in a control array, -1 for a single control
   int id;
   int moveX, moveY, growX, growY;
+  int aloneTo = 0;  // the control to whose right edge it reaches while no other stands beside it
 };
 
 // Built from a dialog template of the resources, in the user's message font. It may be resized,
@@ -60,6 +61,8 @@ class Dialog {
 
   std::span<const TemplateControl> templateControls() const { return templateControls_; }
   HWND Window(int id) const { return GetDlgItem(window_, id); }
+  // Whether a control with an aloneTo stands alone.
+  void SetAlone(HWND control, bool alone);
   // Pixels of a length at 96 dots per inch, and of twips (1440 to the inch).
   int Pixels(int at96) const;
   int PixelsOfTwips(int twips) const;
@@ -69,6 +72,7 @@ class Dialog {
     HWND control;
     RECT at;  // in the dialog's first size
     TemplateControl follows;
+    bool alone = false;
   };
 
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);

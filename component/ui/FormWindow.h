@@ -72,6 +72,7 @@ class FormWindow : public Dialog, private FormObserver {
   Control* ModelOf(HWND window) const;
   using Dialog::Pixels;
   using Dialog::PixelsOfTwips;
+  using Dialog::SetAlone;
 
  private:
   void OnInit() final;

@@ -12,10 +12,15 @@ constexpr UINT_PTR kSubclass = 1;
 
 }  // namespace
 
-RowsWindow::RowsWindow(FormWindow& form, Control& model, HWND window)
-    : ControlWindow(model, window), form_(form) {
+RowsWindow::RowsWindow(FormWindow& form, RowControl& model, HWND window)
+    : ControlWindow(model, window), form_(form), rows_(model) {
+  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   constexpr DWORD kStyles = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
   SendMessageW(window, LVM_SETEXTENDEDLISTVIEWSTYLE, kStyles, kStyles);
+}
+
+RowsWindow::~RowsWindow() {
+  RemoveWindowSubclass(window(), Subclass, kSubclass);
 }
 
 void RowsWindow::SetColumns(std::vector<int> widths, const std::vector<Text>& captions) {
@@ -47,7 +52,15 @@ void RowsWindow::OnLayout() {
   ListView_SetColumnWidth(window(), last, std::max(left, widths_.back() / 2));
 }
 
-void RowsWindow::RefreshRows(int selected) {
+// As the model counts rows.
+std::vector<int> RowsWindow::ShownSelection() const {
+  std::vector<int> rows;
+  for (int row = -1; (row = ListView_GetNextItem(window(), row, LVNI_SELECTED)) >= 0;)
+    rows.push_back(row + Headers());
+  return rows;
+}
+
+void RowsWindow::RefreshRows() {
   const int count = RowCount();
   if (ListView_GetItemCount(window()) != count)
     SendMessageW(window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
@@ -55,16 +68,56 @@ void RowsWindow::RefreshRows(int selected) {
   RECT client{};
   GetClientRect(window(), &client);
   if (client.right != clientWidth_) RowsWindow::OnLayout();
-  const int shown = ListView_GetNextItem(window(), -1, LVNI_SELECTED);
-  if (shown != selected) {
-    ListView_SetItemState(window(), -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
-    if (selected >= 0) {
-      ListView_SetItemState(window(), selected, LVIS_SELECTED | LVIS_FOCUSED,
-                            LVIS_SELECTED | LVIS_FOCUSED);
-      ListView_EnsureVisible(window(), selected, FALSE);
+  const std::vector<int> selection = rows_.Selection();
+  if (ShownSelection() != selection) {
+    const bool all = static_cast<int>(selection.size()) == count;
+    ListView_SetItemState(window(), -1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
+    for (const int row : selection)
+      if (!all) ListView_SetItemState(window(), row - Headers(), LVIS_SELECTED, LVIS_SELECTED);
+    if (!selection.empty()) {
+      const int first = selection.front() - Headers();
+      ListView_SetItemState(window(), first, LVIS_FOCUSED, LVIS_FOCUSED);
+      ListView_SetSelectionMark(window(), first);
+      if (!all) ListView_EnsureVisible(window(), first, FALSE);
     }
   }
   InvalidateRect(window(), nullptr, TRUE);
+}
+
+// The system tells of a change row by row: they are looked at together.
+void RowsWindow::OnLater() {
+  selectionPosted_ = false;
+  rows_.UserSelectedRows(ShownSelection());
+}
+
+LRESULT CALLBACK RowsWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR, DWORD_PTR selfPointer) {
+  auto* self = reinterpret_cast<RowsWindow*>(selfPointer);
+  if (message == WM_MOUSEMOVE) self->PointerMoved(GET_Y_LPARAM(second));
+  if (message == WM_KEYDOWN && self->Pressed(first)) return 0;
+  // The characters of keys that move rows look for none.
+  if (message == WM_CHAR && self->rows_.MultiSelect() && first <= L' ') return 0;
+  return DefSubclassProc(window, message, first, second);
+}
+
+bool RowsWindow::Pressed(WPARAM key) {
+  using Key = RowControl::Key;
+  const bool several = rows_.MultiSelect();
+  if (several && key == 'A' && GetKeyState(VK_CONTROL) < 0) {
+    form_.Act([this] { rows_.UserSelectedAll(); });
+    return true;
+  }
+  static constexpr std::pair<WPARAM, Key> kKeys[] = {{VK_F2, Key::F2},
+                                                     {VK_DELETE, Key::Delete},
+                                                     {VK_SPACE, Key::Space},
+                                                     {VK_LEFT, Key::Left},
+                                                     {VK_RIGHT, Key::Right}};
+  for (const auto& [virtualKey, meaning] : kKeys) {
+    if (virtualKey != key) continue;
+    form_.Act([&, which = meaning] { rows_.UserPressed(which); });
+    return several;
+  }
+  return false;
 }
 
 int RowsWindow::Find(const NMLVFINDITEMW& wanted) const {
@@ -93,26 +146,29 @@ bool RowsWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
     case LVN_ODFINDITEMW:
       result = Find(reinterpret_cast<const NMLVFINDITEMW&>(notice));
       return true;
+    case LVN_ODSTATECHANGED:
     case LVN_ITEMCHANGED: {
+      if (form_.IsRefreshing()) return true;
+      if (rows_.MultiSelect()) {
+        if (!std::exchange(selectionPosted_, true)) form_.PostLater(*this);
+        return true;
+      }
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
       const bool chosen = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
-      if (!form_.IsRefreshing() && chosen && change.iItem >= 0) Selected(change.iItem);
+      if (chosen && change.iItem >= 0) rows_.UserSelectedRow(change.iItem + Headers());
       return true;
     }
     case NM_CLICK: {
       // The selected row again, of which the system tells no change.
       const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(notice);
-      if (click.iItem >= 0) Selected(click.iItem);
+      if (click.iItem >= 0 && !rows_.MultiSelect()) rows_.UserSelectedRow(click.iItem + Headers());
       return true;
     }
     case NM_DBLCLK: {
       const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(notice);
-      if (click.iItem >= 0) DoubleClicked(click.iItem);
+      if (click.iItem >= 0) rows_.UserDoubleClickedRow(click.iItem + Headers());
       return true;
     }
-    case LVN_KEYDOWN:
-      Pressed(reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey);
-      return true;
     default:
       return false;
   }
@@ -147,7 +203,7 @@ void GridWindow::OnLayout() {
 void GridWindow::Refresh() {
   ControlWindow::Refresh();
   ReadColumns();
-  RefreshRows(grid_.Row() < grid_.FixedRows() ? -1 : grid_.Row() - grid_.FixedRows());
+  RefreshRows();
 }
 
 int GridWindow::RowCount() const {
@@ -158,27 +214,9 @@ const Text& GridWindow::CellText(int row, int column) const {
   return grid_.TextMatrix(row + grid_.FixedRows(), visible_.at(static_cast<std::size_t>(column)));
 }
 
-void GridWindow::Selected(int row) {
-  grid_.UserSelectedRow(row + grid_.FixedRows());
-}
-
-void GridWindow::DoubleClicked(int row) {
-  grid_.UserDoubleClickedRow(row + grid_.FixedRows());
-}
-
-void GridWindow::Pressed(WORD key) {
-  if (key == VK_DELETE) grid_.UserPressedDelete();
-  if (key == VK_F2) grid_.UserPressedF2();
-}
-
 ListBoxWindow::ListBoxWindow(FormWindow& form, ListBox& model, HWND window)
     : RowsWindow(form, model, window), list_(model), tip_(window) {
-  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   SetColumns({1}, {Text()});
-}
-
-ListBoxWindow::~ListBoxWindow() {
-  RemoveWindowSubclass(window(), Subclass, kSubclass);
 }
 
 void ListBoxWindow::OnLayout() {
@@ -195,16 +233,9 @@ void ListBoxWindow::OnLayout() {
 
 void ListBoxWindow::Refresh() {
   ControlWindow::Refresh();
-  RefreshRows(list_.ListIndex());
+  RefreshRows();
   OnLayout();
   tip_.SetText(list_.ToolTipText());
-}
-
-LRESULT CALLBACK ListBoxWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                         UINT_PTR, DWORD_PTR selfPointer) {
-  auto* self = reinterpret_cast<ListBoxWindow*>(selfPointer);
-  if (message == WM_MOUSEMOVE) self->PointerMoved(GET_Y_LPARAM(second));
-  return DefSubclassProc(window, message, first, second);
 }
 
 void ListBoxWindow::PointerMoved(int y) {
@@ -218,14 +249,6 @@ int ListBoxWindow::RowCount() const {
 
 const Text& ListBoxWindow::CellText(int row, int) const {
   return list_.List(row);
-}
-
-void ListBoxWindow::Selected(int row) {
-  list_.UserSelected(row);
-}
-
-void ListBoxWindow::DoubleClicked(int row) {
-  list_.UserDoubleClicked(row);
 }
 
 }  // namespace fetchkit::ui

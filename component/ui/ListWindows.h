@@ -14,27 +14,35 @@ namespace fetchkit::ui {
 // not matter.
 class RowsWindow : public ControlWindow {
  public:
-  RowsWindow(FormWindow& form, Control& model, HWND window);
+  RowsWindow(FormWindow& form, RowControl& model, HWND window);
+  ~RowsWindow() override;
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
   void OnLayout() override;
+  void OnLater() override;
 
  protected:
   virtual int RowCount() const = 0;
   virtual const Text& CellText(int row, int column) const = 0;
-  virtual void Selected(int row) = 0;
-  virtual void DoubleClicked(int row) = 0;
-  virtual void Pressed(WORD /*key*/) {}
+  // Of the model's rows, those that are headers.
+  virtual int Headers() const { return 0; }
+  virtual void PointerMoved(int /*y*/) {}
 
   // Number, selection and texts of the rows.
-  void RefreshRows(int selected);
+  void RefreshRows();
   // The last column takes what the others leave.
   void SetColumns(std::vector<int> widths, const std::vector<Text>& captions);
 
   FormWindow& form_;
 
  private:
+  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                   UINT_PTR id, DWORD_PTR self);
   int Find(const NMLVFINDITEMW& wanted) const;
+  bool Pressed(WPARAM key);
+  std::vector<int> ShownSelection() const;
 
+  RowControl& rows_;
+  bool selectionPosted_ = false;
   std::vector<int> widths_;
   LONG clientWidth_ = 0;  // that the columns were laid out for
   Text shown_;            // holds a text while the system copies it
@@ -49,9 +57,7 @@ class GridWindow : public RowsWindow {
  private:
   int RowCount() const override;
   const Text& CellText(int row, int column) const override;
-  void Selected(int row) override;
-  void DoubleClicked(int row) override;
-  void Pressed(WORD key) override;
+  int Headers() const override { return grid_.FixedRows(); }
   void ReadColumns();
 
   MSFlexGrid& grid_;
@@ -62,18 +68,13 @@ class GridWindow : public RowsWindow {
 class ListBoxWindow : public RowsWindow {
  public:
   ListBoxWindow(FormWindow& form, ListBox& model, HWND window);
-  ~ListBoxWindow() override;
   void Refresh() override;
   void OnLayout() override;
 
  private:
-  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                   UINT_PTR id, DWORD_PTR self);
   int RowCount() const override;
   const Text& CellText(int row, int column) const override;
-  void Selected(int row) override;
-  void DoubleClicked(int row) override;
-  void PointerMoved(int y);
+  void PointerMoved(int y) override;
 
   ListBox& list_;
   ToolTip tip_;

@@ -1,5 +1,6 @@
 #include "component/ui/TreeWindow.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "component/ui/WindowTexts.h"
@@ -7,35 +8,82 @@
 namespace fetchkit::ui {
 namespace {
 
-// A closed folder, the one picture of the tree.
-HIMAGELIST DrawClosedFolder(int size) {
-  const HIMAGELIST images = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, 1, 0);
+using Picture = TreeView::Picture;
+constexpr int kPictures = static_cast<int>(Picture::YesNo) + 1;
+
+// By kind, and behind them the inverted ones.
+int ImageOf(const TreeView::Node& node) {
+  return static_cast<int>(node.Shows) + (node.Bold ? kPictures : 0);
+}
+
+// A sheet with a sign on it, drawn in a square of sixteen units.
+void DrawPicture(HDC device, int left, int size, Picture picture, bool inverted) {
+  const int sign = inverted ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+  const auto part = [size](int sixteenths) { return size * sixteenths / 16; };
+  const auto fill = [&](int x1, int y1, int x2, int y2, int color) {
+    const RECT place{left + part(x1), part(y1), left + part(x2), part(y2)};
+    FillRect(device, &place, GetSysColorBrush(color));
+  };
+  RECT whole{left, 0, left + size, size};
+  FillRect(device, &whole, GetSysColorBrush(COLOR_WINDOW));
+  RECT sheet{left + part(1), part(1), left + part(15), part(15)};
+  FillRect(device, &sheet, GetSysColorBrush(inverted ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  FrameRect(device, &sheet, GetSysColorBrush(inverted ? COLOR_HIGHLIGHT : COLOR_GRAYTEXT));
+  switch (picture) {
+    case Picture::Words:
+    case Picture::Number: {
+      const HFONT font = CreateFontW(-part(10), 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE,
+                                     DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                     DEFAULT_QUALITY, DEFAULT_PITCH, L"MS Shell Dlg");
+      const HGDIOBJ before = SelectObject(device, font);
+      SetBkMode(device, TRANSPARENT);
+      SetTextColor(device, GetSysColor(sign));
+      DrawTextW(device, picture == Picture::Words ? L"A" : L"#", 1, &sheet,
+                DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+      SelectObject(device, before);
+      DeleteObject(font);
+      break;
+    }
+    case Picture::Date:
+      fill(3, 4, 13, 6, sign);
+      for (const int x : {4, 7, 10})
+        fill(x, 9, x + 2, 11, sign);
+      break;
+    case Picture::List:
+      for (const int y : {4, 7, 10}) {
+        fill(4, y, 6, y + 2, sign);
+        fill(7, y, 12, y + 2, sign);
+      }
+      break;
+    case Picture::YesNo: {
+      const HPEN pen = CreatePen(PS_SOLID, part(2), GetSysColor(sign));
+      const HGDIOBJ before = SelectObject(device, pen);
+      MoveToEx(device, left + part(4), part(8), nullptr);
+      LineTo(device, left + part(7), part(11));
+      LineTo(device, left + part(12), part(5));
+      SelectObject(device, before);
+      DeleteObject(pen);
+      break;
+    }
+  }
+}
+
+HIMAGELIST DrawPictures(int size) {
+  constexpr int kCount = 2 * kPictures;
+  const HIMAGELIST images = ImageList_Create(size, size, ILC_COLOR24, kCount, 0);
   if (!images) return nullptr;
-  constexpr COLORREF kBehind = RGB(255, 0, 255);
   const HDC screen = GetDC(nullptr);
   const HDC device = CreateCompatibleDC(screen);
-  const HBITMAP picture = CreateCompatibleBitmap(screen, size, size);
+  const HBITMAP strip = CreateCompatibleBitmap(screen, kCount * size, size);
   ReleaseDC(nullptr, screen);
-  const HGDIOBJ bitmapBefore = SelectObject(device, picture);
-  const RECT whole{0, 0, size, size};
-  const HBRUSH behind = CreateSolidBrush(kBehind);
-  FillRect(device, &whole, behind);
-  DeleteObject(behind);
-  const HBRUSH paper = CreateSolidBrush(RGB(255, 217, 102));
-  const HPEN edge = CreatePen(PS_SOLID, 1, RGB(166, 124, 0));
-  const HGDIOBJ brushBefore = SelectObject(device, paper);
-  const HGDIOBJ penBefore = SelectObject(device, edge);
-  const auto part = [size](int sixteenths) { return size * sixteenths / 16; };
-  Rectangle(device, part(1), part(3), part(8), part(7));
-  Rectangle(device, part(1), part(5), part(15), part(14));
-  SelectObject(device, penBefore);
-  SelectObject(device, brushBefore);
-  SelectObject(device, bitmapBefore);
-  DeleteObject(edge);
-  DeleteObject(paper);
+  const HGDIOBJ before = SelectObject(device, strip);
+  for (int image = 0; image < kCount; ++image)
+    DrawPicture(device, image * size, size, static_cast<Picture>(image % kPictures),
+                image >= kPictures);
+  SelectObject(device, before);
   DeleteDC(device);
-  ImageList_AddMasked(images, picture, kBehind);
-  DeleteObject(picture);
+  ImageList_Add(images, strip, nullptr);
+  DeleteObject(strip);
   return images;
 }
 
@@ -53,7 +101,7 @@ TreeWindow::~TreeWindow() {
 void TreeWindow::OnLayout() {
   if (imageSize_ == form_.Pixels(16)) return;
   imageSize_ = form_.Pixels(16);
-  Images images(DrawClosedFolder(imageSize_));
+  Images images(DrawPictures(imageSize_));
   TreeView_SetImageList(window(), images.get(), TVSIL_NORMAL);
   images_ = std::move(images);
 }
@@ -65,17 +113,30 @@ void TreeWindow::Refresh() {
     SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
     TreeView_DeleteAllItems(window());
     items_.clear();
+    bold_.clear();
     for (const TreeView::Node& node : nodes) {
       TVINSERTSTRUCTW item{};
       item.hParent = TVI_ROOT;
       item.hInsertAfter = TVI_LAST;
-      item.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+      item.item.mask = TVIF_TEXT | TVIF_PARAM;
       item.item.pszText = Editable(node.Text);
       item.item.lParam = static_cast<LPARAM>(items_.size());
       items_.push_back(reinterpret_cast<HTREEITEM>(
           SendMessageW(window(), TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item))));
     }
     SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
+  }
+  for (std::size_t at = 0; at < items_.size(); ++at) {
+    if (at < bold_.size() && bold_[at] == nodes[at].Bold) continue;
+    TVITEMW item{};
+    item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_STATE;
+    item.hItem = items_[at];
+    item.iImage = item.iSelectedImage = ImageOf(nodes[at]);
+    item.state = nodes[at].Bold ? TVIS_BOLD : 0;
+    item.stateMask = TVIS_BOLD;
+    SendMessageW(window(), TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    bold_.resize(std::max(bold_.size(), at + 1));
+    bold_[at] = nodes[at].Bold;
   }
   const int selected = tree_.SelectedItem();
   const HTREEITEM wanted = selected < 0 ? nullptr : items_[static_cast<std::size_t>(selected)];

@@ -27,6 +27,7 @@ class TreeWindow : public ControlWindow {
   FormWindow& form_;
   TreeView& tree_;
   std::vector<HTREEITEM> items_;
+  std::vector<bool> bold_;  // as the system shows them
   Images images_;
   int imageSize_ = 0;
 };
