@@ -93,6 +93,7 @@ void Press(HWND dialog, int id) {
 void SelectRow(HWND dialog, int id, int row) {
   const HWND list = GetDlgItem(dialog, id);
   SetFocus(list);
+  ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
