@@ -104,7 +104,7 @@ void DateWindow::Refresh() {
     return;
   // An unticked one keeps showing the date that it was given before.
   DateTime_SetSystemtime(window(), GDT_VALID, &wanted);
-  if (!date_.IsTicked()) DateTime_SetSystemtime(window(), GDT_NONE, nullptr);
+  if (!date_.IsTicked()) DateTime_SetSystemtime(window(), GDT_NONE, &wanted);
 }
 
 bool DateWindow::OnNotify(const NMHDR& notice, LRESULT&) {

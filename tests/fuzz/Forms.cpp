@@ -65,6 +65,7 @@ class RandomUser : public FormView {
       MSFlexGrid& grid = in_.Bool() ? form.msgAll : form.msgSelected;
       grid.UserSelectedRow(OneOf(grid.Rows()));
       if (in_.Bool()) grid.UserDoubleClickedRow(OneOf(grid.Rows()));
+      SelectAndPress(grid);
       PressMove(form);
       EXPECT_EQ(form.msgAll.Rows() + form.msgSelected.Rows(), all) << "an item is lost or twice";
     }
@@ -77,6 +78,7 @@ class RandomUser : public FormView {
       ListBox& list = in_.Bool() ? form.lstAll : form.lstSelected;
       const int item = OneOf(list.ListCount());
       in_.Bool() ? list.UserSelectedRow(item) : list.UserDoubleClickedRow(item);
+      SelectAndPress(list);
       form.lstAll.extent = {50, in_.Below(3), 8, in_.Below(3)};
       form.lstAll.UserMovedPointer(in_.Byte() - 10);
       form.cmdSerial[static_cast<std::size_t>(in_.Below(2))].UserPressed();
@@ -95,6 +97,16 @@ class RandomUser : public FormView {
  private:
   // The number of one of them, sometimes of none.
   int OneOf(int count) { return in_.Below(count + 2) - 1; }
+
+  static constexpr RowControl::Key kRowKeys[] = {RowControl::Key::F2, RowControl::Key::Delete,
+                                                 RowControl::Key::Space, RowControl::Key::Left,
+                                                 RowControl::Key::Right};
+
+  void SelectAndPress(RowControl& rows) {
+    if (in_.Bool()) rows.UserSelectedRows({in_.Below(4) - 1, in_.Below(4), in_.Below(6)});
+    if (in_.Below(8) == 7) rows.UserSelectedAll();
+    if (in_.Bool()) rows.UserPressed(kRowKeys[in_.Below(5)]);
+  }
 
   void PressMove(TwoListForm& form) {
     if (!in_.Bool()) return;
@@ -123,7 +135,7 @@ class RandomUser : public FormView {
     static constexpr TextView kPieces[] = {u"5", u"1", u"0", u"x",    u"a'b",
                                            u",", u"-", u" ", u"张三", u"空值"};
     TextBox& box = in_.Bool() ? form.txtFrom : form.txtTo;
-    switch (in_.Below(10)) {
+    switch (in_.Below(13)) {
       case 0:
       case 1:
         return form.tvwFilter.UserClickedNode(OneOf(10));
@@ -142,13 +154,21 @@ class RandomUser : public FormView {
       case 8:
         form.lxtOther.UserTyped(in_.Pieces(kPieces, 1));
         return form.msgFilter.UserSelectedRow(OneOf(form.msgFilter.Rows()));
+      case 9:
+        form.lxtOther.UserPressed(static_cast<PickCombo::Key>(in_.Below(12)));
+        return;
+      case 10:
+        if (in_.Bool()) return form.cmdChoose.UserPressed();
+        return form.datDate.UserTicked(in_.Bool());
+      case 11:
+        return form.msgFilter.UserPressed(RowControl::Key::F2);
       default:
         if (in_.Below(8) == 7) return form.cmdOk[2].UserPressed();
         return form.msgFilter.UserPressed(RowControl::Key::Delete);
     }
   }
 
-  static void CheckRows(const frmFilter& form) {
+  static void CheckRows(frmFilter& form) {
     static const ListType kList = AnyList();
     std::set<Text> fields;
     for (int row = 1; row < form.msgFilter.Rows(); ++row) {
@@ -157,6 +177,17 @@ class RandomUser : public FormView {
       const auto field = static_cast<std::size_t>(LeadingNumber(index));
       EXPECT_EQ(form.msgFilter.TextMatrix(row, 3), kList.ListField.at(field).strFieldType);
       EXPECT_NE(form.msgFilter.TextMatrix(row, 2), u"");
+    }
+    // Tree and grid are one.
+    const auto& nodes = form.tvwFilter.Nodes();
+    const auto selected = static_cast<std::size_t>(form.tvwFilter.SelectedItem());
+    if (const int row = form.msgFilter.Row(); row >= 0) {
+      EXPECT_EQ(form.msgFilter.TextMatrix(row, 0), Join(nodes[selected].Tag));
+    } else {
+      EXPECT_FALSE(nodes[selected].Bold);
+    }
+    if (const Control* wish = form.TakeFocusWish()) {
+      EXPECT_TRUE(wish->Visible() && wish->Enabled()) << ToUtf8(wish->Name());
     }
   }
 
