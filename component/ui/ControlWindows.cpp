@@ -91,6 +91,25 @@ LRESULT CALLBACK TextBoxWindow::Subclass(HWND window, UINT message, WPARAM first
 DateWindow::DateWindow(FormWindow& form, DateSpinner& model, HWND window)
     : ControlWindow(model, window), form_(form), date_(model) {
   SendMessageW(window, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"yyyy-MM-dd"));
+  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+}
+
+DateWindow::~DateWindow() {
+  RemoveWindowSubclass(window(), Subclass, kSubclass);
+}
+
+// The space bar is the tick's wherever in the date the caret is.
+LRESULT CALLBACK DateWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR, DWORD_PTR selfPointer) {
+  auto* self = reinterpret_cast<DateWindow*>(selfPointer);
+  const bool isSpace = first == VK_SPACE && self->date_.HasTick();
+  if (isSpace && message == WM_CHAR) return 0;
+  if (!isSpace || message != WM_KEYDOWN) return DefSubclassProc(window, message, first, second);
+  self->form_.Act([&] {
+    self->date_.UserTicked(!self->date_.IsTicked());
+    self->form_.Quietly([self] { self->Refresh(); });
+  });
+  return 0;
 }
 
 void DateWindow::Refresh() {

@@ -50,10 +50,13 @@ class TextBoxWindow : public ControlWindow {
 class DateWindow : public ControlWindow {
  public:
   DateWindow(FormWindow& form, DateSpinner& model, HWND window);
+  ~DateWindow() override;
   void Refresh() override;
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
 
  private:
+  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                   UINT_PTR id, DWORD_PTR self);
   FormWindow& form_;
   DateSpinner& date_;
 };

@@ -70,7 +70,7 @@ void RowsWindow::RefreshRows() {
   if (client.right != clientWidth_) RowsWindow::OnLayout();
   const std::vector<int> selection = rows_.Selection();
   if (ShownSelection() != selection) {
-    const bool all = static_cast<int>(selection.size()) == count;
+    const bool all = rows_.MultiSelect() && static_cast<int>(selection.size()) == count;
     ListView_SetItemState(window(), -1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
     for (const int row : selection)
       if (!all) ListView_SetItemState(window(), row - Headers(), LVIS_SELECTED, LVIS_SELECTED);

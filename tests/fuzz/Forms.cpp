@@ -102,10 +102,10 @@ class RandomUser : public FormView {
                                                  RowControl::Key::Space, RowControl::Key::Left,
                                                  RowControl::Key::Right};
 
-  void SelectAndPress(RowControl& rows) {
-    if (in_.Bool()) rows.UserSelectedRows({in_.Below(4) - 1, in_.Below(4), in_.Below(6)});
-    if (in_.Below(8) == 7) rows.UserSelectedAll();
-    if (in_.Bool()) rows.UserPressed(kRowKeys[in_.Below(5)]);
+  void SelectAndPress(RowControl& list) {
+    if (in_.Bool()) list.UserSelectedRows({in_.Below(4) - 1, in_.Below(4), in_.Below(6)});
+    if (in_.Below(8) == 7) list.UserSelectedAll();
+    if (in_.Bool()) list.UserPressed(kRowKeys[in_.Below(5)]);
   }
 
   void PressMove(TwoListForm& form) {

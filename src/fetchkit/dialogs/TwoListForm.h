@@ -49,8 +49,8 @@ class TwoListForm : public Form {
     using Key = RowControl::Key;
     all.MultiSelect(true);
     selected.MultiSelect(true);
-    const auto moves = [this, move, moved](List& from, List& to, auto itemsOf) {
-      return Act([&from, &to, move, moved, itemsOf] {
+    const auto moves = [=, this](List& from, List& to, auto itemsOf) {
+      return this->Act([&from, &to, move, moved, itemsOf] {
         move(from, to, itemsOf(from));
         moved();
       });
