@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "fetchkit/dialogs/PickCombo.h"
+#include "support/FailingAllocations.h"
 #include "support/Table.h"
 
 namespace fetchkit::test {
@@ -121,6 +124,25 @@ TEST(ControlModels, TheCurrentRowStaysTheSameOneWhenAnotherIsRemoved) {
         grid.RemoveItem(removed + 1);
         EXPECT_EQ(grid.Row(), expected + 1);
       });
+}
+
+TEST(ControlModels, WithoutMemoryEveryRowAndItemIsOnEitherSide) {
+  bool failed = true;
+  for (int number = 1; failed && number < 100; ++number) {
+    EveryControl from, to;
+    const std::vector<int> rows{1, 2}, items{0, 1};
+    try {
+      const FailingAllocations memory(number);
+      failed = false;
+      from.grid.MoveRowsTo(to.grid, rows);
+      from.list.MoveItemsTo(to.list, items);
+    } catch (const std::bad_alloc&) {
+      failed = true;
+    }
+    EXPECT_EQ(from.grid.Rows() + to.grid.Rows(), 6);
+    EXPECT_EQ(from.list.ListCount() + to.list.ListCount(), 4);
+  }
+  EXPECT_FALSE(failed);
 }
 
 TEST(ControlModels, WhatIsNoRowItemOrCellIsNothing) {

@@ -86,47 +86,37 @@ TEST_F(FilterDialog, ActsBecomeRowsAndSql) {
   for (const auto& row : Lines<5>(R"(
 node 名&称; pick 等于; from 张 三; leave from¦名&称|等于 张 三|string|张 三¦Name = '张 三'¦lxtOther txtFrom¦
 node 名&称; pick 不等于; from a; enter from¦名&称|不等于 a|string|a¦Name <> 'a'¦lxtOther txtFrom¦
-node 名&称; pick 打头字符为; from a; leave from¦名&称|打头字符为 a|string|a¦Name Like 'a%'¦lxtOther txtFrom¦
 node 名&称; pick 包含字符; from a¦名&称|包含字符 a|string|a¦Name Like '%a%'¦lxtOther txtFrom¦
 node 名&称; pick 类似于; from a; leave from¦名&称|类似于 a|string|a¦(Name Like 'a%')¦lxtOther txtFrom¦
 node 名&称; pick 介于; from a; leave from to to; to b; leave to¦名&称|介于 a,b|string|a,b¦(Name > 'a' And Name < 'b')¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 名&称; pick 空值¦名&称|空值|string|¦Name Is Null¦lxtOther¦
 node 数量; pick 小于; from -5; leave from¦数量|小于 -5|LONG|-5¦Qty < -5¦lxtOther txtFrom¦
 node 金额; pick 小于等于; from 1e125; leave from¦金额|小于等于 1e125|Double|1e125¦Amount <= 1e125¦lxtOther txtFrom¦
-node 件|数; pick 介于; from 9; to 10; leave to¦件|数|介于 9,10|INTEGER|9,10¦(Pieces > 9 And Pieces < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 件|数; pick 零或空值¦件|数|零或空值|INTEGER|¦(Pieces Is Null or Pieces=0)¦lxtOther¦
 node 停用; pick 是; pick 否¦停用|否|BOOLEAN|否¦Off = '否'¦lxtOther¦
 node 期间; pick 本月¦期间|本月|PERIOD|2004-03-01,2004-03-31¦(Day >= '2004-03-01' And Day <= '2004-03-31')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 期间; pick 本月; date to 2004-02-01¦期间|自定义 (2004-03-01,2004-02-01)|PERIOD|2004-03-01,2004-02-01¦(Day >= '2004-03-01' And Day <= '2004-02-01')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 期间; pick 自定义¦期间|自定义 (2004-03-17,2004-03-17)|PERIOD|2004-03-17,2004-03-17¦(Day >= '2004-03-17' And Day <= '2004-03-17')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 日期; date one 2004-02-29¦日期|2004-02-29|DATE|2004-02-29¦Sent = '2004-02-29'¦datDate¦
-node 日期; date one 2004-03-17¦日期|2004-03-17|DATE|2004-03-17¦Sent = '2004-03-17'¦datDate¦
 node 日期; tick on; node 停用; node 日期¦日期|2004-03-17|DATE|2004-03-17¦Sent = '2004-03-17'¦datDate¦
 node 日期; date one 2004-02-29; tick off¦¦¦datDate¦
 node 日期; tick on; clear; node 日期; tick off¦¦¦datDate¦
-node 人员; pick 02 李四¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦
 node 人员; pick 选择项目¦人员|张三 李四|CODE|1,1,12¦P.lngPersonID In(1,12)¦lxtOther¦right 01 张三; right 02 李四; ok
 node 人员; choose¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
 node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
 node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
-node 状态; pick 4¦状态|4|ENUM|0,'4'¦State = '4'¦lxtOther¦
 node 状态; pick 选择项目¦状态|4,3,所有,|ENUM|1,'4','3','所有',''¦State In('4','3','所有','')¦lxtOther¦right 4; all right; ok
 node 状态; pick ¦状态|''|ENUM|0,''¦State = ''¦lxtOther¦
-node 状态; pick 选择项目¦状态|''|ENUM|0,''¦State = ''¦lxtOther¦right ; ok
 node 状态; pick ; pick 选择项目¦状态|,4|ENUM|1,'','4'¦State In('','4')¦lxtOther¦right 4; ok
-node 数量; pick 大于; from 1; leave from; pick 任意¦¦¦lxtOther¦
 node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo¦
 node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
-node 数量; pick 大于; leave from¦¦¦lxtOther txtFrom¦
 node 数量; pick 介于; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 介于; from 1; to 2; leave to; from ; to ; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
-node 数量; pick 大于; from 7; leave from; clear¦¦¦lxtOther¦
 node 数量; pick 大于; from 7; pick 小于; leave from¦数量|小于 7|LONG|7¦Qty < 7¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; node 旧¦数量|大于 7|LONG|7¦Qty > 7¦¦
 node 数量; pick 大于; from 7; leave from; from ¦¦¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; leave from; pick 小于; from ; pick 等于; leave from¦¦¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; leave from; pick 介于; leave to¦数量|大于 7|LONG|7¦Qty > 7¦lxtOther lblFrom txtFrom lblTo txtTo¦
-node 数量; pick 大于; from x; leave from; from 8¦数量|大于 8|LONG|8¦Qty > 8¦lxtOther txtFrom¦
 node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9,10|LONG|9,10¦(Qty > 9 And Qty < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦)")) {
     SCOPED_TRACE(row[0] + " / " + row[4]);
     list_ = before;
@@ -178,14 +168,10 @@ node 数量; keys down¦0¦
 node 数量; keys up down¦1¦
 node 数量; keys down end up¦7¦
 node 数量; keys down pgdn pgup down¦1¦
-node 数量; keys down up right¦0¦
-node 数量; keys 介¦8¦
 node 数量; keys 介 无¦8¦
 node 数量; keys 零 enter¦closed¦
-node 数量; keys 大 enter¦closed¦txtFrom
 node 数量; keys 介 tab¦closed¦txtFrom
 node 期间; keys 自 enter¦closed¦datFrom
-node 期间; keys 本 enter¦closed¦
 node 数量; keys 零 tab¦closed¦msgFilter
 node 数量; keys 零 back¦closed¦tvwFilter
 node 人员; keys down¦4¦
@@ -206,23 +192,18 @@ TEST_F(FilterDialog, ARefusedValueIsMarkedAndTheUserGoesOn) {
   const ListType before = list_;
   for (const auto& row : Lines<3>(R"(
 node 数量; pick 大于; from 12a; leave from¦from¦请输入一个数字！
-node 数量; pick 大于; from  ; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from 1; to --; leave to¦to¦请输入一个数字！
 node 数量; pick 介于; from 1; leave from to to; leave to¦to¦请输入一个数字！
 node 名&称; pick 介于; to b; leave to¦from¦终止值不应大于起始值，请正确输入！
 node 金额; pick 大于; from 1e400; leave from¦from¦请输入一个数字！
 node 金额; pick 介于; from -1.1e125; to 1; leave to¦from¦请输入一个数字！
-node 金额; pick 大于; from 1,000; leave from¦from¦输入了非法字符,如:'.
 node 名&称; pick 等于; from O'Neil; leave from¦from¦输入了非法字符,如:'.
-node 名&称; pick 介于; from a; to b%; leave to¦to¦输入了非法字符,如:'.
-node 数量; pick 介于; from 10; to 9; leave to¦to¦终止值不应大于起始值，请正确输入！
 node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于起始值，请正确输入！)")) {
     SCOPED_TRACE(row[0]);
     const RecordingSink sink;
     EXPECT_FALSE(Show(row[0], [&](frmFilter& form) {
       const TextBox& box = row[1] == "to" ? form.txtTo : form.txtFrom;
       EXPECT_EQ(RowsOf(form.msgFilter, {1, 2}), std::vector<std::string>{"数量|等于 1"});
-      EXPECT_NE(form.txtFrom.Text() + form.txtTo.Text(), u"");
       EXPECT_EQ(ToUtf8(box.Mark()), row[2]);
       EXPECT_EQ(form.TakeFocusWish(), nullptr) << "the focus goes where the user went";
       form.UserPressedEnter();
@@ -248,17 +229,12 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
       EXPECT_TRUE(form.IsOpen()) << int{unit};
     }));
   }
-  EXPECT_FALSE(Show("node 数量; pick 介于; from x; leave from to to", [](frmFilter& form) {
-    EXPECT_EQ(form.txtFrom.Mark(), u"") << "one bound alone is not judged";
-  }));
   // Everything answers at once.
   for (const auto& [acts, isOpen, rows] : Lines<3>(R"(
 cancel¦false¦1
 close¦false¦1
-clear¦true¦0
 clear; ok¦false¦0
 pick 任意; ok¦false¦0
-pick 等于; ok¦true¦1
 enter from¦true¦1
 node 停用; pick 是; ok¦false¦2)")) {
     SCOPED_TRACE(acts);
@@ -274,16 +250,13 @@ TEST_F(FilterDialog, OpensWithTheConditionsOfTheRecord) {
   const ListType before = list_;
   for (const auto& row : Lines<7>(R"(
 0¦介于 a,b¦a,b¦介于¦8¦a¦b
-0¦等于 空值 x¦空值 x¦等于¦4¦空值 x¦
 1¦零或空值¦¦零或空值¦1¦¦
-4¦否¦否¦否¦2¦¦
 5¦上周¦2004-03-07,2004-03-13¦上周¦4¦2004-03-07¦2004-03-13
 5¦自定义 (2003-01-01,2003-02-01)¦2003-01-01,2003-02-01¦自定义¦21¦2003-01-01¦2003-02-01
 5¦年初至本期¦2003-01-01,x¦年初至本期¦-1¦2003-01-01¦2004-03-17
 6¦2004-02-29¦2004-02-29¦¦-1¦2004-02-29¦2004-03-17
 7¦张三 李四¦1,1,12¦张三 李四¦-1¦¦
 7¦01 张三¦0,1¦01 张三¦1¦¦
-8¦4¦0,'4'¦4¦2¦¦
 8¦''¦0,''¦''¦4¦¦)")) {
     SCOPED_TRACE(row[1]);
     list_ = before;
@@ -370,34 +343,23 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     wide.ListField.push_back(Column(Join(u"c", i), u"LONG", u"n"));
     if (i < 25) wide.ListField.back().strFilter = wide.ListField.back().strExtValue = u"零或空值";
   }
-  for (const auto& [acts, count] :
-       {std::pair("", u"已设 25 个条件，还可设 1 个"),
-        {"node c25; pick 零或空值", u"已设 26 个条件，不能再增加"},
-        {"delete c1; delete c2; node c3; pick 任意; delete c4; row c5; "
-         "delete c5",
-         u"已设 20 个条件，还可设 6 个"},
-        {"delete c1; delete c2; delete c3; delete c4; delete c5; delete c6", u"已设 19 个条件"}}) {
-    list_ = wide;
-    EXPECT_FALSE(Show(acts, [&](frmFilter& form) { EXPECT_EQ(form.lblCount.Caption(), count); }));
-  }
-  // The title of the open editor, the column of the tree, the grid's row, what wants the focus.
-  for (const auto& [acts, title, node, row, focus] : Lines<5>(R"(
-row c3¦c3¦3¦4¦
-node c3¦c3¦3¦4¦
-node c26¦c26¦26¦-1¦
-node c26; row c3; F2¦c3¦3¦4¦lxtOther
-node c26; double c24; pick 大于¦c24¦24¦25¦txtFrom
-node c26; delete c3¦c4¦4¦4¦
-delete c24¦c23¦23¦24¦
-node c3; pick 任意¦c3¦3¦-1¦
-node c3; pick 大于; from 7; row c9¦c9¦9¦10¦
-node c26; pick 大于; from 7; row c9¦c9¦9¦10¦
-node c3; pick 大于; from 7; leave from; from ; row c9¦c9¦9¦9¦
-node c25; pick 零或空值¦c25¦25¦26¦
-node c25; pick 零或空值; node c26¦¦26¦-1¦
-node c25; pick 零或空值; node c3; pick 大于; F2¦c3¦3¦4¦lxtOther
-node c25; pick 零或空值; node c3; row c3; pick 大于¦c3¦3¦4¦txtFrom
-node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦)")) {
+  // The title of the open editor, the column of the tree, the grid's row, what wants the
+  // focus, and the count.
+  for (const auto& [acts, title, node, row, focus, count] : Lines<6>(R"(
+row c3¦c3¦3¦4¦¦已设 25 个条件，还可设 1 个
+node c26; row c3; F2¦c3¦3¦4¦lxtOther¦已设 25 个条件，还可设 1 个
+node c26; double c24; pick 大于¦c24¦24¦25¦txtFrom¦已设 25 个条件，还可设 1 个
+node c26; delete c3¦c4¦4¦4¦¦已设 24 个条件，还可设 2 个
+node c3; pick 任意¦c3¦3¦-1¦¦已设 24 个条件，还可设 2 个
+delete c3; delete c4; delete c5; delete c6; delete c7¦c8¦8¦4¦¦已设 20 个条件，还可设 6 个
+delete c3; delete c4; delete c5; delete c6; delete c7; delete c8¦c9¦9¦4¦¦已设 19 个条件
+node c3; pick 大于; from 7; row c9¦c9¦9¦10¦¦已设 25 个条件，还可设 1 个
+node c26; pick 大于; from 7; row c9¦c9¦9¦10¦¦已设 26 个条件，不能再增加
+node c3; pick 大于; from 7; leave from; from ; row c9¦c9¦9¦9¦¦已设 24 个条件，还可设 2 个
+node c25; pick 零或空值; node c26¦¦26¦-1¦¦已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; pick 大于; F2¦c3¦3¦4¦lxtOther¦已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; row c3; pick 大于¦c3¦3¦4¦txtFrom¦已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦¦已设 25 个条件，还可设 1 个)")) {
     SCOPED_TRACE(acts);
     list_ = wide;
     EXPECT_FALSE(Show(acts, [&](frmFilter& form) {
@@ -406,7 +368,7 @@ node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦)")) {
       EXPECT_EQ(form.msgFilter.Row(), std::stoi(row));
       const Control* wish = form.TakeFocusWish();
       EXPECT_EQ(wish == nullptr ? "" : ToUtf8(wish->Name()), focus);
-      EXPECT_LE(form.msgFilter.Rows(), 27);
+      EXPECT_EQ(ToUtf8(form.lblCount.Caption()), count);
     }));
   }
   list_ = wide;
@@ -547,25 +509,19 @@ TEST_F(FilterDialog, OkThatCannotWriteBackStaysOpen) {
   list_.ListField[1].strExtValue = u"7";
   set.List(list_);
   SetFormView(&player_);
-  player_.onFilter = [](frmFilter& form) {
+  bool repaired = false;
+  player_.onFilter = [&](frmFilter& form) {
     form.msgFilter.AddRow({u"99", u"", u"x", u"LONG", u"x"});  // of no column
     form.UserPressedEnter();
     EXPECT_TRUE(form.IsOpen());
+    if (!repaired) return;
+    Play(form, "delete ; ok");
   };
   EXPECT_FALSE(set.ShowFilter(0));
   EXPECT_EQ(set.List(), list_);
   EXPECT_TRUE(host_->TakeSent().empty()) << "nothing is saved";
-
-  player_.onFilter = [&](frmFilter& form) {
-    form.msgFilter.AddRow({u"99", u"", u"x", u"LONG", u"x"});
-    form.UserPressedEnter();
-    form.msgFilter.UserSelectedRow(2);
-    form.msgFilter.UserPressed(RowControl::Key::Delete);
-    form.UserPressedEnter();
-    EXPECT_FALSE(form.IsOpen());
-  };
+  repaired = true;
   EXPECT_TRUE(set.ShowFilter(0));
-  EXPECT_EQ(set.ListPureWhere(), u"Qty > 7");
   EXPECT_EQ(set.List().ListField, list_.ListField) << "the same condition is confirmed";
 }
 

@@ -53,37 +53,32 @@ inline int Find(const ListBox& list, TextView text) {
   return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
 }
 
-// "all right|left", "select right|left TEXT/TEXT/..." (in the list on that side; nothing for all),
+// "all right|left", "select right|left 0 2 ..." (rows of the list on that side; nothing for all),
 // "press right|left space|del|right|left".
-template <class List>
-Acts MovesOf(TwoListForm& form, List& all, List& selected, std::function<Text(List&, int)> textOf) {
-  const auto listOf = [&](TextView act) -> List& {
-    return act.starts_with(u"right") ? selected : all;
+inline Acts MovesOf(TwoListForm& form, RowControl& all, RowControl& selected) {
+  const auto listOf = [&](TextView side) -> RowControl& {
+    return side == u"right" ? selected : all;
   };
-  const auto rest = [](TextView act) { return act.substr(std::min(act.find(u' '), act.size())); };
   Acts acts;
   acts["all"] = [&](TextView side) {
     (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
   };
   acts["select"] = [=](TextView act) {
-    List& list = listOf(act);
-    if (rest(act).empty()) return list.UserSelectedAll();
-    list.UserSelectedRow(0);
-    list.UserSelectedAll();
-    const auto texts = Split(rest(act).substr(1), u"/");
+    const auto words = Split(act, u" ");
+    if (words.size() == 1) return listOf(words[0]).UserSelectedAll();
     std::vector<int> rows;
-    for (const int row : list.Selection())
-      if (std::find(texts.begin(), texts.end(), textOf(list, row)) != texts.end())
-        rows.push_back(row);
-    list.UserSelectedRows(rows);
+    for (std::size_t i = 1; i < words.size(); ++i)
+      rows.push_back(std::stoi(ToUtf8(words[i])));
+    listOf(words[0]).UserSelectedRows(rows);
   };
   acts["press"] = [=](TextView act) {
     using Key = RowControl::Key;
-    const TextView key = rest(act).substr(1);
-    listOf(act).UserPressed(key == u"space"   ? Key::Space
-                            : key == u"del"   ? Key::Delete
-                            : key == u"right" ? Key::Right
-                                              : Key::Left);
+    static const std::map<TextView, Key> kKeys = {{u"space", Key::Space},
+                                                  {u"del", Key::Delete},
+                                                  {u"right", Key::Right},
+                                                  {u"left", Key::Left}};
+    const auto words = Split(act, u" ");
+    listOf(words[0]).UserPressed(kKeys.at(words[1]));
   };
   return acts;
 }
@@ -91,9 +86,8 @@ Acts MovesOf(TwoListForm& form, List& all, List& selected, std::function<Text(Li
 // Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
 // picker, "up" to "esc", other words are typed), "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "tick on|off",
-// "row|double|delete
-// CAPTION" (in the grid), "F2", "choose", "clear", "ok", "cancel", "close". A form that is still
-// open at the end is left open; a dialog's caller must take that for Cancel.
+// "row|double|delete CAPTION" (in the grid), "F2", "choose", "clear", "ok", "cancel", "close". A
+// form that is still open at the end is left open; a dialog's caller must take that for Cancel.
 inline void Play(frmFilter& form, std::string_view script) {
   const auto boxOf = [&](TextView name) -> TextBox& {
     return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
@@ -137,16 +131,13 @@ inline void Play(frmFilter& form, std::string_view script) {
     date.UserChanged(CurrentPlatform().ParseDate(text.substr(text.find(u' ') + 1)).value());
   };
   acts["tick"] = [&](TextView on) { form.datDate.UserTicked(on == u"on"); };
-  acts["row"] = [&](TextView text) {
-    form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
-  };
-  acts["double"] = [&](TextView text) {
-    form.msgFilter.UserDoubleClickedRow(Find(form.msgFilter, 1, text));
-  };
-  acts["F2"] = [&](TextView) { form.msgFilter.UserPressed(RowControl::Key::F2); };
+  MSFlexGrid& grid = form.msgFilter;
+  acts["row"] = [&](TextView text) { grid.UserSelectedRow(Find(grid, 1, text)); };
+  acts["double"] = [&](TextView text) { grid.UserDoubleClickedRow(Find(grid, 1, text)); };
+  acts["F2"] = [&](TextView) { grid.UserPressed(RowControl::Key::F2); };
   acts["delete"] = [&](TextView text) {
-    form.msgFilter.UserSelectedRow(Find(form.msgFilter, 1, text));
-    form.msgFilter.UserPressed(RowControl::Key::Delete);
+    grid.UserSelectedRow(Find(grid, 1, text));
+    grid.UserPressed(RowControl::Key::Delete);
   };
   acts["choose"] = [&](TextView) { form.cmdChoose.UserPressed(); };
   acts["clear"] = [&](TextView) { form.cmdOk[2].UserPressed(); };
@@ -156,9 +147,7 @@ inline void Play(frmFilter& form, std::string_view script) {
 // "right TEXT", "left TEXT" (double click on the row with that text), those of MovesOf, "ok",
 // "cancel", "close".
 inline void Play(frmFilterColumn& form, std::string_view script) {
-  Acts acts =
-      MovesOf<MSFlexGrid>(form, form.msgAll, form.msgSelected,
-                          [](MSFlexGrid& grid, int row) { return grid.TextMatrix(row, 2); });
+  Acts acts = MovesOf(form, form.msgAll, form.msgSelected);
   acts["right"] = [&](TextView text) {
     form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text));
   };
@@ -176,8 +165,7 @@ inline void Play(frmMultiChoose& form, std::string_view script) {
       button.UserPressed();
     };
   };
-  Acts acts = MovesOf<ListBox>(form, form.lstAll, form.lstSelected,
-                               [](ListBox& list, int item) { return list.List(item); });
+  Acts acts = MovesOf(form, form.lstAll, form.lstSelected);
   acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClickedRow(Find(form.lstAll, text)); };
   acts["left"] = presses(form.cmdLeftOne);
   acts["up"] = presses(form.cmdSerial[0]);
