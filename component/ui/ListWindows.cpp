@@ -54,10 +54,20 @@ void RowsWindow::OnLayout() {
 
 // As the model counts rows.
 std::vector<int> RowsWindow::ShownSelection() const {
-  std::vector<int> rows;
-  for (int row = -1; (row = ListView_GetNextItem(window(), row, LVNI_SELECTED)) >= 0;)
-    rows.push_back(row + Headers());
+  std::vector<int> rows(ListView_GetSelectedCount(window()));
+  int row = -1;
+  for (int& each : rows) {
+    row = ListView_GetNextItem(window(), row, LVNI_SELECTED);
+    each = row + Headers();
+  }
   return rows;
+}
+
+bool RowsWindow::IsShown(const std::vector<int>& selection) const {
+  return ListView_GetSelectedCount(window()) == selection.size() &&
+         std::all_of(selection.begin(), selection.end(), [this](int row) {
+           return ListView_GetItemState(window(), row - Headers(), LVIS_SELECTED) != 0;
+         });
 }
 
 void RowsWindow::RefreshRows() {
@@ -69,7 +79,7 @@ void RowsWindow::RefreshRows() {
   GetClientRect(window(), &client);
   if (client.right != clientWidth_) RowsWindow::OnLayout();
   const std::vector<int> selection = rows_.Selection();
-  if (ShownSelection() != selection) {
+  if (!IsShown(selection)) {
     const bool all = rows_.MultiSelect() && static_cast<int>(selection.size()) == count;
     ListView_SetItemState(window(), -1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
     for (const int row : selection)

@@ -40,6 +40,7 @@ class RowsWindow : public ControlWindow {
   int Find(const NMLVFINDITEMW& wanted) const;
   bool Pressed(WPARAM key);
   std::vector<int> ShownSelection() const;
+  bool IsShown(const std::vector<int>& selection) const;
 
   RowControl& rows_;
   bool selectionPosted_ = false;

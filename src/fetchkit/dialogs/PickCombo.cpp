@@ -8,6 +8,7 @@
 namespace fetchkit {
 
 void PickCombo::ColumnSet(fetchkit::Text columnSet) {
+  if (columnSet == columnSet_) return;
   columnSet_ = std::move(columnSet);
   shown_.clear();
   bool first = true;
@@ -22,6 +23,9 @@ void PickCombo::ColumnSet(fetchkit::Text columnSet) {
   if (shown_.empty()) shown_.push_back(0);
   const int last = std::max(idColumn_, *std::max_element(shown_.begin(), shown_.end()));
   columns_ = static_cast<std::size_t>(last) + 1;
+  cells_.clear();
+  indexes_.clear();
+  ++version_;
   SetList({});
 }
 
@@ -45,10 +49,12 @@ fetchkit::Text PickCombo::RowText(int row) const {
 }
 
 void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
-  cells_ = std::move(cells);
-  cells_.resize(cells_.size() / columns_ * columns_);
-  ++version_;
-  indexes_.clear();
+  cells.resize(cells.size() / columns_ * columns_);
+  if (cells != cells_) {
+    cells_ = std::move(cells);
+    ++version_;
+    indexes_.clear();
+  }
   text_.clear();
   index_ = -1;
   opensAt_ = -1;

@@ -15,7 +15,7 @@ class PickCombo : public Control {
   using Control::Control;
 
   // Which column (from 1) is a row's id, -1 for none, and behind it which ones are shown, such as
-  // "1,2,3" or "-1,1". Clears the list.
+  // "1,2,3" or "-1,1". Another setting than before clears the list.
   const fetchkit::Text& ColumnSet() const { return columnSet_; }
   void ColumnSet(fetchkit::Text columnSet);
 
@@ -38,7 +38,7 @@ class PickCombo : public Control {
   // and ListIndex are reset. One report to the view, whatever the number of rows.
   void SetList(std::vector<fetchkit::Text> cells);
 
-  // Another number for every list, for a view that keeps a copy.
+  // Another number for every other list, for a view that keeps a copy.
   int ListVersion() const { return version_; }
 
   const fetchkit::Text& Text() const { return text_; }
