@@ -30,8 +30,9 @@ namespace fetchkit {
 // a handler end the failing step alone; the diagnostics sink hears of them.
 //
 // Acts that the controls take: tvwFilter node clicked; msgFilter row selected, double click, F2,
-// Delete; lxtOther picked, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
-// datDate changed; datDate ticked; cmdOk pressed; form Enter (OK), Escape and closed (Cancel).
+// Delete; lxtOther picked, keys, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
+// datDate changed; datDate ticked; cmdChoose and cmdOk pressed; form Enter (OK), Escape and closed
+// (Cancel).
 class frmFilter final : public Form {
  public:
   // Both must outlive the form.
