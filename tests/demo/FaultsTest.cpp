@@ -230,20 +230,28 @@ class Faults : public testing::Test {
   Outcome undisturbed_;
 };
 
-TEST_F(Faults, FirstLogin) {
-  Scenario scenario;
-  scenario.act = [&] {
-    LogIn();
-    SeeLogin();
-  };
-  // What the database answered is not asked again before the account changes.
-  scenario.between = [&](Fault fault) {
-    if (fault <= Fault::ThrowsOddly) return;
-    sample_->login.server = u"OTHER";
-    LogIn();
-    sample_->login.server = u"DBSRV";
-  };
-  TryAll(scenario);
+// A first login, and one after which the organization and all that belongs to it are others.
+TEST_F(Faults, Logins) {
+  for (const bool first : {true, false}) {
+    Scenario scenario;
+    scenario.before = [&] {
+      sample_->login.organizationId = 1;
+      if (!first) LogIn();
+      sample_->login.organizationId = 3;
+    };
+    scenario.act = [&] {
+      LogIn();
+      SeeLogin();
+    };
+    // What the database answered is not asked again before the account changes.
+    scenario.between = [&](Fault fault) {
+      if (fault <= Fault::ThrowsOddly) return;
+      sample_->login.server = u"OTHER";
+      LogIn();
+      sample_->login.server = u"DBSRV";
+    };
+    TryAll(scenario);
+  }
 }
 
 TEST_F(Faults, LoadingAndSavingAList) {
