@@ -26,6 +26,16 @@ class OpenedRecordsets : public testing::Test {
   std::shared_ptr<FakeConnection> host_ = std::make_shared<FakeConnection>();
 };
 
+TEST_F(OpenedRecordsets, TheInnermostOfSeveralStatementsIsTold) {
+  Step(u"list", [] {
+    const StatementTrace fields(u"fields");
+    const StatementTrace codes(u"codes");
+    throw 1;
+  });
+  ASSERT_EQ(sink_.failures.size(), 1U);
+  EXPECT_EQ(sink_.failures[0].statement, u"codes");
+}
+
 TEST_F(OpenedRecordsets, AreGivenBackOnceOnEveryPath) {
   {
     OpenedRecordset rows(host_, kSql, Cursor::Plain);
