@@ -177,7 +177,7 @@ node 数量; keys 零 back¦closed¦tvwFilter
 node 人员; keys down¦4¦
 node 人员; keys 02 back; keys up¦2¦tvwFilter)")) {
     SCOPED_TRACE(acts);
-    EXPECT_FALSE(Show(acts, [&](frmFilter& form) {
+    EXPECT_FALSE(Show(acts, [&, &highlight = highlight, &focus = focus](frmFilter& form) {
       const PickCombo& picker = form.lxtOther;
       EXPECT_EQ(picker.IsOpen() ? std::to_string(picker.Highlight()) : "closed", highlight);
       const Control* wish = form.TakeFocusWish();
@@ -238,10 +238,11 @@ pick 任意; ok¦false¦0
 enter from¦true¦1
 node 停用; pick 是; ok¦false¦2)")) {
     SCOPED_TRACE(acts);
-    Show("node 数量; pick 大于; from x; leave from; " + acts, [&](frmFilter& form) {
-      EXPECT_EQ(form.IsOpen(), isOpen == "true");
-      EXPECT_EQ(form.msgFilter.Rows() - 1, std::stoi(rows));
-    });
+    Show("node 数量; pick 大于; from x; leave from; " + acts,
+         [&isOpen = isOpen, &rows = rows](frmFilter& form) {
+           EXPECT_EQ(form.IsOpen(), isOpen == "true");
+           EXPECT_EQ(form.msgFilter.Rows() - 1, std::stoi(rows));
+         });
     list_ = before;
   }
 }
@@ -345,7 +346,7 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
   }
   // The title of the open editor, the column of the tree, the grid's row, what wants the
   // focus, and the count.
-  for (const auto& [acts, title, node, row, focus, count] : Lines<6>(R"(
+  for (const auto& cells : Lines<6>(R"(
 row c3¦c3¦3¦4¦¦已设 25 个条件，还可设 1 个
 node c26; row c3; F2¦c3¦3¦4¦lxtOther¦已设 25 个条件，还可设 1 个
 node c26; double c24; pick 大于¦c24¦24¦25¦txtFrom¦已设 25 个条件，还可设 1 个
@@ -360,9 +361,10 @@ node c25; pick 零或空值; node c26¦¦26¦-1¦¦已设 26 个条件，不能�
 node c25; pick 零或空值; node c3; pick 大于; F2¦c3¦3¦4¦lxtOther¦已设 26 个条件，不能再增加
 node c25; pick 零或空值; node c3; row c3; pick 大于¦c3¦3¦4¦txtFrom¦已设 26 个条件，不能再增加
 node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦¦已设 25 个条件，还可设 1 个)")) {
-    SCOPED_TRACE(acts);
+    SCOPED_TRACE(cells[0]);
     list_ = wide;
-    EXPECT_FALSE(Show(acts, [&](frmFilter& form) {
+    EXPECT_FALSE(Show(cells[0], [&](frmFilter& form) {
+      const auto& [acts, title, node, row, focus, count] = cells;
       EXPECT_EQ(form.lblTitle.Visible() ? ToUtf8(form.lblTitle.Caption()) : "", title);
       EXPECT_EQ(form.tvwFilter.SelectedItem(), std::stoi(node));
       EXPECT_EQ(form.msgFilter.Row(), std::stoi(row));

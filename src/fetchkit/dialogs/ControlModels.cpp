@@ -13,7 +13,7 @@ template <class T>
 void MoveElements(std::vector<T>& from, const std::vector<int>& places, std::vector<T>& to) {
   to.reserve(to.size() + places.size());
   auto place = places.begin();
-  std::size_t kept = static_cast<std::size_t>(places.front());
+  auto kept = static_cast<std::size_t>(places.front());
   for (std::size_t at = kept; at < from.size(); ++at) {
     if (place != places.end() && at == static_cast<std::size_t>(*place)) {
       to.push_back(std::move(from[at]));
