@@ -82,8 +82,9 @@ TEST_F(ListSearchTest, GoesToTheFirstThatBeginsWithItElseToTheFirstFound) {
   const std::vector<Text> list = {u"本期", u"期末余额", u"年末", u"期末", u"末级"};
   const auto first = [&](TextView typed) {
     search.SearchFor(typed);
-    return ListSearch::FirstFound(static_cast<int>(list.size()),
-                                  [&](int entry) { return search.Rank(list[entry]); });
+    return ListSearch::FirstFound(static_cast<int>(list.size()), [&](int entry) {
+      return search.Rank(list[static_cast<std::size_t>(entry)]);
+    });
   };
   EXPECT_EQ(first(u"qm"), 1);
   EXPECT_EQ(first(u"m"), 4);
