@@ -140,7 +140,7 @@ TEST_F(Lifetime, FaultsOfTheHostEndAtTheMembers) {
       }
     }
   }
-  std::printf("%d faults\n", tried);
+  std::printf("Through COM: %d faults tried\n", tried);
 }
 
 // A registration that fails at the fourth of five classes: under a volatile key nothing lasting can

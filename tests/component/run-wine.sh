@@ -15,9 +15,18 @@ failed=0
 export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
 wine=$(command -v wine64 || command -v /usr/lib/wine/wine64 || command -v wine)
 server=$(command -v wineserver || command -v /usr/lib/wine/wineserver64)
+# On a busy machine the system's own starter now and then cannot start a program, and says so in
+# place of the program's output: that is tried again, and told.
 wine() {
-  (cd "$build" && timeout --kill-after=10 300 env LC_ALL=zh_CN.UTF-8 "$wine" "$@" </dev/null 2>/dev/null) |
-    tr -d '\r'
+  local output=$build/wine.out try status
+  for try in 1 2 3; do
+    (cd "$build" && timeout --kill-after=10 300 env LC_ALL=zh_CN.UTF-8 "$wine" "$@" </dev/null 2>/dev/null) >"$output"
+    status=$?
+    grep -qa '^ShellExecuteEx ' "$output" || break
+    echo "Wine did not start $1 (try $try of 3)" >&2
+  done
+  tr -d '\r' <"$output"
+  return $status
 }
 server() { timeout 60 "$server" "$@"; }
 

@@ -218,7 +218,8 @@ class Faults : public testing::Test {
         }
       }
     }
-    std::printf("%d faults\n", tried);
+    std::printf("%s: %d faults tried\n",
+                testing::UnitTest::GetInstance()->current_test_info()->name(), tried);
   }
 
   SampleHost host_;
