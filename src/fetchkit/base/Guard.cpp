@@ -22,25 +22,19 @@ Text DescribeCurrentError() {
 
 }  // namespace
 
-MemberScope::MemberScope(LastError atBegin) noexcept
-    : thread_(static_cast<ThreadState*>(GetThreadSlot())) {
+void MemberScope::Begin(LastError atBegin) noexcept {
   try {
-    if (thread_ == nullptr) thread_ = &CurrentThread();
+    thread_ = &CurrentThread();
   } catch (...) {
     return;
   }
-  around_ = thread_->membersAtWork++;
-  if (around_ == 0 && atBegin == LastError::Cleared) thread_->lastError.clear();
+  thread_->memberAtWork = true;
+  if (atBegin == LastError::Cleared) thread_->lastError.clear();
 }
 
-MemberScope::~MemberScope() {
+void MemberScope::End() const noexcept {
   // The thread may have been released meanwhile.
-  if (thread_ != nullptr && thread_ == GetThreadSlot()) thread_->membersAtWork = around_;
-}
-
-bool MemberScope::Any() noexcept {
-  const void* state = GetThreadSlot();
-  return state != nullptr && static_cast<const ThreadState*>(state)->membersAtWork > 0;
+  if (thread_ != nullptr && thread_ == GetThreadSlot()) thread_->memberAtWork = false;
 }
 
 void NoteCurrentError(TextView what, Severity severity) noexcept {

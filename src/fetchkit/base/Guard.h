@@ -20,37 +20,47 @@
 
 namespace fetchkit {
 
-struct ThreadState;
-
 // What becomes of the thread's last error when a public member begins.
 enum class LastError { Cleared, Kept };
 
 // A public member at work on the calling thread. Members call each other: only the outermost one
-// touches the last error.
+// touches the last error, the others cost no more than a look at the thread.
 class MemberScope {
  public:
-  explicit MemberScope(LastError atBegin = LastError::Cleared) noexcept;
-  ~MemberScope();
+  explicit MemberScope(LastError atBegin = LastError::Cleared) noexcept {
+    const void* state = GetThreadSlot();
+    outermost_ = state == nullptr || !static_cast<const ThreadState*>(state)->memberAtWork;
+    if (outermost_) Begin(atBegin);
+  }
+  ~MemberScope() {
+    if (outermost_) End();
+  }
   MemberScope(const MemberScope&) = delete;
   MemberScope& operator=(const MemberScope&) = delete;
 
-  // Whether there is one on this thread.
-  static bool Any() noexcept;
+  bool IsOutermost() const { return outermost_; }
 
  private:
-  ThreadState* thread_;  // null: no memory for one
-  int around_ = 0;
+  void Begin(LastError atBegin) noexcept;
+  void End() const noexcept;
+
+  ThreadState* thread_ = nullptr;  // null: not the outermost, or no memory for one
+  bool outermost_;
 };
 
 // To be called inside a catch block only: notes the exception that is being handled. One that is a
 // mere note is told, but is not the thread's last error.
 void NoteCurrentError(TextView what, Severity severity = Severity::Failure) noexcept;
 
+// What is being done, in each of the traps: a literal or a text. Nobody looks at it, not even for
+// its length, until there is something to note.
+//
 // Runs body and answers with its result, or with neutral when it throws. A body that takes an
 // argument gets the result to build on by reference, and what it has built until an error stands.
 // A neutral value that needs memory belongs into the body.
-template <class Result, class Body>
-Result Guarded(TextView what, Result neutral, Body&& body, LastError atBegin = LastError::Cleared) {
+template <class What, class Result, class Body>
+Result Guarded(const What& what, Result neutral, Body&& body,
+               LastError atBegin = LastError::Cleared) {
   const MemberScope scope(atBegin);
   try {
     if constexpr (std::is_invocable_v<Body&, Result&>) {
@@ -67,16 +77,22 @@ Result Guarded(TextView what, Result neutral, Body&& body, LastError atBegin = L
 // For members that fail for want of memory alone and that the library calls, too: Guarded when the
 // host calls. Inside another member the error goes on to that one's trap instead, so that a text
 // there was no memory for is never taken for an empty one.
-template <class Result, class Body>
-Result GuardedOutermost(TextView what, Result neutral, Body&& body) {
-  if (MemberScope::Any()) return body();
-  return Guarded(what, std::move(neutral), body);
+template <class What, class Result, class Body>
+Result GuardedOutermost(const What& what, Result neutral, Body&& body) {
+  const MemberScope scope;
+  try {
+    return body();
+  } catch (...) {
+    if (!scope.IsOutermost()) throw;
+    NoteCurrentError(what);
+  }
+  return neutral;
 }
 
 // Runs one statement and goes on whatever it throws. Answers whether it came through. severity:
 // what it means when it does not.
-template <class Body>
-bool Step(TextView what, Body&& body, Severity severity = Severity::Failure) {
+template <class What, class Body>
+bool Step(const What& what, Body&& body, Severity severity = Severity::Failure) {
   const MemberScope scope;
   try {
     body();
@@ -94,8 +110,8 @@ enum class Ending {
 };
 
 // As Step, for who goes on differently after a value that cannot be read.
-template <class Body>
-Ending StepEnding(TextView what, Body&& body) {
+template <class What, class Body>
+Ending StepEnding(const What& what, Body&& body) {
   try {
     body();
     return Ending::Through;

@@ -42,9 +42,9 @@ class ThreadOwned {
 };
 
 struct ThreadState {
-  Text lastError;         // description of the last member's last error; empty when it had none
-  int membersAtWork = 0;  // public members that are being run, one inside the other
-  Text failingStatement;  // noted while an error passes its statement's owner
+  Text lastError;             // description of the last member's last error; empty when it had none
+  bool memberAtWork = false;  // whether a public member is being run
+  Text failingStatement;      // noted while an error passes its statement's owner
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
   int hostCalls = 0;                       // HostCalls in scope
   std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
