@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "fetchkit/platform/Platform.h"
 #include "fetchkit/utility/PinyinTable.h"
