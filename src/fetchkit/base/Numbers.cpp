@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
+
+#include "fetchkit/base/Error.h"
 
 namespace fetchkit {
 namespace {
@@ -101,6 +104,20 @@ double RoundHalfToEven(double value) {
   return std::fmod(below, 2) == 0 ? below : below + 1;
 }
 
+template <class Whole>
+Whole RoundedTo(double value) {
+  const double rounded = RoundHalfToEven(value);
+  if (!(rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
+        rounded <= static_cast<double>(std::numeric_limits<Whole>::max()))) {
+    throw ConvertError(ErrorKind::Overflow, u"A number is too large for its place.");
+  }
+  return static_cast<Whole>(rounded);
+}
+
+template std::uint8_t RoundedTo(double value);
+template std::int16_t RoundedTo(double value);
+template std::int32_t RoundedTo(double value);
+
 namespace {
 
 // A finite number as 0.d1d2d3... times a power of ten.
@@ -130,7 +147,9 @@ SignificantDigits DigitsOf(double value) {
 Text WriteNumber(double value, bool mayHaveExponent) {
   if (std::isnan(value)) return u"NaN";
   if (std::isinf(value)) return value < 0 ? u"-Infinity" : u"Infinity";
-  if (value == 0) return u"0";
+  // Whole numbers of at most 15 digits, which most are, need no rounding.
+  if (std::abs(value) < 1e15 && std::trunc(value) == value)
+    return Join(static_cast<std::int64_t>(value));
   const auto [negative, mantissa, exponent] = DigitsOf(value);
 
   std::string text;

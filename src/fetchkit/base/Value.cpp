@@ -1,8 +1,8 @@
 #include "fetchkit/base/Value.h"
 
 #include <charconv>
-#include <limits>
 #include <type_traits>
+#include <utility>
 
 #include "fetchkit/base/Numbers.h"
 
@@ -15,16 +15,6 @@ namespace {
 
 [[noreturn]] void ThrowNull() {
   throw ConvertError(ErrorKind::InvalidUseOfNull, u"A Null stands where a value is needed.");
-}
-
-template <class Whole>
-Whole ToWhole(const Value& value) {
-  const double rounded = RoundHalfToEven(ToDouble(value));
-  if (!(rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
-        rounded <= static_cast<double>(std::numeric_limits<Whole>::max()))) {
-    throw ConvertError(ErrorKind::Overflow, u"A number is too large for its place.");
-  }
-  return static_cast<Whole>(rounded);
 }
 
 }  // namespace
@@ -47,15 +37,15 @@ Value& Value::operator=(const Value& other) {
 }
 
 std::uint8_t ToByte(const Value& value) {
-  return ToWhole<std::uint8_t>(value);
+  return RoundedTo<std::uint8_t>(ToDouble(value));
 }
 
 std::int16_t ToInteger(const Value& value) {
-  return ToWhole<std::int16_t>(value);
+  return RoundedTo<std::int16_t>(ToDouble(value));
 }
 
 std::int32_t ToLong(const Value& value) {
-  return ToWhole<std::int32_t>(value);
+  return RoundedTo<std::int32_t>(ToDouble(value));
 }
 
 double ToDouble(const Value& value) {
@@ -123,6 +113,16 @@ Text ToText(const Value& value) {
 Text ToTextOrEmpty(const Value& value) {
   if (value.IsNull() || value.IsMissing()) return {};
   return ToText(value);
+}
+
+Text TakeText(Value&& value) {
+  if (auto* text = std::get_if<Text>(&value.data_)) return std::move(*text);
+  return ToText(value);
+}
+
+Text TakeTextOrEmpty(Value&& value) {
+  if (value.IsNull() || value.IsMissing()) return {};
+  return TakeText(std::move(value));
 }
 
 bool IsNumeric(const Value& value) {

@@ -73,6 +73,8 @@ class Value {
   bool IsNull() const { return Is<NullValue>(); }
   bool IsMissing() const { return Is<MissingValue>(); }
 
+  friend Text TakeText(Value&& value);
+
  private:
   Storage data_;
 };
@@ -95,6 +97,10 @@ Text ToText(const Value& value);
 // The same with Null, a missing value and Empty read as the empty text: for the few columns where
 // the database's Null is an ordinary empty entry.
 Text ToTextOrEmpty(const Value& value);
+
+// Both without copying a text, for a value that is not needed any more.
+Text TakeText(Value&& value);
+Text TakeTextOrEmpty(Value&& value);
 
 // Whether the value is a number: numbers, Booleans and Empty are, texts by IsNumericText, dates
 // and everything else are not.

@@ -1,6 +1,8 @@
 #include "fetchkit/listset/ViewLoading.h"
 
+#include <deque>
 #include <optional>
+#include <tuple>
 #include <type_traits>
 #include <unordered_map>
 #include <utility>
@@ -19,25 +21,36 @@
 namespace fetchkit::MListSet {
 namespace {
 
-Text TextOf(const Value& value) {
-  return ToText(StringHelpers::NotNull(value, u""));
+// Texts and numbers are read as StringHelpers::NotNull reads them.
+Text TextOf(Value&& value) {
+  if (StandsForNothing(value)) return {};
+  if (const auto number = NumberInFront(value)) return NumberText(*number);
+  return TakeText(std::move(value));
 }
 
-// A Boolean counts as -1 or 0 here: the text "True" would read as the number 0.
-Value NumberOf(const Value& value) {
-  if (value.Is<bool>()) return ToLong(value);
-  return StringHelpers::NotNull(value, std::int32_t{0});
+// What counts as a number: nothing as 0, and a Boolean as -1 or 0, because the text "True" would
+// read as the number 0.
+std::optional<double> NumberIn(const Value& value) {
+  if (StandsForNothing(value)) return 0;
+  if (value.Is<bool>()) return ToDouble(value);
+  return NumberInFront(value);
+}
+
+double NumberOf(const Value& value) {
+  const auto number = NumberIn(value);
+  return number ? *number : ToDouble(value);
 }
 
 bool FlagOf(const Value& value) {
-  return ToBoolean(NumberOf(value));
+  const auto number = NumberIn(value);
+  return number ? *number != 0 : ToBoolean(value);
 }
 
 // Nothing for a Null: no row has such an id, but a read that went wrong may give one.
 std::optional<double> IdOf(const Value& value) {
-  const Value id = StringHelpers::NotNull(value, NullValue());
-  if (id.IsNull()) return std::nullopt;
-  return ToDouble(id);
+  if (StandsForNothing(value)) return std::nullopt;
+  if (const auto number = NumberInFront(value)) return number;
+  return ToDouble(value);
 }
 
 void RestrictToOrganization(const Session& session, ListType& list) {
@@ -97,28 +110,21 @@ Text FieldStatement(const Session& session, std::int32_t viewId) {
 template <class Record>
 struct ColumnOf {
   TextView name;
-  void (*read)(const Value& value, Record& record);
+  void (*read)(Value&& value, Record& record);
 };
 
 template <auto member>
-void Field(const Value& value, ListFieldType& field) {
+void Field(Value&& value, ListFieldType& field) {
   auto& target = field.*member;
   using Target = std::decay_t<decltype(target)>;
   if constexpr (std::is_same_v<Target, Text>) {
-    target = TextOf(value);
+    target = TextOf(std::move(value));
   } else if constexpr (std::is_same_v<Target, bool>) {
     target = FlagOf(value);
   } else {
-    const double number = ToDouble(NumberOf(value));
+    const double number = NumberOf(value);
     // What is left to fail is the range, and that costs this value alone.
-    Step(u"ListSet.RefreshListField: value", [&] {
-      if constexpr (std::is_same_v<Target, std::uint8_t>) {
-        target = ToByte(number);
-      } else {
-        static_assert(std::is_same_v<Target, std::int32_t>);
-        target = ToLong(number);
-      }
-    });
+    Step(u"ListSet.RefreshListField: value", [&] { target = RoundedTo<Target>(number); });
   }
 }
 
@@ -158,18 +164,19 @@ constexpr ColumnOf<F> kFieldColumns[] = {
 // The stored condition as it stands in ListCond. Its texts and numbers are kept as they are:
 // NotNull would make 12 of "12,15" and 1 of "01".
 template <auto member>
-void AsStored(const Value& value, StoredCondition& stored) {
-  stored.*member = ToTextOrEmpty(value);
+void AsStored(Value&& value, StoredCondition& stored) {
+  stored.*member = TakeTextOrEmpty(std::move(value));
 }
 
 template <auto member>
-void Decimal(const Value& value, StoredCondition& stored) {
+void Decimal(Value&& value, StoredCondition& stored) {
   const double* number = std::get_if<double>(&value.data());
-  stored.*member = number != nullptr ? PlainDecimalText(*number) : ToTextOrEmpty(value);
+  stored.*member =
+      number != nullptr ? PlainDecimalText(*number) : TakeTextOrEmpty(std::move(value));
 }
 
 template <auto member>
-void Flag(const Value& value, StoredCondition& stored) {
+void Flag(Value&& value, StoredCondition& stored) {
   stored.*member = FlagOf(value);
 }
 
@@ -185,9 +192,9 @@ constexpr ColumnOf<S> kConditionColumns[] = {
 
 // Joins the codes of one condition. Writing makes one row of them; older data may hold one row for
 // each, and rows without a code.
-void JoinCodes(StoredCondition& stored, const Text& id, const Text& name) {
-  if (!TrimBlanks(id).empty()) AppendWith(stored.codeIds, u',', id);
-  if (!TrimBlanks(name).empty()) AppendWith(stored.codeNames, u' ', name);
+void JoinCodes(StoredCondition& stored, const Value& id, const Value& name) {
+  if (!StandsForNothing(id)) AppendWith(stored.codeIds, u',', ToText(id));
+  if (!StandsForNothing(name)) AppendWith(stored.codeNames, u' ', ToText(name));
 }
 
 // The rows of the field statement. All columns are looked up in advance, each once.
@@ -196,16 +203,15 @@ class FieldRows {
   explicit FieldRows(Recordset& rows) : rows_(rows) {}
 
   std::optional<double> ViewFieldId() { return IdOf(rows_.At(fields_.front())); }
-  bool HasCondition() { return !ToTextOrEmpty(rows_.At(conditionPath_)).empty(); }
+  bool HasCondition() { return !TakeTextOrEmpty(rows_.At(conditionPath_)).empty(); }
 
-  ListFieldType Field() {
-    auto field = Read<ListFieldType>(kFieldColumns, fields_);
+  void ReadField(ListFieldType& field) {
+    Read(kFieldColumns, fields_, field);
     field.strPath = field.strListFieldDesc;
-    return field;
   }
-  StoredCondition Condition() { return Read<StoredCondition>(kConditionColumns, conditions_); }
+  void ReadCondition(StoredCondition& stored) { Read(kConditionColumns, conditions_, stored); }
   void AddCodes(StoredCondition& stored) {
-    JoinCodes(stored, ToTextOrEmpty(rows_.At(codeIds_)), ToTextOrEmpty(rows_.At(codeNames_)));
+    JoinCodes(stored, rows_.At(codeIds_), rows_.At(codeNames_));
   }
 
  private:
@@ -217,12 +223,10 @@ class FieldRows {
     return found;
   }
 
-  template <class Record, class Columns>
-  Record Read(const Columns& columns, const std::vector<std::size_t>& places) {
-    Record record;
+  template <class Columns, class Record>
+  void Read(const Columns& columns, const std::vector<std::size_t>& places, Record& record) {
     for (std::size_t i = 0; i < places.size(); ++i)
       columns[i].read(rows_.At(places[i]), record);
-    return record;
   }
 
   Recordset& rows_;
@@ -246,7 +250,7 @@ void ReadCodes(Session& session, std::int32_t listId, const Text& path, StoredCo
     const std::size_t nameColumn = rows->Column(u"strKeyName");
     StoredCondition codes;
     for (; !rows->Eof(); rows->MoveNext())
-      JoinCodes(codes, ToTextOrEmpty(rows->At(idColumn)), ToTextOrEmpty(rows->At(nameColumn)));
+      JoinCodes(codes, rows->At(idColumn), rows->At(nameColumn));
     stored.codeIds = std::move(codes.codeIds);
     stored.codeNames = std::move(codes.codeNames);
     rows.Close();
@@ -310,17 +314,23 @@ void LoadFields(Session& session, ListType& list, bool& whole) {
     // A field with several codes comes in several rows, and not always next to each other: its
     // condition is complete behind the last row.
     std::unordered_map<double, std::size_t> places;  // of the fields, by their id
-    std::vector<std::optional<StoredCondition>> conditions;
+    std::deque<std::optional<StoredCondition>> conditions;
+    std::unordered_map<double, std::size_t>::iterator place = places.end();
     for (; !rows->Eof(); rows->MoveNext()) {
       const std::optional<double> id = fields.ViewFieldId();
       if (!id) complete = false;
-      const auto [place, isNew] = places.try_emplace(id.value_or(0), conditions.size());
+      bool isNew = false;
+      if (place == places.end() || place->first != id.value_or(0))
+        std::tie(place, isNew) = places.try_emplace(id.value_or(0), conditions.size());
       if (isNew) {
-        if (read.ListField.emplace_back(fields.Field()).blnIsFixed) ++read.intFixedCols;
-        conditions.emplace_back();
-        if (fields.HasCondition()) conditions.back() = fields.Condition();
+        ListFieldType& field = read.ListField.emplace_back();
+        fields.ReadField(field);
+        if (field.blnIsFixed) ++read.intFixedCols;
+        auto& condition = conditions.emplace_back();
+        if (fields.HasCondition()) fields.ReadCondition(condition.emplace());
       }
-      if (auto& stored = conditions[place->second]) fields.AddCodes(*stored);
+      auto& stored = conditions[place->second];
+      if (stored) fields.AddCodes(*stored);
     }
     if (!complete) TellIdMissing(u"ListSet.RefreshListField: fields");
     std::optional<ConditionContext> context;  // two statements, so only for lists with conditions

@@ -214,15 +214,24 @@ bool StringHelpers::DateIsValid(const Value& varDate) {
 
 Value StringHelpers::NotNull(const Value& varValue, const Value& varDefaultValue) {
   return GuardedOutermost(u"Utility.NotNull", Value(), [&]() -> Value {
-    if (varValue.IsEmpty() || varValue.IsNull() || varValue.IsMissing()) return varDefaultValue;
-    if (const auto* text = std::get_if<Text>(&varValue.data()); text && TrimBlanks(*text).empty())
-      return varDefaultValue;
-    // Whole numbers are what their text reads as; the lists ask for thousands of them.
-    if (varValue.Is<std::int32_t>() || varValue.Is<std::int16_t>() || varValue.Is<std::uint8_t>())
-      return ToDouble(varValue);
-    if (IsNumeric(varValue)) return LeadingNumber(ToText(varValue));
+    if (StandsForNothing(varValue)) return varDefaultValue;
+    if (const auto number = NumberInFront(varValue)) return *number;
     return varValue;
   });
+}
+
+bool StandsForNothing(const Value& value) {
+  if (const auto* text = std::get_if<Text>(&value.data())) return TrimBlanks(*text).empty();
+  return value.IsEmpty() || value.IsNull() || value.IsMissing();
+}
+
+std::optional<double> NumberInFront(const Value& value) {
+  // Whole numbers are what their text reads as; the lists ask for thousands of them.
+  if (value.Is<std::int32_t>() || value.Is<std::int16_t>() || value.Is<std::uint8_t>())
+    return ToDouble(value);
+  if (!IsNumeric(value)) return std::nullopt;
+  if (const auto* text = std::get_if<Text>(&value.data())) return LeadingNumber(*text);
+  return LeadingNumber(ToText(value));
 }
 
 }  // namespace fetchkit

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
@@ -93,5 +94,10 @@ class StringHelpers {
   // and "1,234" is 1.
   static Value NotNull(const Value& varValue, const Value& varDefaultValue);
 };
+
+// The two halves of NotNull, for who needs no value of the result: whether the default stands in,
+// and the number that any other value comes back as, if it is numeric.
+bool StandsForNothing(const Value& value);
+std::optional<double> NumberInFront(const Value& value);
 
 }  // namespace fetchkit

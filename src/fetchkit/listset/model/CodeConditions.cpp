@@ -161,6 +161,8 @@ Text CheckFlagCondition(TextView table, TextView values) {
 }
 
 Text Bracketed(Text sql) {
+  // Most hold none at all.
+  if (FindText(sql, u" Or ") == Text::npos && FindText(sql, u" or ") == Text::npos) return sql;
   int depth = 0;
   bool quoted = false;
   for (std::size_t at = 0; at < sql.size(); ++at) {
@@ -169,8 +171,9 @@ Text Bracketed(Text sql) {
     if (quoted) continue;
     if (unit == u'(') ++depth;
     if (unit == u')') --depth;
+    if (unit != u' ' || depth != 0) continue;
     const TextView here = TextView(sql).substr(at, 4);
-    if (depth == 0 && (here == u" Or " || here == u" or ")) return Join(u"(", sql, u")");
+    if (here == u" Or " || here == u" or ") return Join(u"(", sql, u")");
   }
   return sql;
 }
