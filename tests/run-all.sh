@@ -41,9 +41,15 @@ check() {
 
 # Only the rims may know an operating system's header.
 no_windows_headers() {
-  ! git ls-files -co --exclude-standard -- 'src/*' 'tests/*' 'demo/*' 'bench/*' |
-    grep -E '\.(h|cpp)$' | grep -vE '^(tests/component|demo/windows)/' |
+  ! git ls-files -co --exclude-standard -- 'src/*' 'hosts/*' 'tests/*' 'demo/*' 'bench/*' |
+    grep -E '\.(h|cpp)$' | grep -vE '^(tests/component|demo/windows|hosts/(odbc|windows))/' |
     xargs grep -niE '#\s*include\s*[<"](windows|ole2|oleauto|objbase|unknwn|commctrl|ocidl|winuser|windef|winbase)[a-z]*\.h'
+}
+
+# Hosts are libraries for add-ins: nothing of the demo is in them, and what they share knows no host.
+hosts_stand_alone() {
+  ! grep -rnE '#include "(demo|component|tests)/' hosts &&
+    ! grep -rnE '#include ("hosts/(sqlite|odbc|windows)/|<.*\.h>)' hosts/shared hosts/dialect
 }
 
 # A thread_local object with a destructor keeps a Windows DLL from being unloaded.
@@ -119,6 +125,7 @@ check "no Windows header outside its rims" no_windows_headers
 check "no thread_local with a destructor" plain_thread_slot
 check "the core includes the standard library alone" core_includes
 check "includes point down" includes_point_down
+check "hosts stand alone" hosts_stand_alone
 check "clang and clang-tidy find nothing" clang_finds_nothing
 check "find_package(FetchKit) after cmake --install" consumer
 if [[ -n $windows ]]; then

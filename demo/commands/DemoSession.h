@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "demo/SampleHost.h"
 #include "demo/console/Console.h"
-#include "demo/host/SampleHost.h"
 #include "fetchkit/base/ThreadState.h"
 #include "fetchkit/session/Interface.h"
 
@@ -37,7 +37,7 @@ class DemoSession : private DiagnosticsSink {
 
   Interface& entry() { return entry_; }
 
-  const std::shared_ptr<SampleConnection>& connection() const { return host_.connection(); }
+  const std::shared_ptr<SqliteConnection>& connection() const { return host_.connection(); }
 
   // Runs work, then prints the statements it sent and their number.
   template <class Work>

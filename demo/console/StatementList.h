@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "demo/console/Console.h"
-#include "demo/host/SampleConnection.h"
+#include "hosts/sqlite/SqliteConnection.h"
 
 namespace fetchkit::demo {
 

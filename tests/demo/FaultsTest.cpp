@@ -9,10 +9,10 @@
 #include <map>
 #include <type_traits>
 
-#include "demo/host/MemoryRecordset.h"
-#include "demo/host/SampleHost.h"
+#include "demo/SampleHost.h"
 #include "dialogs/Player.h"
 #include "fetchkit/session/Interface.h"
+#include "hosts/shared/MemoryRecordset.h"
 #include "support/FailingAllocations.h"
 #include "support/FakeConnection.h"
 #include "support/FaultyConnection.h"
@@ -25,12 +25,15 @@ using fetchkit::test::FaultyConnection;
 using fetchkit::test::FreshThread;
 using fetchkit::test::Player;
 using fetchkit::test::RecordingSink;
+using hosts::Database;
+using hosts::MemoryRecordset;
+using hosts::Statement;
 
 // The sample accounts, with a memory for the rows of each statement, by what was written before it:
 // the loops below repeat the same few statements many thousand times.
-class RememberingConnection : public SampleConnection {
+class RememberingConnection : public SqliteConnection {
  public:
-  using SampleConnection::SampleConnection;
+  using SqliteConnection::SqliteConnection;
 
   bool OpenStaticRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t, std::int32_t,
                            std::int32_t, std::int32_t) override {
@@ -41,7 +44,7 @@ class RememberingConnection : public SampleConnection {
     auto& known = known_[written];
     auto found = known.find(sql);
     if (found == known.end()) {
-      if (!SampleConnection::OpenRecordset(sql, recordset, option1, option2)) return false;
+      if (!SqliteConnection::OpenRecordset(sql, recordset, option1, option2)) return false;
       found = known.emplace(sql, dynamic_cast<MemoryRecordset&>(*recordset)).first;
     }
     recordset = std::make_shared<MemoryRecordset>(found->second);
@@ -53,7 +56,7 @@ class RememberingConnection : public SampleConnection {
   }
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override {
     written.append(sql);
-    return SampleConnection::ExecuteSql(sql, option, out);
+    return SqliteConnection::ExecuteSql(sql, option, out);
   }
   void Restore() {
     if (!std::exchange(written, {}).empty()) database().RunScript("ROLLBACK TO sample");

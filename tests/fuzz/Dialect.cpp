@@ -1,5 +1,5 @@
-// The demo's adapter: it answers or refuses, and changes no literal.
-#include "demo/dialect/Dialect.h"
+// The adapter: it answers or refuses, and changes no literal.
+#include "hosts/dialect/Dialect.h"
 
 #include "fetchkit/base/Error.h"
 #include "fuzz/Fuzz.h"
@@ -7,7 +7,7 @@
 namespace fetchkit::test {
 namespace {
 
-class FixedCatalog : public demo::Catalog {
+class FixedCatalog : public hosts::Catalog {
  public:
   std::vector<Text> ColumnsOf(TextView) override { return {u"id", u"x"}; }
   std::int64_t NextValue(TextView, TextView) override { return ++drawn; }
@@ -38,7 +38,7 @@ FUZZ_TARGET(Dialect) {
                              : in.Pieces(kPieces, 24);
   FixedCatalog catalog;
   try {
-    const demo::AdaptedStatement adapted = demo::Adapt(sql, catalog);
+    const hosts::AdaptedStatement adapted = hosts::Adapt(sql, catalog);
     EXPECT_FALSE(adapted.statements.empty());
     const auto given = [&](TextView piece) { return sql.find(piece) != Text::npos; };
     Text all;

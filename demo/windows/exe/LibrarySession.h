@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "component/com/ComPtr.h"
+#include "demo/SampleHost.h"
 #include "demo/console/Console.h"
 #include "demo/console/StatementList.h"
-#include "demo/host/SampleHost.h"
 #include "idl/FetchKit.h"
 
 namespace fetchkit::demo {
@@ -39,7 +39,7 @@ class LibrarySession {
   void LogInAfresh();
 
   const ComPtr<IInterface>& entry() const { return entry_; }
-  const std::shared_ptr<SampleConnection>& connection() const { return host_.connection(); }
+  const std::shared_ptr<SqliteConnection>& connection() const { return host_.connection(); }
   ComPtr<IActivity> Activity() const;
 
   // Runs work, then prints the statements it sent and their number.

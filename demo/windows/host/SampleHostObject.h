@@ -2,7 +2,7 @@
 #pragma once
 
 #include "component/com/ComObject.h"
-#include "demo/host/SampleHost.h"
+#include "demo/SampleHost.h"
 #include "idl/FetchKitDemoHost.h"
 
 namespace fetchkit::demo {
@@ -28,7 +28,7 @@ class SampleHostObject : public ComObject<ISampleHost, IID_ISampleHost, SampleHo
  private:
   // Error (InvalidCall) for a number that no statement has.
   const StatementReport& Report(long number) const;
-  SampleConnection& CurrentConnection() const;
+  SqliteConnection& CurrentConnection() const;
 };
 
 }  // namespace fetchkit::demo

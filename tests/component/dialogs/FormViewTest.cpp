@@ -5,7 +5,7 @@
 #include "component/ui/Controls.h"
 #include "component/ui/Counted.h"
 #include "component/ui/Win32FormView.h"
-#include "demo/host/SampleHost.h"
+#include "demo/SampleHost.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
 #include "fetchkit/listset/ListSet.h"
 #include "fetchkit/session/Interface.h"

@@ -9,7 +9,7 @@
 #include "DialogPlayer.h"
 #include "component/support/Component.h"
 #include "component/ui/Controls.h"
-#include "demo/host/SampleHost.h"
+#include "demo/SampleHost.h"
 
 namespace fetchkit::test {
 namespace {

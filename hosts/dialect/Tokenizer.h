@@ -10,7 +10,7 @@
 
 #include "fetchkit/base/Text.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 enum class TokenKind {
   Word,        // name or keyword
@@ -72,4 +72,4 @@ void Append(Tokens& target, const Tokens& tail);
 // Appends the tokens of a piece that the adapter puts in, at the position of what it replaces.
 void AppendSql(Tokens& target, TextView sql, std::size_t position);
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

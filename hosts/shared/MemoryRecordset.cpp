@@ -1,11 +1,11 @@
-#include "demo/host/MemoryRecordset.h"
+#include "hosts/shared/MemoryRecordset.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "fetchkit/base/Error.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 [[noreturn]] void Fail(TextView what) {
@@ -14,15 +14,10 @@ namespace {
 
 }  // namespace
 
-MemoryRecordset::MemoryRecordset(Statement& statement) {
-  for (int i = 0; i < statement.ColumnCount(); ++i)
-    names_.push_back(statement.ColumnName(i));
-  while (statement.Step()) {
-    for (int i = 0; i < statement.ColumnCount(); ++i)
-      cells_.push_back(statement.Column(i));
-    ++rows_;
-  }
-}
+MemoryRecordset::MemoryRecordset(std::vector<Text> names, std::vector<Value> cells)
+    : names_(std::move(names)),
+      cells_(std::move(cells)),
+      rows_(names_.empty() ? 0 : cells_.size() / names_.size()) {}
 
 void MemoryRecordset::MoveNext() {
   if (Eof()) Fail(u"The recordset has no current row.");
@@ -67,4 +62,4 @@ void MemoryRecordset::MoveTo(std::size_t row) {
   row_ = row;
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

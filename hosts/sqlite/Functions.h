@@ -12,9 +12,9 @@
 
 #include <sqlite3.h>
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 // Error (Host) when the database refuses.
 void AddFunctions(sqlite3* database);
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

@@ -5,18 +5,17 @@
 #include <cstdint>
 #include <vector>
 
-#include "demo/sqlite/Database.h"
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
 #include "fetchkit/host/Recordset.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 // Error (Host) for every operation once it is closed, and for moves and reads that have no row.
 class MemoryRecordset : public Recordset {
  public:
-  // Runs the statement to its end.
-  explicit MemoryRecordset(Statement& statement);
+  // The cells row by row: a whole number of rows.
+  MemoryRecordset(std::vector<Text> names, std::vector<Value> cells);
 
   bool Eof() override { return Open().row_ == rows_; }
   bool Bof() override { return Open().rows_ == 0; }
@@ -40,9 +39,9 @@ class MemoryRecordset : public Recordset {
 
   std::vector<Text> names_;
   std::vector<Value> cells_;  // row by row
-  std::size_t rows_ = 0;
+  std::size_t rows_;
   std::size_t row_ = 0;
   bool open_ = true;
 };
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

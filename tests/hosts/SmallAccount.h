@@ -1,14 +1,14 @@
-// An account of a few small tables, behind the demo host's connection.
+// An account of a few small tables, behind the embedded host's connection.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "demo/host/SampleConnection.h"
 #include "fetchkit/base/Utf8.h"
+#include "hosts/sqlite/SqliteConnection.h"
 
-namespace fetchkit::demo::test {
+namespace fetchkit::hosts::test {
 
 class SmallAccount {
  public:
@@ -27,7 +27,7 @@ class SmallAccount {
     auto database = std::make_shared<Database>();
     database->AttachCopy(account, u"ACC01");
     database->AttachCopy(server, u"System");
-    connection = std::make_shared<SampleConnection>(database, Login());
+    connection = std::make_shared<SqliteConnection>(database, Login());
     connection->trace = [this](const StatementReport& report) { reports.push_back(report); };
   }
 
@@ -55,8 +55,8 @@ class SmallAccount {
     return ToUtf8(ToText(out));
   }
 
-  std::shared_ptr<SampleConnection> connection;
+  std::shared_ptr<SqliteConnection> connection;
   std::vector<StatementReport> reports;
 };
 
-}  // namespace fetchkit::demo::test
+}  // namespace fetchkit::hosts::test

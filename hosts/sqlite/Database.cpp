@@ -1,12 +1,13 @@
-#include "demo/sqlite/Database.h"
+#include "hosts/sqlite/Database.h"
 
 #include <limits>
+#include <string>
 
-#include "demo/sqlite/Functions.h"
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Utf8.h"
+#include "hosts/sqlite/Functions.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 [[noreturn]] void ThrowLast(sqlite3* handle) {
@@ -21,7 +22,8 @@ void Check(sqlite3* handle, int result) {
 
 Database::Database() {
   sqlite3* handle = nullptr;
-  const int result = sqlite3_open(":memory:", &handle);
+  const int result = sqlite3_open_v2(
+      ":memory:", &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI, nullptr);
   handle_.reset(handle);
   Check(handle, result);
   for (const int quotedTexts : {SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML})
@@ -39,6 +41,18 @@ void Database::AttachCopy(const Database& source, TextView schema) {
   if (backup == nullptr) ThrowLast(handle());
   sqlite3_backup_step(backup, -1);
   Check(handle(), sqlite3_backup_finish(backup));
+}
+
+void Database::AttachFile(TextView path, TextView schema) {
+  // As an address the path says that the file has to be there; its own "%", "?" and "#" are written
+  // out, or they would end it.
+  std::string address = "file:";
+  for (const char c : ToUtf8(path))
+    address += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+  Statement attach(*this, u"ATTACH DATABASE ?1 AS ?2");
+  attach.Bind(1, FromUtf8(address + "?mode=rw"));
+  attach.Bind(2, schema);
+  attach.Step();
 }
 
 void Database::RunScript(std::string_view script) {
@@ -86,6 +100,13 @@ Text Statement::ColumnName(int column) const {
   return name == nullptr ? Text() : Text(name);
 }
 
+std::vector<Text> Statement::ColumnNames() const {
+  std::vector<Text> names;
+  for (int i = 0; i < ColumnCount(); ++i)
+    names.push_back(ColumnName(i));
+  return names;
+}
+
 Value Statement::Column(int column) const {
   switch (sqlite3_column_type(handle_.get(), column)) {
     case SQLITE_NULL:
@@ -123,4 +144,4 @@ void Savepoint::Release() {
   released_ = true;
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

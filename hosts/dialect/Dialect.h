@@ -8,7 +8,7 @@
 //   a.x = b.x(+)        is an outer join                        -> LEFT JOIN (OuterJoin.h)
 //   LIST_SEQ.NEXTVAL    draws from a sequence                   -> the number drawn
 //   Begin s; s; End;    is one statement, done wholly or not    -> its statements
-// Functions of the dialect are functions of the embedded database (demo/sqlite/Functions.h); DUAL
+// Functions of the dialect are functions of the embedded database (hosts/sqlite/Functions.h); DUAL
 // is a table of one row in the account's database; schemas are attached databases.
 #pragma once
 
@@ -17,7 +17,7 @@
 
 #include "fetchkit/base/Text.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 // What the adapter asks the database while it works on a statement.
 class Catalog {
@@ -47,4 +47,4 @@ struct AdaptedStatement {
 // real database it stays drawn when the statement then fails.
 AdaptedStatement Adapt(TextView sql, Catalog& catalog);
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

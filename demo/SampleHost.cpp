@@ -1,4 +1,4 @@
-#include "demo/host/SampleHost.h"
+#include "demo/SampleHost.h"
 
 #include "demo/SampleAccounts.h"
 #include "fetchkit/base/Utf8.h"
@@ -7,13 +7,13 @@ namespace fetchkit::demo {
 namespace {
 
 // The account's database attached first: unqualified names are its own.
-std::shared_ptr<Database> OpenAccount(std::string_view userId) {
-  auto database = std::make_shared<Database>();
+std::shared_ptr<hosts::Database> OpenAccount(std::string_view userId) {
+  auto database = std::make_shared<hosts::Database>();
   for (const bool account : {true, false}) {
     for (const SampleDatabase& sample : SampleDatabases()) {
       const bool isServers = sample.schema == "System";
       if (account ? sample.schema != userId : !isServers) continue;
-      Database filled;
+      hosts::Database filled;
       RunScripts(filled.handle(), sample.prefix);
       database->AttachCopy(filled, FromUtf8(sample.schema));
     }
@@ -40,7 +40,7 @@ void SampleHost::Switch(std::string_view loginName) {
   const SampleLogin& sample = FindSampleLogin(loginName);
   auto& connection = connections_[std::string(sample.userId)];
   if (!connection) {
-    connection = std::make_shared<SampleConnection>(OpenAccount(sample.userId), Login());
+    connection = std::make_shared<SqliteConnection>(OpenAccount(sample.userId), Login());
     connection->trace = [reports = reports_](const StatementReport& report) {
       reports->push_back(report);
     };

@@ -1,11 +1,11 @@
-#include "demo/dialect/OuterJoin.h"
+#include "hosts/dialect/OuterJoin.h"
 
 #include <algorithm>
 #include <optional>
 #include <set>
 #include <utility>
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 const std::vector<TextView> kSetOperators = {u"UNION", u"INTERSECT", u"MINUS", u"EXCEPT"};
@@ -334,4 +334,4 @@ Tokens RewriteOuterJoins(const Tokens& tokens, const ColumnsOf& columnsOf) {
   return written;
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

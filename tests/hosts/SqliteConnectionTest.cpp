@@ -1,11 +1,14 @@
-#include "demo/host/SampleConnection.h"
+#include "hosts/sqlite/SqliteConnection.h"
 
 #include <gtest/gtest.h>
 
-#include "demo/SmallAccount.h"
-#include "fetchkit/base/Error.h"
+#include <cstdio>
+#include <string>
 
-namespace fetchkit::demo::test {
+#include "fetchkit/base/Error.h"
+#include "hosts/SmallAccount.h"
+
+namespace fetchkit::hosts::test {
 namespace {
 
 constexpr const char* kTables = R"(
@@ -13,7 +16,7 @@ constexpr const char* kTables = R"(
   INSERT INTO t VALUES (1, 1.5, '部门'), (2147483648, 2, ''), (NULL, NULL, NULL);
 )";
 
-class SampleConnectionTest : public ::testing::Test {
+class SqliteConnectionTest : public ::testing::Test {
  protected:
   RecordsetPtr Open(TextView sql) {
     RecordsetPtr recordset;
@@ -22,10 +25,10 @@ class SampleConnectionTest : public ::testing::Test {
   }
 
   SmallAccount account{kTables};
-  SampleConnection& connection = *account.connection;
+  SqliteConnection& connection = *account.connection;
 };
 
-TEST_F(SampleConnectionTest, ValuesKeepTheirTypesAndColumnsTheirNames) {
+TEST_F(SqliteConnectionTest, ValuesKeepTheirTypesAndColumnsTheirNames) {
   RecordsetPtr rows = Open(u"SELECT 7 AS S, t.*, nvl(s,'-') As 名称 FROM t ORDER BY id");
   EXPECT_EQ(rows->Column(u"s"), 0U) << "the first of equal names, whatever its letter case";
   EXPECT_EQ(rows->Column(u"ID"), 1U);
@@ -43,7 +46,7 @@ TEST_F(SampleConnectionTest, ValuesKeepTheirTypesAndColumnsTheirNames) {
     EXPECT_TRUE(rows->At(column).IsNull());
 }
 
-TEST_F(SampleConnectionTest, MovesAndEnds) {
+TEST_F(SqliteConnectionTest, MovesAndEnds) {
   RecordsetPtr rows = Open(u"SELECT id FROM t ORDER BY id");
   EXPECT_EQ(rows->RecordCount(), 3);
   rows->MoveLast();
@@ -66,7 +69,7 @@ TEST_F(SampleConnectionTest, MovesAndEnds) {
   EXPECT_TRUE(isEmpty);
 }
 
-TEST_F(SampleConnectionTest, RecordsetsAreGivenBackOnce) {
+TEST_F(SqliteConnectionTest, RecordsetsAreGivenBackOnce) {
   RecordsetPtr rows = Open(u"SELECT id FROM t");
   RecordsetPtr again = rows;
   EXPECT_EQ(connection.openRecordsets(), 1);
@@ -78,7 +81,7 @@ TEST_F(SampleConnectionTest, RecordsetsAreGivenBackOnce) {
   EXPECT_EQ(connection.openRecordsets(), 0);
 }
 
-TEST_F(SampleConnectionTest, TellsEveryStatement) {
+TEST_F(SqliteConnectionTest, TellsEveryStatement) {
   EXPECT_EQ(account.Rows("Select 1 From ACC01.t Where id || '' = '1'"), "1");
   EXPECT_EQ(account.Execute("UPDATE t SET s='' WHERE id > 0"), "2");
   account.Rows("SELECT x FROM t");
@@ -97,5 +100,22 @@ TEST_F(SampleConnectionTest, TellsEveryStatement) {
   EXPECT_EQ(account.reports[3].adapted, u"") << "refused by the adapter, not by the database";
 }
 
+TEST_F(SqliteConnectionTest, AccountsInFiles) {
+  const std::string path = testing::TempDir() + "100% of #1?.db";
+  const auto remove = [&] { std::remove(path.c_str()); };
+  remove();
+  Database database;
+  EXPECT_THROW(database.AttachFile(FromUtf8(path), u"ACC"), Error) << "nothing is created";
+  account.connection->database().RunScript("VACUUM ACC01 INTO '" + path + "'");
+  database.AttachFile(FromUtf8(path), u"ACC");
+  EXPECT_EQ(database.Execute(u"UPDATE ACC.t SET d = 3 WHERE id = 1"), 1);
+  Database later;
+  later.AttachFile(FromUtf8(path), u"ACC");
+  Statement kept(later, u"SELECT d FROM t WHERE id = 1");
+  ASSERT_TRUE(kept.Step());
+  EXPECT_EQ(ToLong(kept.Column(0)), 3);
+  remove();
+}
+
 }  // namespace
-}  // namespace fetchkit::demo::test
+}  // namespace fetchkit::hosts::test

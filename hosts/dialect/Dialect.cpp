@@ -1,12 +1,12 @@
-#include "demo/dialect/Dialect.h"
+#include "hosts/dialect/Dialect.h"
 
 #include <array>
 #include <utility>
 
-#include "demo/dialect/OuterJoin.h"
-#include "demo/dialect/Tokenizer.h"
+#include "hosts/dialect/OuterJoin.h"
+#include "hosts/dialect/Tokenizer.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 const std::vector<TextView> kChanges = {u"INSERT", u"UPDATE", u"DELETE"};
@@ -293,4 +293,4 @@ AdaptedStatement Adapt(TextView sql, Catalog& catalog) {
   return adapted;
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

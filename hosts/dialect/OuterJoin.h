@@ -12,9 +12,9 @@
 #include <functional>
 #include <vector>
 
-#include "demo/dialect/Tokenizer.h"
+#include "hosts/dialect/Tokenizer.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 // The column names of one item of a FROM clause: a table, a view or a SELECT in brackets, with its
 // other name if it has one. Throws when there is no such table.
@@ -28,4 +28,4 @@ using ColumnsOf = std::function<std::vector<Text>(TextView fromItem)>;
 // table of this FROM; two marked tables in one predicate; tables that depend on each other.
 Tokens RewriteOuterJoins(const Tokens& tokens, const ColumnsOf& columnsOf);
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

@@ -1,11 +1,11 @@
-#include "demo/dialect/Tokenizer.h"
+#include "hosts/dialect/Tokenizer.h"
 
 #include <algorithm>
 #include <array>
 
 #include "fetchkit/base/Error.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 // The embedded database's own parser gives up at about this depth; so deep a statement is no
@@ -192,8 +192,8 @@ Text ToSql(const Tokens& tokens) {
 
 void Refuse(TextView what, const Token& token) {
   throw Error(ErrorKind::Host,
-              Join(u"The demo database's adapter refuses ", what, u": ",
-                   TextView(token.text).substr(0, 40), u", at position ", token.position, u"."));
+              Join(u"The adapter refuses ", what, u": ", TextView(token.text).substr(0, 40),
+                   u", at position ", token.position, u"."));
 }
 
 bool IsSign(const Token& token, TextView sign) {
@@ -282,4 +282,4 @@ void AppendSql(Tokens& target, TextView sql, std::size_t position) {
   }
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

@@ -1,4 +1,4 @@
-#include "demo/sqlite/Functions.h"
+#include "hosts/sqlite/Functions.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,7 +10,7 @@
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/TextSearch.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 struct Arguments {
@@ -151,4 +151,4 @@ void AddFunctions(sqlite3* database) {
       throw Error(ErrorKind::Host, u"The embedded database takes no functions.");
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

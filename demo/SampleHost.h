@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "demo/host/SampleConnection.h"
+#include "hosts/sqlite/SqliteConnection.h"
 
 namespace fetchkit::demo {
 
@@ -20,7 +20,7 @@ class SampleHost {
   void Switch(std::string_view loginName);
 
   // Of the current login; null before the first Switch.
-  const std::shared_ptr<SampleConnection>& connection() const { return current_; }
+  const std::shared_ptr<SqliteConnection>& connection() const { return current_; }
 
   // Every statement since the list was last cleared, in order; clearing is up to the caller.
   std::vector<StatementReport>& reports() { return *reports_; }
@@ -30,8 +30,8 @@ class SampleHost {
   int openRecordsets() const;
 
  private:
-  std::map<std::string, std::shared_ptr<SampleConnection>, std::less<>> connections_;
-  std::shared_ptr<SampleConnection> current_;
+  std::map<std::string, std::shared_ptr<SqliteConnection>, std::less<>> connections_;
+  std::shared_ptr<SqliteConnection> current_;
   std::shared_ptr<std::vector<StatementReport>> reports_ =
       std::make_shared<std::vector<StatementReport>>();
 };

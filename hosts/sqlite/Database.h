@@ -8,15 +8,16 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
-// A database in memory that ends with the object, set up for the dialect: LIKE regards letter case,
-// double quotes hold names only, and the dialect's functions are there. To be used on one thread at
-// a time.
+// A connection to databases in memory, which end with the object, and in files. It is set up for
+// the dialect: LIKE regards letter case, double quotes hold names only, and the dialect's functions
+// are there. To be used on one thread at a time.
 class Database {
  public:
   Database();
@@ -25,6 +26,10 @@ class Database {
   // tables are found by SCHEMA.TABLE and by their own names; of equal names, the schema attached
   // first wins.
   void AttachCopy(const Database& source, TextView schema);
+
+  // Makes a database file known under a schema name in the same way. A file that is not there, or
+  // is none of this database's, is an error, now or at the first statement; nothing is created.
+  void AttachFile(TextView path, TextView schema);
 
   // Runs statements of the embedded database's own dialect, UTF-8, separated by ";".
   void RunScript(std::string_view script);
@@ -54,6 +59,7 @@ class Statement {
 
   int ColumnCount() const { return sqlite3_column_count(handle_.get()); }
   Text ColumnName(int column) const;
+  std::vector<Text> ColumnNames() const;
 
   // Whole numbers as Long where they fit, else as Double; the empty text is Null.
   Value Column(int column) const;
@@ -81,4 +87,4 @@ class Savepoint {
   bool released_ = false;
 };
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

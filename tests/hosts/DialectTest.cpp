@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "demo/SmallAccount.h"
+#include "hosts/SmallAccount.h"
 #include "support/Lines.h"
 
-namespace fetchkit::demo::test {
+namespace fetchkit::hosts::test {
 namespace {
 
 using fetchkit::test::Lines;
@@ -35,29 +35,29 @@ class DialectTest : public ::testing::Test {
 
 TEST_F(DialectTest, EmptyTextNullAndExpressions) {
   ExpectRows(
-#include "demo/statements/EmptyTextNullAndExpressions.txt"
+#include "hosts/statements/EmptyTextNullAndExpressions.txt"
   );
   EXPECT_EQ(account.Rows("SELECT /* ; */ id -- (+)\n FROM a WHERE id = 1"), "1") << "comments";
 }
 
 TEST_F(DialectTest, OuterJoins) {
   ExpectRows(
-#include "demo/statements/OuterJoins.txt"
+#include "hosts/statements/OuterJoins.txt"
   );
 }
 
 TEST_F(DialectTest, RefusalsNameWhatAndWhere) {
   ExpectRows(
-#include "demo/statements/RefusalsNameWhatAndWhere.txt"
-      , "The demo database's adapter refuses ");
+#include "hosts/statements/RefusalsNameWhatAndWhere.txt"
+      , "The adapter refuses ");
   ExpectRows(
-#include "demo/statements/RefusedByTheDatabase.txt"
+#include "hosts/statements/RefusedByTheDatabase.txt"
   );
 }
 
 TEST_F(DialectTest, DeepAndLongStatements) {
-  EXPECT_EQ(account.Rows("SELECT " + std::string(5000, '(') + std::string(5000, ')')).substr(0, 63),
-            "The demo database's adapter refuses brackets nested too deep: (");
+  EXPECT_EQ(account.Rows("SELECT " + std::string(5000, '(') + std::string(5000, ')')).substr(0, 47),
+            "The adapter refuses brackets nested too deep: (");
   std::string ids = "1";
   for (int i = 5; i < 20000; ++i)
     ids += "," + std::to_string(i);
@@ -66,7 +66,7 @@ TEST_F(DialectTest, DeepAndLongStatements) {
 
 TEST_F(DialectTest, Sequences) {
   ExpectRows(
-#include "demo/statements/Sequences.txt"
+#include "hosts/statements/Sequences.txt"
   );
   EXPECT_EQ(account.Execute("INSERT INTO a (id, x) VALUES (LIST_SEQ.NEXTVAL, '')"), "1");
   EXPECT_EQ(account.Rows("SELECT id, x FROM a WHERE id > 3"), "45|~");
@@ -80,7 +80,7 @@ TEST_F(DialectTest, BlocksAreDoneWhollyOrNotAtAll) {
   EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows);
 
   for (const auto& [block, error] : Lines<2>(
-#include "demo/statements/RefusedBlocks.txt"
+#include "hosts/statements/RefusedBlocks.txt"
            )) {
     EXPECT_THAT(account.Execute(block), testing::HasSubstr(error));
     EXPECT_EQ(account.Rows("SELECT * FROM a ORDER BY id"), rows) << block;
@@ -88,4 +88,4 @@ TEST_F(DialectTest, BlocksAreDoneWhollyOrNotAtAll) {
 }
 
 }  // namespace
-}  // namespace fetchkit::demo::test
+}  // namespace fetchkit::hosts::test

@@ -1,0 +1,26 @@
+# What find_package(FetchKit [COMPONENTS HOST...]) reads. FetchKit::FetchKit is the library, each
+# component the host FetchKit::HOST with what it needs of the system.
+include(CMakeFindDependencyMacro)
+include(${CMAKE_CURRENT_LIST_DIR}/FetchKitTargets.cmake)
+
+set(FetchKit_Sqlite_NEEDS SQLite3)
+
+foreach(component IN LISTS FetchKit_FIND_COMPONENTS)
+  set(targets ${CMAKE_CURRENT_LIST_DIR}/FetchKit${component}Targets.cmake)
+  if(NOT EXISTS ${targets})
+    set(FetchKit_${component}_FOUND FALSE)
+    set(FetchKit_NOT_FOUND_MESSAGE "FetchKit was installed without its host ${component}.")
+    continue()
+  endif()
+  foreach(dependency IN LISTS FetchKit_${component}_NEEDS)
+    find_dependency(${dependency})
+  endforeach()
+  include(${CMAKE_CURRENT_LIST_DIR}/FetchKitHostsTargets.cmake)
+  include(${targets})
+  set(FetchKit_${component}_FOUND TRUE)
+endforeach()
+foreach(component IN LISTS FetchKit_FIND_COMPONENTS)
+  if(FetchKit_FIND_REQUIRED_${component} AND NOT FetchKit_${component}_FOUND)
+    set(FetchKit_FOUND FALSE)
+  endif()
+endforeach()

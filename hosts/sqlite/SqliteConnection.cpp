@@ -1,0 +1,70 @@
+#include "hosts/sqlite/SqliteConnection.h"
+
+#include <utility>
+#include <vector>
+
+#include "fetchkit/base/Error.h"
+#include "hosts/dialect/Dialect.h"
+
+namespace fetchkit {
+namespace {
+
+using hosts::Database;
+using hosts::Statement;
+
+class DatabaseCatalog : public hosts::Catalog {
+ public:
+  explicit DatabaseCatalog(Database& database) : database_(database) {}
+
+  std::vector<Text> ColumnsOf(TextView fromItem) override {
+    return Statement(database_, Join(u"SELECT * FROM ", fromItem, u" WHERE 0")).ColumnNames();
+  }
+
+  std::int64_t NextValue(TextView schema, TextView sequence) override {
+    Statement draw(database_, Join(u"UPDATE ", schema, schema.empty() ? u"" : u".",
+                                   u"demo_sequence SET last = last + 1 WHERE name = ?1 "
+                                   u"RETURNING last"));
+    draw.Bind(1, sequence);
+    if (!draw.Step()) throw Error(ErrorKind::Host, Join(u"There is no sequence ", sequence, u"."));
+    const auto number = static_cast<std::int64_t>(ToDouble(draw.Column(0)));
+    draw.Step();  // to its end, which is when the change is kept
+    return number;
+  }
+
+ private:
+  Database& database_;
+};
+
+}  // namespace
+
+SqliteConnection::SqliteConnection(std::shared_ptr<Database> database, Login who)
+    : TracedConnection(std::move(who)), database_(std::move(database)) {}
+
+std::shared_ptr<hosts::MemoryRecordset> SqliteConnection::Query(TextView sql, Text& adapted) {
+  DatabaseCatalog catalog(*database_);
+  const hosts::AdaptedStatement statement = Adapt(sql, catalog);
+  if (statement.kind != hosts::AdaptedStatement::Kind::Query)
+    throw Error(ErrorKind::Host, u"A statement that gives no rows cannot be opened.");
+  adapted = statement.statements[0];
+  Statement query(*database_, adapted);
+  std::vector<Value> cells;
+  while (query.Step())
+    for (int i = 0; i < query.ColumnCount(); ++i)
+      cells.push_back(query.Column(i));
+  return std::make_shared<hosts::MemoryRecordset>(query.ColumnNames(), std::move(cells));
+}
+
+std::int64_t SqliteConnection::Change(TextView sql, Text& adapted) {
+  DatabaseCatalog catalog(*database_);
+  const std::vector<Text> statements = Adapt(sql, catalog).statements;
+  for (const Text& statement : statements)
+    adapted += Join(adapted.empty() ? u"" : u"; ", statement);
+  hosts::Savepoint savepoint(*database_);
+  std::int64_t rows = 0;
+  for (const Text& statement : statements)
+    rows += database_->Execute(statement);
+  savepoint.Release();
+  return rows;
+}
+
+}  // namespace fetchkit
