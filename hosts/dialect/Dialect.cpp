@@ -237,7 +237,11 @@ Tokens DrawSequences(const Tokens& tokens, Catalog& catalog) {
 
 Tokens AdaptTokens(const Tokens& tokens, Catalog& catalog) {
   RefuseForeignWords(tokens);
-  return RewriteOuterJoins(OrderNulls(Expressions::Adapt(tokens)),
+  const Tokens typed =
+      catalog.ConfusesTypes()
+          ? WithTypes(tokens, [&](TextView table) { return catalog.TypesOf(table); })
+          : tokens;
+  return RewriteOuterJoins(OrderNulls(Expressions::Adapt(typed)),
                            [&](TextView item) { return catalog.ColumnsOf(item); });
 }
 

@@ -1,6 +1,7 @@
 // The library's SQL dialect on the embedded database.
 //
 // What differs, and what is done about it:
+//   strCode > 200       converts the text, as always              -> to_number (Types.h)
 //   ''                  is Null                                 -> NULL
 //   a || b              reads Null as empty, binds like +       -> concat(a, b)
 //   a / b               keeps the fraction                      -> a / 1.0 / b
@@ -16,6 +17,7 @@
 #include <vector>
 
 #include "fetchkit/base/Text.h"
+#include "hosts/dialect/Types.h"
 
 namespace fetchkit::hosts {
 
@@ -30,6 +32,11 @@ class Catalog {
   // Draws the next number of a sequence, whose name is in upper case. schema is empty where the
   // statement names none. Throws when there is no such sequence.
   virtual std::int64_t NextValue(TextView schema, TextView sequence) = 0;
+
+  // Whether the database needs to be told every conversion between numbers and texts (Types.h); if
+  // so, the types of a table's columns are asked for.
+  virtual bool ConfusesTypes() const { return false; }
+  virtual std::vector<TypedColumn> TypesOf(TextView /*table*/) { return {}; }
 };
 
 struct AdaptedStatement {

@@ -107,6 +107,11 @@ std::vector<Text> Statement::ColumnNames() const {
   return names;
 }
 
+Text Statement::DeclaredType(int column) const {
+  const auto* type = static_cast<const char16_t*>(sqlite3_column_decltype16(handle_.get(), column));
+  return type == nullptr ? Text() : Text(type);
+}
+
 Value Statement::Column(int column) const {
   switch (sqlite3_column_type(handle_.get(), column)) {
     case SQLITE_NULL:

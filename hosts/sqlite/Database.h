@@ -61,6 +61,9 @@ class Statement {
   Text ColumnName(int column) const;
   std::vector<Text> ColumnNames() const;
 
+  // As the table's definition has it; empty for what is computed.
+  Text DeclaredType(int column) const;
+
   // Whole numbers as Long where they fit, else as Double; the empty text is Null.
   Value Column(int column) const;
 

@@ -20,6 +20,16 @@ class DatabaseCatalog : public hosts::Catalog {
     return Statement(database_, Join(u"SELECT * FROM ", fromItem, u" WHERE 0")).ColumnNames();
   }
 
+  bool ConfusesTypes() const override { return true; }
+
+  std::vector<hosts::TypedColumn> TypesOf(TextView table) override {
+    const Statement statement(database_, Join(u"SELECT * FROM ", table, u" WHERE 0"));
+    std::vector<hosts::TypedColumn> columns;
+    for (int i = 0; i < statement.ColumnCount(); ++i)
+      columns.push_back({statement.ColumnName(i), TypeOf(statement.DeclaredType(i))});
+    return columns;
+  }
+
   std::int64_t NextValue(TextView schema, TextView sequence) override {
     Statement draw(database_, Join(u"UPDATE ", schema, schema.empty() ? u"" : u".",
                                    u"demo_sequence SET last = last + 1 WHERE name = ?1 "
@@ -32,6 +42,18 @@ class DatabaseCatalog : public hosts::Catalog {
   }
 
  private:
+  // A declaration is any word that contains one of these, in this order; only of such columns the
+  // embedded database makes numbers or texts. What a view computes has none.
+  static hosts::ValueType TypeOf(TextView declaration) {
+    const Text upper = UpperAscii(declaration);
+    for (const TextView word :
+         {u"INT", u"CHAR", u"CLOB", u"TEXT", u"REAL", u"FLOA", u"DOUB", u"NUM", u"DEC"})
+      if (upper.find(word) != Text::npos)
+        return word == u"CHAR" || word == u"CLOB" || word == u"TEXT" ? hosts::ValueType::Text
+                                                                     : hosts::ValueType::Number;
+    return hosts::ValueType::Unknown;
+  }
+
   Database& database_;
 };
 
