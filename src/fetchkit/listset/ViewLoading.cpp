@@ -315,7 +315,7 @@ void LoadFields(Session& session, ListType& list, bool& whole) {
     // condition is complete behind the last row.
     std::unordered_map<double, std::size_t> places;  // of the fields, by their id
     std::deque<std::optional<StoredCondition>> conditions;
-    std::unordered_map<double, std::size_t>::iterator place = places.end();
+    auto place = places.end();
     for (; !rows->Eof(); rows->MoveNext()) {
       const std::optional<double> id = fields.ViewFieldId();
       if (!id) complete = false;
