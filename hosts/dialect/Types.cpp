@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "fetchkit/base/Error.h"
 #include "hosts/dialect/NumberTexts.h"
 
 namespace fetchkit::hosts {
@@ -123,6 +124,11 @@ class Typing {
     return at_ + ahead < end_ && IsWord(tokens_[at_ + ahead], word);
   }
   const Token& Here() const { return tokens_[std::min(at_, tokens_.size() - 1)]; }
+
+  // In the database's own words: statements that ask whether there is a column are usual.
+  [[noreturn]] static void NoColumn(TextView name) {
+    throw Error(ErrorKind::Host, Join(u"no such column: ", name));
+  }
 
   [[noreturn]] void RefuseHere(TextView what) const {
     if (AtEnd()) Refuse(Join(what, u" behind"), tokens_[at_ - 1]);
@@ -775,7 +781,7 @@ class Typing {
         scope->bare.push_back(&first);
       return found->type;
     }
-    Refuse(u"a column that no table here has", first);
+    NoColumn(table.empty() ? fetchkit::Text(name) : Join(table, u".", name));
   }
 
   std::size_t BareColumns() const { return scope_ == nullptr ? 0 : scope_->bare.size(); }
@@ -1206,7 +1212,7 @@ class Typing {
     const auto isIt = [&](const TypedColumn& column) { return EqualFolded(column.name, name); };
     if (std::any_of(before.begin(), before.end(), isIt)) RefuseHere(u"a column named twice");
     const auto found = std::find_if(table.columns.begin(), table.columns.end(), isIt);
-    if (found == table.columns.end()) RefuseHere(u"a column that no table here has");
+    if (found == table.columns.end()) NoColumn(name);
     return *found;
   }
 
