@@ -186,7 +186,7 @@ pictures() {
   local state scaling
   mkdir -p build/pictures
   for scaling in "" -150 -200; do
-    for state in text between period date code picker enumeration chooser multi-choose; do
+    for state in text between period date code picker enumeration refused chooser multi-choose; do
       cp "$build/pictures/$state$scaling.png" build/pictures || return 1
     done
   done
@@ -207,7 +207,7 @@ mkdir -p "$build/pictures"
 binary fetchkit-dialog-tests
 for dots in 144 192; do
   check "a screen of $dots dots per inch" resolution $dots
-  binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*'
+  binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*:RealInput.*'
 done
 check "a screen of 96 dots per inch" resolution 96
 check "pictures of the dialogs in build/pictures" pictures

@@ -3,6 +3,9 @@
 #include <gdiplus.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "component/ui/Controls.h"
 #include "fetchkit/base/Utf8.h"
 
@@ -10,17 +13,85 @@ namespace fetchkit::test {
 namespace {
 
 constexpr DWORD kPatience = 60000;  // milliseconds
+constexpr UINT kNoDoubleClicks = 1;
+constexpr UINT kDoubleClicks = 5000;
 
 DialogPlayer* playing = nullptr;
 
+void Soon(DialogPlayer::Act step) {
+  playing->Soon(std::move(step));
+}
+
+void Button(DWORD event) {
+  mouse_event(event, 0, 0, 0, 0);
+}
+
+// The button goes down and comes up in steps of their own, as under a finger: what happens between
+// is done by then.
+void ClickAt(HWND control, POINT at) {
+  ClientToScreen(control, &at);
+  SetCursorPos(at.x, at.y);
+  const HWND under = WindowFromPoint(at);
+  EXPECT_TRUE(under == control || IsChild(control, under)) << "something lies over the control";
+  Soon([](HWND) { Button(MOUSEEVENTF_LEFTDOWN); });
+  Soon([](HWND) { Button(MOUSEEVENTF_LEFTUP); });
+}
+
+POINT Middle(const RECT& place) {
+  return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void ClickRowAt(HWND list, int row) {
+  ListView_EnsureVisible(list, row, FALSE);
+  RECT place{};
+  ListView_GetItemRect(list, row, &place, LVIR_LABEL);
+  ClickAt(list, {place.left + 3, Middle(place).y});
+}
+
+// As from the keyboard of somebody who types Chinese, too.
+void SendLetter(char16_t letter) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wScan = letter;
+  for (const DWORD up : {0UL, static_cast<DWORD>(KEYEVENTF_KEYUP)}) {
+    input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+    SendInput(1, &input, sizeof input);
+  }
+}
+
+void SendKey(int key) {
+  keybd_event(static_cast<BYTE>(key), 0, 0, 0);
+  keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
+}
+
+struct Sign {
+  char16_t sign;
+  int key;
+};
+constexpr Sign kModifiers[] = {{u'⎇', VK_MENU}, {u'⇧', VK_SHIFT}, {u'⌃', VK_CONTROL}};
+constexpr Sign kKeys[] = {
+    {u'⏎', VK_RETURN}, {u'⇥', VK_TAB},   {u'⎋', VK_ESCAPE}, {u'⌦', VK_DELETE}, {u'⌫', VK_BACK},
+    {u'↑', VK_UP},     {u'↓', VK_DOWN},  {u'←', VK_LEFT},   {u'→', VK_RIGHT},  {u'⇱', VK_HOME},
+    {u'⇲', VK_END},    {u'⇞', VK_PRIOR}, {u'⇟', VK_NEXT},   {u'␣', VK_SPACE},  {u'②', VK_F2},
+};
+
+template <std::size_t kCount>
+int KeyOf(const Sign (&signs)[kCount], char16_t sign) {
+  const auto* found = std::find_if(std::begin(signs), std::end(signs),
+                                   [sign](const Sign& each) { return each.sign == sign; });
+  return found == std::end(signs) ? 0 : found->key;
+}
+
 }  // namespace
 
-// Its messages come when the thread has no others, which is when the dialog is idle.
+// Its messages come when the thread has no others, which is when the dialog is idle and has
+// answered all input so far.
 DialogPlayer::DialogPlayer()
     : owner_(CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 900,
                              640, nullptr, nullptr, nullptr, nullptr)),
       timer_(SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer)) {
   playing = this;
+  SetDoubleClickTime(kNoDoubleClicks);
 }
 
 DialogPlayer::~DialogPlayer() {
@@ -38,6 +109,9 @@ void CALLBACK DialogPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD now) {
     acts.pop_front();
     playing->played_ = now;
     act(dialog);
+    auto& soon = playing->soon_;
+    acts.insert(acts.begin(), soon.begin(), soon.end());
+    soon.clear();
   } else if (now - playing->played_ > kPatience) {
     ADD_FAILURE() << "the dialog was not closed by the acts";
     playing->played_ = now;
@@ -45,9 +119,19 @@ void CALLBACK DialogPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD now) {
   }
 }
 
+void Click(HWND dialog, int id) {
+  RECT place{};
+  GetClientRect(GetDlgItem(dialog, id), &place);
+  ClickAt(GetDlgItem(dialog, id), Middle(place));
+}
+
+// The tick of a date keeps its size and its corner at any scaling with some versions of the system.
+void ClickTick(HWND dialog, int id) {
+  ClickAt(GetDlgItem(dialog, id), {8, 9});
+}
+
 void ClickNode(HWND dialog, TextView text) {
   const HWND tree = GetDlgItem(dialog, ID_TVW_FILTER);
-  SetFocus(tree);
   wchar_t shown[256] = {};
   TVITEMW item{};
   item.mask = TVIF_TEXT;
@@ -62,59 +146,68 @@ void ClickNode(HWND dialog, TextView text) {
   TreeView_EnsureVisible(tree, item.hItem);
   RECT place{};
   TreeView_GetItemRect(tree, item.hItem, &place, TRUE);
-  const LPARAM at = MAKELPARAM(place.left + 3, (place.top + place.bottom) / 2);
-  // The button goes up before the tree's own loop looks at it, or that would wait for the mouse.
-  PostMessageW(tree, WM_LBUTTONUP, 0, at);
-  SendMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, at);
+  ClickAt(tree, {place.left + 3, Middle(place).y});
 }
 
-void Pick(HWND dialog, int row) {
-  const HWND picker = GetDlgItem(dialog, ID_LXT_OTHER);
-  SetFocus(picker);
-  SendMessageW(picker, CB_SHOWDROPDOWN, TRUE, 0);
-  SendMessageW(picker, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
-  SendMessageW(picker, WM_KEYDOWN, VK_RETURN, 0);
-}
-
-void Type(HWND dialog, int id, TextView text) {
-  const HWND box = GetDlgItem(dialog, id);
-  SetFocus(box);
-  SendMessageW(box, EM_SETSEL, 0, -1);
-  for (const char16_t letter : text)
-    SendMessageW(box, WM_CHAR, letter, 1);
-}
-
-void Press(HWND dialog, int id) {
-  const HWND button = GetDlgItem(dialog, id);
-  SetFocus(button);
-  PostMessageW(button, BM_CLICK, 0, 0);
-}
-
-void SelectRow(HWND dialog, int id, int row) {
-  const HWND list = GetDlgItem(dialog, id);
-  SetFocus(list);
-  ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
-  ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+void ClickRow(HWND dialog, int id, int row) {
+  ClickRowAt(GetDlgItem(dialog, id), row);
 }
 
 void DoubleClickRow(HWND dialog, int id, int row) {
-  const HWND list = GetDlgItem(dialog, id);
+  SetDoubleClickTime(kDoubleClicks);
+  ClickRowAt(GetDlgItem(dialog, id), row);
+  ClickRowAt(GetDlgItem(dialog, id), row);
+  Soon([](HWND) { SetDoubleClickTime(kNoDoubleClicks); });
+}
+
+// The system itself follows the mouse on its buttons, and sees no step meanwhile.
+void ClickCloseButton(HWND dialog) {
   RECT place{};
-  ListView_GetItemRect(list, row, &place, LVIR_LABEL);
-  const LPARAM at = MAKELPARAM(place.left + 3, (place.top + place.bottom) / 2);
-  // As with the tree: the button is up before the list looks at it.
-  for (const UINT down : {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK}) {
-    PostMessageW(list, WM_LBUTTONUP, 0, at);
-    SendMessageW(list, down, MK_LBUTTON, at);
+  GetWindowRect(dialog, &place);
+  SetCursorPos(place.right - GetSystemMetrics(SM_CXSIZEFRAME) - GetSystemMetrics(SM_CXSIZE) / 2,
+               place.top + GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYSIZE) / 2);
+  Soon([](HWND) {
+    Button(MOUSEEVENTF_LEFTDOWN);
+    Button(MOUSEEVENTF_LEFTUP);
+  });
+}
+
+void TurnWheel(HWND dialog, int id) {
+  RECT place{};
+  GetWindowRect(GetDlgItem(dialog, id), &place);
+  SetCursorPos(Middle(place).x, Middle(place).y);
+  Soon([](HWND) { mouse_event(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(-WHEEL_DELTA), 0); });
+}
+
+void Keys(HWND, TextView keys) {
+  for (std::size_t at = 0; at < keys.size(); ++at) {
+    const int modifier = KeyOf(kModifiers, keys[at]);
+    if (modifier != 0) ++at;
+    const char16_t sign = keys[at];
+    Soon([=](HWND) {
+      const int key = KeyOf(kKeys, sign);
+      if (modifier == 0 && key == 0) return SendLetter(sign);
+      if (modifier != 0) keybd_event(static_cast<BYTE>(modifier), 0, 0, 0);
+      SendKey(key != 0 ? key : sign);
+      if (modifier != 0) keybd_event(static_cast<BYTE>(modifier), 0, KEYEVENTF_KEYUP, 0);
+    });
   }
 }
 
-void Key(HWND, int key) {
-  PostMessageW(GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+void Focus(HWND dialog, int id) {
+  SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, id)), TRUE);
 }
 
-void Tab(HWND dialog) {
-  SendMessageW(dialog, WM_NEXTDLGCTL, 0, FALSE);
+void Pick(HWND dialog, int row) {
+  Focus(dialog, ID_LXT_OTHER);
+  Keys(dialog, u"↓⇱");
+  Keys(dialog, Text(static_cast<std::size_t>(row), u'↓'));
+  Keys(dialog, u"⏎");
+}
+
+void Type(HWND dialog, int id, TextView text) {
+  Focus(dialog, id);
+  Keys(dialog, text);
 }
 
 void Resize(HWND dialog, int wider, int taller) {
@@ -128,8 +221,10 @@ void Close(HWND dialog) {
   PostMessageW(dialog, WM_CLOSE, 0, 0);
 }
 
-int FocusId(HWND) {
-  return GetDlgCtrlID(GetFocus());
+int FocusId(HWND dialog) {
+  HWND control = GetFocus();
+  if (control != dialog && GetParent(control) != dialog) control = GetParent(control);
+  return GetDlgCtrlID(control);
 }
 
 Text TextIn(HWND dialog, int id) {
