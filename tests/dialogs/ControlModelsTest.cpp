@@ -18,8 +18,7 @@ class EveryControl : public Form {
   EveryControl() : Form(u"form", u"") {
     SetTabOrder({&button, &box, &date, &tree, &grid, &list, &pick});
     Open();
-    tree.Add({u"K", u"a", u"", 0});
-    tree.Add({u"L", u"b", u"", 1});
+    tree.SetNodes({{u"K", u"a", u"", 0}, {u"L", u"b", u"", 1}});
     grid.FormatString(u"<c");
     grid.AddItem(u"a");
     grid.AddItem(u"b");

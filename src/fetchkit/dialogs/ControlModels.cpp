@@ -5,28 +5,6 @@
 #include <utility>
 
 namespace fetchkit {
-namespace {
-
-// Moves the elements at those places to the end of another vector. Without memory none is on its
-// way.
-template <class T>
-void MoveElements(std::vector<T>& from, const std::vector<int>& places, std::vector<T>& to) {
-  to.reserve(to.size() + places.size());
-  auto place = places.begin();
-  auto kept = static_cast<std::size_t>(places.front());
-  for (std::size_t at = kept; at < from.size(); ++at) {
-    if (place != places.end() && at == static_cast<std::size_t>(*place)) {
-      to.push_back(std::move(from[at]));
-      ++place;
-    } else {
-      from[kept++] = std::move(from[at]);
-    }
-  }
-  from.resize(kept);
-}
-
-}  // namespace
-
 void CommandButton::UserPressed() {
   if (TakesActs() && OnClick) OnClick();
 }
@@ -48,6 +26,24 @@ void TextBox::UserPressedEnter() {
   if (TakesActs() && OnEnter) OnEnter();
 }
 
+// ---- SearchBox
+
+const ListSearch& SearchBox::Search() {
+  search_.SearchFor(Text());
+  return search_;
+}
+
+bool SearchBox::UserPressed(Key key) {
+  if (!TakesActs() || (key != Key::Down && !IsSearching())) return false;
+  // Not as typed: the view does not know it yet.
+  if (key == Key::Escape) Text({});
+  const auto& handler = key == Key::Enter ? OnTake : key == Key::Down ? OnDown : OnChange;
+  if (handler) handler();
+  return true;
+}
+
+// ---- DateSpinner
+
 void DateSpinner::UserChanged(Date value) {
   if (!TakesActs() || (value == value_ && IsTicked())) return;
   value_ = value;
@@ -63,14 +59,10 @@ void DateSpinner::UserTicked(bool ticked) {
 
 // ---- TreeView
 
-void TreeView::Clear() {
-  nodes_.clear();
+void TreeView::SetNodes(std::vector<Node> nodes) {
+  nodes_ = std::move(nodes);
+  ++version_;
   selected_ = -1;
-  Changed();
-}
-
-void TreeView::Add(Node node) {
-  nodes_.push_back(std::move(node));
   Changed();
 }
 
@@ -117,6 +109,31 @@ void RowControl::Moved(int firstMoved) {
 void RowControl::Received() {
   if (current_ < 0) current_ = FirstRow();
   Changed();
+}
+
+template <class Row>
+void RowControl::Sift(SiftedRows<Row>& rows, typename SiftedRows<Row>::IsFound isFound,
+                      const ListSearch* search) {
+  const int before = current_ < 0 ? -1 : rows.PlaceOf(current_);
+  rows.Sift(search == nullptr ? nullptr : std::move(isFound));
+  several_.clear();
+  current_ = search == nullptr ? before : FindFirst(*search);
+  if (current_ < 0 && RowCount() > 0) current_ = FirstRow();
+  Changed();
+}
+
+int RowControl::FindFirst(const ListSearch& search, int from) const {
+  const int count = RowCount();
+  const int first = Has(from) ? from - FirstRow() : 0;
+  const auto rowOf = [&](int entry) { return FirstRow() + (first + entry) % count; };
+  const int found = ListSearch::FirstFound(
+      count, [&](int entry) { return search.Rank(ShownText(rowOf(entry))); });
+  return found < 0 ? -1 : rowOf(found);
+}
+
+int RowControl::FindTyped(TextView typed, int from) const {
+  typed_.SearchFor(typed);
+  return typed_.NothingTyped() ? -1 : FindFirst(typed_, from);
 }
 
 void RowControl::UserSelectedRow(int row) {
@@ -166,7 +183,7 @@ void MSFlexGrid::FormatString(Text format) {
     columns_.push_back({Column().width, left});
     header.emplace_back(caption);
   }
-  cells_.assign(1, header);
+  cells_.Assign({std::move(header)});
   fixedRows_ = 1;
   Current(-1);
   Changed();
@@ -175,7 +192,7 @@ void MSFlexGrid::FormatString(Text format) {
 void MSFlexGrid::SetUp(int cols) {
   formatString_.clear();
   columns_.assign(At(cols), {});
-  cells_.clear();
+  cells_.Assign({});
   fixedRows_ = 0;
   Current(-1);
   Changed();
@@ -190,7 +207,7 @@ void MSFlexGrid::LeftAligned(int col, bool left) {
 }
 
 void MSFlexGrid::TextMatrix(int row, int col, Text text) {
-  Set(cells_.at(At(row)).at(At(col)), std::move(text));
+  Set(cells_.At(row).at(At(col)), std::move(text));
 }
 
 void MSFlexGrid::AddItem(TextView tabbed) {
@@ -202,59 +219,79 @@ void MSFlexGrid::AddItem(TextView tabbed) {
 
 void MSFlexGrid::AddRow(std::vector<Text> row) {
   row.resize(columns_.size());
-  cells_.push_back(std::move(row));
+  cells_.Add(std::move(row));
   Changed();
 }
 
 void MSFlexGrid::RemoveItem(int row) {
   if (row < fixedRows_ || row >= Rows()) return;
-  cells_.erase(cells_.begin() + row);
+  cells_.Remove(row);
   KeepInsideWithout(row);
   Changed();
 }
 
 void MSFlexGrid::MoveRowsTo(MSFlexGrid& other, const std::vector<int>& rows) {
   if (rows.empty() || rows.front() < fixedRows_ || rows.back() >= Rows()) return;
-  MoveElements(cells_, rows, other.cells_);
+  cells_.MoveTo(other.cells_, rows);
   Moved(rows.front());
   other.Received();
 }
 
 void MSFlexGrid::ClearRows() {
-  cells_.resize(At(std::min(fixedRows_, Rows())));
+  cells_.KeepFirst(fixedRows_);
   Current(-1);
   Changed();
+}
+
+int MSFlexGrid::ShownColumn() const {
+  const auto shown = std::find_if(columns_.begin(), columns_.end(),
+                                  [](const Column& column) { return column.width != 0; });
+  return static_cast<int>(shown - columns_.begin());
+}
+
+void MSFlexGrid::ShowFound(const ListSearch* search) {
+  Sift(
+      cells_,
+      [search, column = At(ShownColumn())](const std::vector<Text>& row) {
+        return search->Matches(row.at(column));
+      },
+      search);
 }
 
 // ---- ListBox
 
 void ListBox::List(int item, Text text) {
-  Set(items_.at(static_cast<std::size_t>(item)), std::move(text));
+  Set(items_.At(item), std::move(text));
 }
 
 void ListBox::Clear() {
-  items_.clear();
+  items_.Assign({});
   Current(-1);
   Changed();
 }
 
 void ListBox::AddItem(Text text) {
-  items_.push_back(std::move(text));
+  items_.Add(std::move(text));
   Received();
 }
 
 void ListBox::RemoveItem(int item) {
   if (item < 0 || item >= ListCount()) return;
-  items_.erase(items_.begin() + item);
+  items_.Remove(item);
   KeepInsideWithout(item);
   Changed();
 }
 
 void ListBox::MoveItemsTo(ListBox& other, const std::vector<int>& items) {
   if (items.empty() || items.front() < 0 || items.back() >= ListCount()) return;
-  MoveElements(items_, items, other.items_);
+  items_.MoveTo(other.items_, items);
   Moved(items.front());
   other.Received();
+}
+
+void ListBox::ShowFound(const ListSearch* search) {
+  Sift(
+      items_, [search](const Text& item) { return search->Matches(item); }, search);
 }
 
 void ListBox::UserMovedPointer(int y) {

@@ -12,6 +12,8 @@
 #include "fetchkit/base/Date.h"
 #include "fetchkit/base/Text.h"
 #include "fetchkit/dialogs/Form.h"
+#include "fetchkit/dialogs/SiftedRows.h"
+#include "fetchkit/utility/ListSearch.h"
 
 namespace fetchkit {
 
@@ -83,6 +85,29 @@ class TextBox : public Control {
   bool alone_ = false;
 };
 
+// A box whose text is looked for in a list beside it. The form shows there what is found; nothing
+// typed, or blanks alone, is found everywhere.
+class SearchBox : public TextBox {
+ public:
+  using TextBox::TextBox;
+
+  // Ready to look for what stands in the box.
+  const ListSearch& Search();
+  bool IsSearching() { return !Search().NothingTyped(); }
+
+  // Enter takes what is found, Down goes to the list, Escape empties the box. False for a key that
+  // is the dialog's own: Enter and Escape while nothing is looked for, and each where the box takes
+  // no acts.
+  enum class Key { Enter, Down, Escape };
+  bool UserPressed(Key key);
+
+  std::function<void()> OnTake;
+  std::function<void()> OnDown;
+
+ private:
+  ListSearch search_;
+};
+
 // A date, shown as "yyyy-MM-dd", with a tick in front of it where it may be left out.
 class DateSpinner : public Control {
  public:
@@ -130,10 +155,15 @@ class TreeView : public Control {
   };
 
   const std::vector<Node>& Nodes() const { return nodes_; }
-  void Clear();
-  void Add(Node node);
+  // Replaces all of them; none is selected then.
+  void SetNodes(std::vector<Node> nodes);
   void Bold(int index, bool bold);
 
+  // Another number for every other set of nodes, for a view that keeps a copy.
+  int NodesVersion() const { return version_; }
+
+  // -1 where the current one is not among them: a view selects none then, not even when the tree
+  // gets the focus.
   int SelectedItem() const { return selected_; }
   void SelectedItem(int index) { Set(selected_, index); }
 
@@ -144,11 +174,13 @@ class TreeView : public Control {
 
  private:
   std::vector<Node> nodes_;
+  int version_ = 0;
   int selected_ = -1;
 };
 
 // What grids and list boxes share: a current row, which is selected, and, where that is allowed,
 // others that are selected with it. Rows of a grid include its headers, which are not among them.
+// While a search is shown, rows are those that it finds.
 class RowControl : public Control {
  public:
   using Control::Control;
@@ -158,6 +190,26 @@ class RowControl : public Control {
 
   // Ascending; empty when there is no current row.
   std::vector<int> Selection() const;
+
+  // Without headers; and with those that a search hides.
+  int RowCount() const { return EndRow() - FirstRow(); }
+  virtual int AllRows() const = 0;
+
+  // What is shown of a row, the first visible column of a grid.
+  virtual const Text& ShownText(int row) const = 0;
+
+  // Shows only the rows in whose text the search finds something, null for all of them. Rows keep
+  // their order, hidden ones their places; what comes in is looked at, too. The one that FindFirst
+  // names becomes the current row; without a search it stays the same one. The search must outlive
+  // the list, or the next call.
+  virtual void ShowFound(const ListSearch* search) = 0;
+
+  // The row to go to, -1 for none: the first one that begins with what is looked for, else the
+  // first that is found. from: the row to begin at, behind the last the first ones follow.
+  int FindFirst(const ListSearch& search, int from = -1) const;
+
+  // The same for letters that are typed into the list itself.
+  int FindTyped(TextView typed, int from = -1) const;
 
   void UserSelectedRow(int row);                        // alone, the current one again included
   void UserSelectedRows(const std::vector<int>& rows);  // ascending, with MultiSelect
@@ -178,6 +230,9 @@ class RowControl : public Control {
 
   int Current() const { return current_; }
   void Current(int row);
+  template <class Row>
+  void Sift(SiftedRows<Row>& rows, typename SiftedRows<Row>::IsFound isFound,
+            const ListSearch* search);
   void KeepInside();
   void KeepInsideWithout(int row);
   // After rows were moved away, and to here.
@@ -190,6 +245,7 @@ class RowControl : public Control {
   bool multiSelect_ = false;
   int current_ = -1;
   std::vector<int> several_;  // empty for the current row alone
+  mutable ListSearch typed_;
 };
 
 // A flex grid: rows of cells, the first FixedRows of them headers.
@@ -197,7 +253,8 @@ class MSFlexGrid : public RowControl {
  public:
   using RowControl::RowControl;
 
-  int Rows() const { return static_cast<int>(cells_.size()); }
+  int Rows() const { return cells_.Count(); }
+  int AllRows() const override { return cells_.All() - fixedRows_; }
   int Cols() const { return static_cast<int>(columns_.size()); }
   int FixedRows() const { return fixedRows_; }
 
@@ -216,7 +273,7 @@ class MSFlexGrid : public RowControl {
   void LeftAligned(int col, bool left);
 
   // std::out_of_range for a cell that is not there.
-  const Text& TextMatrix(int row, int col) const { return cells_.at(At(row)).at(At(col)); }
+  const Text& TextMatrix(int row, int col) const { return cells_.At(row).at(At(col)); }
   void TextMatrix(int row, int col, Text text);
 
   // Adds a row at the end; its cells are the parts between tabs, as far as there are columns.
@@ -231,12 +288,16 @@ class MSFlexGrid : public RowControl {
   // Takes away all rows but the headers.
   void ClearRows();
 
+  const Text& ShownText(int row) const override { return TextMatrix(row, ShownColumn()); }
+  void ShowFound(const ListSearch* search) override;  // of a grid without headers
+
   // The current row, -1 for none; when it goes, the next one is.
   int Row() const { return Current(); }
   void Row(int row) { Current(row); }
 
  private:
   static std::size_t At(int at) { return static_cast<std::size_t>(at); }
+  int ShownColumn() const;
   int FirstRow() const override { return fixedRows_; }
   int EndRow() const override { return Rows(); }
 
@@ -246,7 +307,7 @@ class MSFlexGrid : public RowControl {
   };
   Text formatString_;
   std::vector<Column> columns_;
-  std::vector<std::vector<Text>> cells_;
+  SiftedRows<std::vector<Text>> cells_;
   int fixedRows_ = 0;
 };
 
@@ -254,10 +315,10 @@ class ListBox : public RowControl {
  public:
   using RowControl::RowControl;
 
-  int ListCount() const { return static_cast<int>(items_.size()); }
-  const Text& List(int item) const { return items_.at(static_cast<std::size_t>(item)); }
+  int ListCount() const { return items_.Count(); }
+  const Text& List(int item) const { return items_.At(item); }
   void List(int item, Text text);
-  const std::vector<Text>& Items() const { return items_; }
+  const std::vector<Text>& Items() const { return items_.Rows(); }  // hidden ones included
   void Clear();
   void AddItem(Text text);
   void RemoveItem(int item);
@@ -268,6 +329,10 @@ class ListBox : public RowControl {
 
   int ListIndex() const { return Current(); }
   void ListIndex(int item) { Current(item); }
+
+  int AllRows() const override { return items_.All(); }
+  const Text& ShownText(int item) const override { return List(item); }
+  void ShowFound(const ListSearch* search) override;
 
   // What the view knows of the list's picture, in its own units; set whenever it changes.
   struct Extent {
@@ -285,7 +350,7 @@ class ListBox : public RowControl {
  private:
   int EndRow() const override { return ListCount(); }
 
-  std::vector<Text> items_;
+  SiftedRows<Text> items_;
 };
 
 }  // namespace fetchkit

@@ -13,10 +13,14 @@ namespace fetchkit {
 // Items stand on the left side or, chosen, on the right; four buttons move the selected ones or all
 // of them over, and are enabled while there is something to move. A double click moves its item,
 // and keys move the selected ones: Space and Right to the right, Space, Left and Delete to the
-// left. Below each list stands how many items it has. The lists themselves, OK and Cancel are the
-// form's own.
+// left. Below each list stands how many items it has. A search shows what it finds of the left
+// list, in its order; moving all then moves what is found. Enter in the search box moves the item
+// that FindFirst names, and empties the box for the next one; Down goes to the list. The lists
+// themselves, OK and Cancel are the form's own.
 class TwoListForm : public Form {
  public:
+  Label lblSearch{*this, u"lblSearch", u"查找(&F)"};
+  SearchBox txtSearch{*this, u"txtSearch"};
   Label lblAll{*this, u"lblAll", u"可选栏目(&S)"};
   Label lblCount{*this, u"lblCount"};
   CommandButton cmdRightOne{*this, u"cmdRightOne", u"选择(&A) >"};
@@ -60,8 +64,8 @@ class TwoListForm : public Form {
     const auto left = moves(selected, all, selection);
     cmdRightOne.OnClick = all.OnDoubleClick = right;
     cmdLeftOne.OnClick = selected.OnDoubleClick = left;
-    cmdRightAll.OnClick = moves(all, selected, EveryItem<List>);
-    cmdLeftAll.OnClick = moves(selected, all, EveryItem<List>);
+    cmdRightAll.OnClick = moves(all, selected, EveryItem);
+    cmdLeftAll.OnClick = moves(selected, all, EveryItem);
     all.OnKey = [right](Key key) {
       if (key == Key::Space || key == Key::Right) right();
     };
@@ -69,27 +73,44 @@ class TwoListForm : public Form {
       if (key == Key::Space || key == Key::Left || key == Key::Delete) left();
     };
     all.OnSelect = selected.OnSelect = Act(moved);
+
+    const auto search = [this, &all] {
+      all.ShowFound(txtSearch.IsSearching() ? &txtSearch.Search() : nullptr);
+    };
+    txtSearch.OnChange = Act([search, moved] {
+      search();
+      moved();
+    });
+    txtSearch.OnTake = Act([=, this, &all, &selected] {
+      const int hit = all.FindFirst(txtSearch.Search());
+      if (hit < 0) return;
+      move(all, selected, {hit});
+      txtSearch.Text({});
+      search();
+      moved();
+    });
+    txtSearch.OnDown = Act([&all] {
+      if (all.RowCount() > 0) all.SetFocus();
+    });
   }
 
-  // Whether something is selected, and how many there are, in the left and in the right list.
-  void ShowCounts(bool anySelected, int count, bool anySelectedChosen, int countChosen) {
-    cmdRightOne.Enabled(anySelected);
-    cmdRightAll.Enabled(count > 0);
-    cmdLeftOne.Enabled(anySelectedChosen);
-    cmdLeftAll.Enabled(countChosen > 0);
-    lblCount.Caption(Join(u"共 ", count, u" 项"));
-    lblSelectedCount.Caption(Join(u"已选 ", countChosen, u" 项"));
+  // Brings buttons and counts up to date with the left and the right list.
+  void ShowCounts(const RowControl& all, const RowControl& selected) {
+    cmdRightOne.Enabled(!all.Selection().empty());
+    cmdRightAll.Enabled(all.RowCount() > 0);
+    cmdLeftOne.Enabled(!selected.Selection().empty());
+    cmdLeftAll.Enabled(selected.RowCount() > 0);
+    const Text found = txtSearch.IsSearching() ? Join(u"找到 ", all.RowCount(), u" 项，") : Text();
+    lblCount.Caption(Join(found, u"共 ", all.AllRows(), u" 项"));
+    lblSelectedCount.Caption(Join(u"已选 ", selected.RowCount(), u" 项"));
   }
 
  private:
-  template <class List>
-  static std::vector<int> EveryItem(const List& list) {
-    std::vector<int> items(static_cast<std::size_t>(CountOf(list)));
+  static std::vector<int> EveryItem(const RowControl& list) {
+    std::vector<int> items(static_cast<std::size_t>(list.RowCount()));
     std::iota(items.begin(), items.end(), 0);
     return items;
   }
-  static int CountOf(const MSFlexGrid& grid) { return grid.Rows(); }
-  static int CountOf(const ListBox& list) { return list.ListCount(); }
 };
 
 }  // namespace fetchkit

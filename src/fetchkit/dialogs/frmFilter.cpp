@@ -92,9 +92,10 @@ frmFilter::frmFilter(Session& session, FormView& view)
   lblTitle.UseMnemonic(false);
   for (CommandButton& button : cmdOk)
     button.ToolTipText(button.Caption());
-  SetTabOrder({&Frame3,    &tvwFilter, &Frame1,    &lblTitle, &lblOther, &lxtOther, &datDate,
-               &cmdChoose, &lblValue,  &lblFrom,   &txtFrom,  &datFrom,  &lblTo,    &txtTo,
-               &datTo,     &Frame2,    &msgFilter, &lblCount, &cmdOk[2], &cmdOk[0], &cmdOk[1]});
+  SetTabOrder({&lblSearch, &txtSearch, &Frame3,   &tvwFilter, &Frame1,   &lblTitle,
+               &lblOther,  &lxtOther,  &datDate,  &cmdChoose, &lblValue, &lblFrom,
+               &txtFrom,   &datFrom,   &lblTo,    &txtTo,     &datTo,    &Frame2,
+               &msgFilter, &lblCount,  &cmdOk[2], &cmdOk[0],  &cmdOk[1]});
 
   // A view whose windows echo what the node handler does to the editors is not heard.
   const auto unlessBusy = [this](auto handler) {
@@ -102,7 +103,10 @@ frmFilter::frmFilter(Session& session, FormView& view)
       if (!busy_) Step(u"frmFilter: act", [&] { handler(arguments...); });
     };
   };
-  tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenColumn(node); });
+  txtSearch.OnChange = unlessBusy([this] { ShowColumns(); });
+  txtSearch.OnTake = unlessBusy([this] { OpenFound(); });
+  txtSearch.OnDown = unlessBusy([this] { GoToTree(); });
+  tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenColumn(node.Tag); });
   msgFilter.OnSelect = unlessBusy([this] { OpenRow(); });
   msgFilter.OnDoubleClick = unlessBusy([this] { EnterEditor(); });
   msgFilter.OnKey = unlessBusy([this](RowControl::Key key) {
@@ -150,26 +154,23 @@ bool frmFilter::Init() {
   static constexpr int kWidths[] = {0, 1500, 2280, 0, 0};
   for (int col = 0; col < msgFilter.Cols(); ++col)
     msgFilter.ColWidth(col, kWidths[col]);
-  tvwFilter.Clear();
+  txtSearch.Text({});
   codes_.clear();
   values_.clear();
   CloseEditor();
+  column_ = -1;
   for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
     const ListFieldType& field = list_.ListField[i];
-    if (!field.blnIsFilter) continue;
-    tvwFilter.Add({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i),
-                   PictureOf(field)});
-    if (!field.strFilter.empty())
+    if (field.blnIsFilter && !field.strFilter.empty())
       msgFilter.AddRow({Join(i), field.strListFieldDesc, field.strFilter, field.strFieldType,
                         field.strExtValue});
   }
-  ShowRows();
+  ShowColumns();
   if (tvwFilter.Nodes().empty()) {
     confirmed_ = true;
     return false;
   }
-  tvwFilter.SelectedItem(0);
-  OpenColumn(tvwFilter.Nodes().front());
+  OpenColumn(tvwFilter.Nodes().front().Tag);
   return true;
 }
 
@@ -181,24 +182,76 @@ void frmFilter::UserClosed() {
   Cancel();
 }
 
-// ---- the editors
+// ---- the columns
 
-void frmFilter::OpenColumn(const TreeView::Node& node) {
+// Those that the search finds.
+void frmFilter::ShowColumns() {
+  const ListSearch& search = txtSearch.Search();
+  std::vector<TreeView::Node> nodes;
+  for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
+    const ListFieldType& field = list_.ListField[i];
+    if (!field.blnIsFilter || !search.Matches(field.strListFieldDesc)) continue;
+    nodes.push_back({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i),
+                     PictureOf(field)});
+  }
+  tvwFilter.SetNodes(std::move(nodes));
+  tvwFilter.SelectedItem(NodeOfField(column_));
+  ShowRows();
+}
+
+// The node to go to, -1 for none.
+int frmFilter::FoundColumn() {
+  const ListSearch& search = txtSearch.Search();
+  const auto& nodes = tvwFilter.Nodes();
+  return ListSearch::FirstFound(static_cast<int>(nodes.size()), [&](int node) {
+    return search.Rank(nodes[static_cast<std::size_t>(node)].Text);
+  });
+}
+
+void frmFilter::OpenFound() {
+  const int node = FoundColumn();
+  if (node < 0) return;
+  const int field = tvwFilter.Nodes()[static_cast<std::size_t>(node)].Tag;
+  txtSearch.Text({});
+  ShowColumns();
+  // A condition that there is may be changed, however many there are.
+  const int row = Conditions() < kMostRows ? -1 : RowOfField(field);
+  if (row < 0) {
+    OpenColumn(field);
+  } else {
+    msgFilter.Row(row);
+    OpenRow();
+  }
+  if (!FocusEditor()) tvwFilter.SetFocus();
+}
+
+void frmFilter::GoToTree() {
+  if (tvwFilter.SelectedItem() < 0) tvwFilter.UserClickedNode(FoundColumn());
+  if (tvwFilter.SelectedItem() >= 0) tvwFilter.SetFocus();
+}
+
+void frmFilter::OpenColumn(int field) {
   DropFocusWish();
   // What stands in a box when the user goes on is left behind with it; a value that is refused is
-  // given up.
-  CommitValue();
-  if (Conditions() < kMostRows) return OpenEditor(node.Tag);
+  // given up when another column opens.
+  const bool refused = CommitValue() == Commit::Refused;
+  SelectColumn(field);
+  if (Conditions() < kMostRows) {
+    if (!refused || field != field_) OpenEditor(field);
+    return;
+  }
   RefuseSilently(kFullWarning);
   const Busy busy(busy_);
   CloseEditor();
-  msgFilter.Row(RowOfField(node.Tag));
+  msgFilter.Row(RowOfField(field));
 }
+
+// ---- the editors
 
 // The editor of the grid's current row, however many rows there are.
 void frmFilter::OpenRow() {
   const int field = FieldOfRow(msgFilter.Row());
-  if (field == field_ || NodeOfField(field) < 0) return;
+  if (field == field_ || !HasColumn(field)) return;
   DropFocusWish();
   CommitValue();
   OpenEditor(field);
@@ -208,7 +261,7 @@ void frmFilter::OpenEditor(int field) {
   const Busy busy(busy_);
   Step(u"frmFilter: node", [&] {
     const ListFieldType& edited = list_.ListField.at(static_cast<std::size_t>(field));
-    tvwFilter.SelectedItem(NodeOfField(field));
+    SelectColumn(field);
     msgFilter.Row(RowOfField(field));
     lblTitle.Caption(edited.strListFieldDesc);
     type_ = FieldTypeOf(edited.strFieldType);
@@ -228,9 +281,17 @@ void frmFilter::CloseEditor() {
 
 void frmFilter::EnterEditor() {
   OpenRow();
-  Control* const editors[] = {&txtFrom, &datDate, &lxtOther};
-  for (Control* editor : editors)
-    if (editor->Visible()) return editor->SetFocus();
+  FocusEditor();
+}
+
+// To the box at fault, or where the condition's value stands. False when no editor is open.
+bool frmFilter::FocusEditor() {
+  Control* const editors[] = {txtTo.Mark().empty() ? &txtFrom : &txtTo, &datDate, &lxtOther};
+  const auto editor = std::find_if(std::begin(editors), std::end(editors),
+                                   [](const Control* each) { return each->Visible(); });
+  if (editor == std::end(editors)) return false;
+  (*editor)->SetFocus();
+  return true;
 }
 
 void frmFilter::LoadList(const ListFieldType& field) {
@@ -553,6 +614,14 @@ int frmFilter::Conditions() const {
 
 // What tells of the rows outside the grid.
 void frmFilter::ShowRows() {
+  ShowCount();
+  const auto& nodes = tvwFilter.Nodes();
+  for (std::size_t i = 0; i < nodes.size(); ++i)
+    tvwFilter.Bold(static_cast<int>(i), RowOfField(nodes[i].Tag) >= 0);
+}
+
+void frmFilter::ShowCount() {
+  if (tvwFilter.Nodes().empty()) return lblCount.Caption(u"没有找到");
   const int count = Conditions();
   Text shown = Join(u"已设 ", count, u" 个条件");
   if (count >= kMostRows)
@@ -560,9 +629,6 @@ void frmFilter::ShowRows() {
   else if (count >= kManyRows)
     shown += Join(u"，还可设 ", kMostRows - count, u" 个");
   lblCount.Caption(std::move(shown));
-  const auto& nodes = tvwFilter.Nodes();
-  for (std::size_t i = 0; i < nodes.size(); ++i)
-    tvwFilter.Bold(static_cast<int>(i), RowOfField(nodes[i].Tag) >= 0);
 }
 
 void frmFilter::WriteRow(const Text& text, const Text& value) {
@@ -604,6 +670,17 @@ int frmFilter::NodeOfField(int field) const {
   const auto node = std::find_if(nodes.begin(), nodes.end(),
                                  [field](const TreeView::Node& each) { return each.Tag == field; });
   return node == nodes.end() ? -1 : static_cast<int>(node - nodes.begin());
+}
+
+bool frmFilter::HasColumn(int field) const {
+  const auto& fields = list_.ListField;
+  const auto at = static_cast<std::size_t>(field);
+  return at < fields.size() && fields[at].blnIsFilter;
+}
+
+void frmFilter::SelectColumn(int field) {
+  column_ = field;
+  tvwFilter.SelectedItem(NodeOfField(field));
 }
 
 }  // namespace fetchkit

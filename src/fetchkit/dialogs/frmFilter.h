@@ -29,10 +29,16 @@ namespace fetchkit {
 // box. A word that needs a value sends the focus to its box, "自定义" to the first date. Errors in
 // a handler end the failing step alone; the diagnostics sink hears of them.
 //
-// Acts that the controls take: tvwFilter node clicked; msgFilter row selected, double click, F2,
-// Delete; lxtOther picked, keys, letters typed; txtFrom, txtTo typed, left, Enter; datFrom, datTo,
-// datDate changed; datDate ticked; cmdChoose and cmdOk pressed; form Enter (OK), Escape and closed
-// (Cancel).
+// A search shows the columns that it finds in the tree; what is open stays open, and the tree's
+// current node is so again once it is shown. Enter in the search box opens the first column that
+// begins with what was typed, else the first that is found, empties the box and goes to the value;
+// with all the conditions that there may be to that of the column's row, else to the tree. Down
+// goes to the tree, and where its current node is hidden opens what Enter would.
+//
+// Acts that the controls take: txtSearch typed, keys; tvwFilter node clicked; msgFilter row
+// selected, double click, F2, Delete; lxtOther picked, keys, letters typed; txtFrom, txtTo typed,
+// left, Enter; datFrom, datTo, datDate changed; datDate ticked; cmdChoose and cmdOk pressed; form
+// Enter (OK), Escape and closed (Cancel).
 class frmFilter final : public Form {
  public:
   // Both must outlive the form.
@@ -52,7 +58,9 @@ class frmFilter final : public Form {
   static bool IsNum(TextView text);
 
   // In the order of the Tab key, which walks Clear in front of OK and Cancel.
-  Frame Frame3{*this, u"Frame3", u"可选项目(&M)"};
+  Label lblSearch{*this, u"lblSearch", u"查找(&F)"};
+  SearchBox txtSearch{*this, u"txtSearch"};
+  Frame Frame3{*this, u"Frame3", u"可选项目(&M)"};  // around the search, too
   TreeView tvwFilter{*this, u"tvwFilter"};
   Frame Frame1{*this, u"Frame1", u"条件设置"};
   Label lblTitle{*this, u"lblTitle"};  // shows an "&" as it is
@@ -69,7 +77,7 @@ class frmFilter final : public Form {
   DateSpinner datTo{*this, u"datTo"};
   Frame Frame2{*this, u"Frame2", u"已选条件(&H)"};
   MSFlexGrid msgFilter{*this, u"msgFilter"};
-  Label lblCount{*this, u"lblCount"};  // how many conditions there are, and may be added
+  Label lblCount{*this, u"lblCount"};  // how many conditions there are, or that no column is found
   // OK, Cancel, Clear.
   std::array<CommandButton, 3> cmdOk{CommandButton{*this, u"cmdOk", u"确定", 0},
                                      CommandButton{*this, u"cmdOk", u"取消", 1},
@@ -82,11 +90,16 @@ class frmFilter final : public Form {
  private:
   enum class Commit { Nothing, Written, Refused };
 
-  void OpenColumn(const TreeView::Node& node);
+  void ShowColumns();
+  int FoundColumn();
+  void OpenFound();
+  void GoToTree();
+  void OpenColumn(int field);
   void OpenRow();
   void OpenEditor(int field);
   void CloseEditor();
   void EnterEditor();
+  bool FocusEditor();
   void LoadList(const ListFieldType& field);
   std::vector<Text> ItemsOf(const ListFieldType& field);
   void ShowCondition();
@@ -113,11 +126,14 @@ class frmFilter final : public Form {
   void CommitPeriod(const Text& word);
   int Conditions() const;
   void ShowRows();
+  void ShowCount();
   void WriteRow(const Text& text, const Text& value);
   void RemoveRow();
   int RowOfField(int field) const;
   int FieldOfRow(int row) const;
   int NodeOfField(int field) const;
+  bool HasColumn(int field) const;
+  void SelectColumn(int field);
 
   Session& session_;
   FormView& view_;
@@ -128,6 +144,7 @@ class frmFilter final : public Form {
   Text result_;
   bool confirmed_ = false;
   bool busy_ = false;
+  int column_ = -1;                  // the tree's current one, whether it is shown or not
   int field_ = -1;                   // being edited; -1 while no editor is open
   const FieldType* type_ = nullptr;  // of that field; not null while an editor is open
   Text word_;                        // the operator or keyword in force, as picked

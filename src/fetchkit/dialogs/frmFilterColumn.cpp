@@ -39,8 +39,9 @@ bool IsItem(const PickCombo& picker, int row) {
 
 frmFilterColumn::frmFilterColumn(FormView& view, const frmFilter& owner)
     : TwoListForm(u"frmFilterColumn", u"选择项目"), view_(view), owner_(owner) {
-  SetTabOrder({&lblAll, &msgAll, &lblCount, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll,
-               &lblSelected, &msgSelected, &lblSelectedCount, &cmdOK, &cmdCancel});
+  SetTabOrder({&lblSearch, &txtSearch, &lblAll, &msgAll, &lblCount, &cmdRightOne, &cmdRightAll,
+               &cmdLeftOne, &cmdLeftAll, &lblSelected, &msgSelected, &lblSelectedCount, &cmdOK,
+               &cmdCancel});
   WireMoves(
       msgAll, msgSelected,
       [this](MSFlexGrid& from, MSFlexGrid& to, std::vector<int> rows) {
@@ -56,6 +57,7 @@ bool frmFilterColumn::ShowFiltration(TextView strType, const PickCombo& objPicke
   confirmed_ = false;
   ids_.clear();
   names_.clear();
+  txtSearch.Text({});
   SetUpGrid(msgAll);
   SetUpGrid(msgSelected);
   const FieldType* type = FieldTypeOf(strType);
@@ -99,7 +101,7 @@ void frmFilterColumn::Move(MSFlexGrid& from, MSFlexGrid& to, std::vector<int> ro
 }
 
 void frmFilterColumn::Refresh() {
-  ShowCounts(msgAll.Row() >= 0, msgAll.Rows(), msgSelected.Row() >= 0, msgSelected.Rows());
+  ShowCounts(msgAll, msgSelected);
 }
 
 void frmFilterColumn::Ok() {

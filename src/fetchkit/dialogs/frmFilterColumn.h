@@ -13,8 +13,8 @@ namespace fetchkit {
 // Two grids without a header: column 0 holds the item's id or value, column 1 its name, column 2
 // what is shown. Several to the right stop, silently, once more than 250 items are chosen.
 //
-// Acts that the controls take: msgAll, msgSelected rows selected, double click, keys; the buttons
-// pressed; form Enter (OK), Escape and closed (Cancel).
+// Acts that the controls take: txtSearch typed, keys; msgAll, msgSelected rows selected, double
+// click, keys; the buttons pressed; form Enter (OK), Escape and closed (Cancel).
 class frmFilterColumn final : public TwoListForm {
  public:
   // The picker's own entries at both ends of its list, which are no items.

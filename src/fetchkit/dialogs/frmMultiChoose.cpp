@@ -21,9 +21,9 @@ frmMultiChoose::frmMultiChoose(FormView& view)
     : TwoListForm(u"frmMultiChoose", u"选择"), view_(view) {
   cmdSerial[0].ToolTipText(u"上移");
   cmdSerial[1].ToolTipText(u"下移");
-  SetTabOrder({&lblAll, &lstAll, &lblCount, &cmdRightOne, &cmdRightAll, &cmdLeftOne, &cmdLeftAll,
-               &lblSelected, &lstSelected, &lblSelectedCount, &cmdSerial[0], &cmdSerial[1], &cmdOk,
-               &cmdCancel});
+  SetTabOrder({&lblSearch, &txtSearch, &lblAll, &lstAll, &lblCount, &cmdRightOne, &cmdRightAll,
+               &cmdLeftOne, &cmdLeftAll, &lblSelected, &lstSelected, &lblSelectedCount,
+               &cmdSerial[0], &cmdSerial[1], &cmdOk, &cmdCancel});
   WireMoves(
       lstAll, lstSelected,
       [](ListBox& from, ListBox& to, const std::vector<int>& items) {
@@ -43,6 +43,7 @@ MultiChooseResult frmMultiChoose::ShowMultiChoose(const MultiChooseRequest& requ
   confirmed_ = false;
   condition_.clear();
   show_.clear();
+  txtSearch.Text({});
   lstAll.Clear();
   lstSelected.Clear();
   codeName_ = request.strCodeName;
@@ -112,7 +113,7 @@ void frmMultiChoose::PointAt(int item) {
 void frmMultiChoose::Refresh() {
   const int current = lstSelected.ListIndex();
   const bool alone = lstSelected.Selection().size() == 1;
-  ShowCounts(lstAll.ListIndex() >= 0, lstAll.ListCount(), current >= 0, lstSelected.ListCount());
+  ShowCounts(lstAll, lstSelected);
   cmdSerial[0].Enabled(alone && current > 0);
   cmdSerial[1].Enabled(alone && current + 1 < lstSelected.ListCount());
 }

@@ -28,9 +28,9 @@ struct MultiChooseResult {
   Text strShowCond;  // the items for display; empty unless bOk
 };
 
-// Acts that the controls take: lstAll, lstSelected items selected, double click, keys; lstAll
-// pointer moved; the buttons pressed (cmdSerial 0 moves the current chosen item up, 1 down); form
-// Enter (OK), Escape and closed (Cancel).
+// Acts that the controls take: txtSearch typed, keys; lstAll, lstSelected items selected, double
+// click, keys; lstAll pointer moved; the buttons pressed (cmdSerial 0 moves the current chosen item
+// up, 1 down); form Enter (OK), Escape and closed (Cancel).
 class frmMultiChoose final : public TwoListForm {
  public:
   // The view must outlive the form.
