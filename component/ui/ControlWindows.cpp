@@ -1,14 +1,13 @@
 #include "component/ui/ControlWindows.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "component/ui/WindowTexts.h"
 
 namespace fetchkit::ui {
 namespace {
-
-constexpr UINT_PTR kSubclass = 1;
 
 // Only a text that differs: setting one moves the caret and flickers.
 void SetTextOf(HWND window, const Text& text) {
@@ -35,11 +34,7 @@ void ButtonWindow::OnCommand(int code) {
 
 TextBoxWindow::TextBoxWindow(FormWindow& form, TextBox& model, HWND window)
     : ControlWindow(model, window), form_(form), box_(model), tip_(window) {
-  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
-}
-
-TextBoxWindow::~TextBoxWindow() {
-  RemoveWindowSubclass(window(), Subclass, kSubclass);
+  Listen();
 }
 
 void TextBoxWindow::Refresh() {
@@ -74,40 +69,52 @@ void TextBoxWindow::OnCommand(int code) {
   if (code == EN_CHANGE) box_.UserTyped(TextOf(window()));
 }
 
-LRESULT CALLBACK TextBoxWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                         UINT_PTR, DWORD_PTR selfPointer) {
-  auto* self = reinterpret_cast<TextBoxWindow*>(selfPointer);
-  const LRESULT result = DefSubclassProc(window, message, first, second);
-  if (self->isMarked_ && (message == WM_NCPAINT || message == WM_PAINT)) self->DrawMark();
+LRESULT TextBoxWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  const LRESULT result = ControlWindow::OnOwnMessage(message, first, second);
+  if (isMarked_ && (message == WM_NCPAINT || message == WM_PAINT)) DrawMark();
   // The notice of the system does not tell where the focus goes. A box that is hidden loses it by
   // the program's doing.
-  if (message == WM_KILLFOCUS && !self->form_.IsRefreshing() && IsWindowVisible(window)) {
-    self->form_.Act(
-        [&] { self->box_.UserLeft(self->form_.ModelOf(reinterpret_cast<HWND>(first))); });
-  }
+  if (message == WM_KILLFOCUS && !form_.IsRefreshing() && IsWindowVisible(window()))
+    form_.Act([&] { box_.UserLeft(form_.ModelOf(reinterpret_cast<HWND>(first))); });
   return result;
+}
+
+LRESULT SearchWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  using Key = SearchBox::Key;
+  static constexpr std::tuple<WPARAM, Key, int> kKeys[] = {
+      {VK_RETURN, Key::Enter, IDOK}, {VK_ESCAPE, Key::Escape, IDCANCEL}, {VK_DOWN, Key::Down, 0}};
+  for (const auto& [virtualKey, key, dialogs] : kKeys) {
+    if (message == WM_GETDLGCODE && second != 0) {
+      const auto& asked = *reinterpret_cast<const MSG*>(second);
+      if (asked.message == WM_KEYDOWN && asked.wParam == virtualKey) return DLGC_WANTMESSAGE;
+    }
+    if (first != virtualKey) continue;
+    // Of the same numbers; a box of one line answers with a sound.
+    if (message == WM_CHAR && dialogs != 0) return 0;
+    if (message != WM_KEYDOWN) continue;
+    bool taken = false;
+    form_.Act([&, which = key] { taken = search_.UserPressed(which); });
+    if (!taken && dialogs != 0)
+      SendMessageW(GetParent(window()), WM_COMMAND, static_cast<WPARAM>(dialogs), 0);
+    return 0;
+  }
+  return TextBoxWindow::OnOwnMessage(message, first, second);
 }
 
 DateWindow::DateWindow(FormWindow& form, DateSpinner& model, HWND window)
     : ControlWindow(model, window), form_(form), date_(model) {
   SendMessageW(window, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"yyyy-MM-dd"));
-  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
-}
-
-DateWindow::~DateWindow() {
-  RemoveWindowSubclass(window(), Subclass, kSubclass);
+  Listen();
 }
 
 // The space bar is the tick's wherever in the date the caret is.
-LRESULT CALLBACK DateWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR, DWORD_PTR selfPointer) {
-  auto* self = reinterpret_cast<DateWindow*>(selfPointer);
-  const bool isSpace = first == VK_SPACE && self->date_.HasTick();
+LRESULT DateWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  const bool isSpace = first == VK_SPACE && date_.HasTick();
   if (isSpace && message == WM_CHAR) return 0;
-  if (!isSpace || message != WM_KEYDOWN) return DefSubclassProc(window, message, first, second);
-  self->form_.Act([&] {
-    self->date_.UserTicked(!self->date_.IsTicked());
-    self->form_.Quietly([self] { self->Refresh(); });
+  if (!isSpace || message != WM_KEYDOWN) return ControlWindow::OnOwnMessage(message, first, second);
+  form_.Act([&] {
+    date_.UserTicked(!date_.IsTicked());
+    form_.Quietly([this] { Refresh(); });
   });
   return 0;
 }

@@ -32,31 +32,43 @@ class ButtonWindow : public ControlWindow {
 class TextBoxWindow : public ControlWindow {
  public:
   TextBoxWindow(FormWindow& form, TextBox& model, HWND window);
-  ~TextBoxWindow() override;
   void Refresh() override;
   void OnCommand(int code) override;
 
- private:
-  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                   UINT_PTR id, DWORD_PTR self);
-  void DrawMark();
+ protected:
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   FormWindow& form_;
+
+ private:
+  void DrawMark();
+
   TextBox& box_;
   ToolTip tip_;
   bool isMarked_ = false;
 };
 
+// The keys of a search go to the box before the dialog has them.
+class SearchWindow : public TextBoxWindow {
+ public:
+  SearchWindow(FormWindow& form, SearchBox& model, HWND window)
+      : TextBoxWindow(form, model, window), search_(model) {}
+
+ private:
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
+
+  SearchBox& search_;
+};
+
 class DateWindow : public ControlWindow {
  public:
   DateWindow(FormWindow& form, DateSpinner& model, HWND window);
-  ~DateWindow() override;
   void Refresh() override;
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
 
  private:
-  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                   UINT_PTR id, DWORD_PTR self);
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
+
   FormWindow& form_;
   DateSpinner& date_;
 };

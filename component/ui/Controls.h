@@ -27,6 +27,8 @@
 #define ID_LBL_OTHER 1017
 #define ID_LBL_VALUE 1018
 #define ID_LBL_COUNT 1019
+#define ID_LBL_SEARCH 1020
+#define ID_TXT_SEARCH 1021
 
 // frmFilterColumn and frmMultiChoose
 #define ID_LBL_ALL 1101
@@ -48,6 +50,8 @@
 namespace fetchkit::ui {
 
 inline constexpr TemplateControl kFilterControls[] = {
+    {u"lblSearch", -1, ID_LBL_SEARCH, 0, 0, 0, 0},
+    {u"txtSearch", -1, ID_TXT_SEARCH, 0, 0, 35, 0},
     {u"Frame3", -1, ID_FRAME3, 0, 0, 35, 100},
     {u"tvwFilter", -1, ID_TVW_FILTER, 0, 0, 35, 100},
     {u"Frame1", -1, ID_FRAME1, 35, 0, 65, 0},
@@ -73,6 +77,8 @@ inline constexpr TemplateControl kFilterControls[] = {
 
 // frmFilterColumn and frmMultiChoose.
 inline constexpr TemplateControl kTwoListsControls[] = {
+    {u"lblSearch", -1, ID_LBL_SEARCH, 0, 0, 0, 0},
+    {u"txtSearch", -1, ID_TXT_SEARCH, 0, 0, 50, 0},
     {u"lblAll", -1, ID_LBL_ALL, 0, 0, 50, 0},
     {u"msgAll", -1, ID_ALL, 0, 0, 50, 100},
     {u"lstAll", -1, ID_ALL, 0, 0, 50, 100},

@@ -14,7 +14,30 @@ namespace {
 constexpr UINT kMoveFocus = WM_APP + 1;
 constexpr UINT kLater = WM_APP + 2;
 
+constexpr UINT_PTR kSubclass = 1;
+
 }  // namespace
+
+ControlWindow::~ControlWindow() {
+  RemoveWindowSubclass(window_, Subclass, kSubclass);
+}
+
+void ControlWindow::Listen() {
+  SetWindowSubclass(window_, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+}
+
+LRESULT CALLBACK ControlWindow::Subclass(HWND, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                                         DWORD_PTR self) {
+  LRESULT result = 0;
+  Step(u"dialog", [&] {
+    result = reinterpret_cast<ControlWindow*>(self)->OnOwnMessage(message, first, second);
+  });
+  return result;
+}
+
+LRESULT ControlWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  return DefSubclassProc(window_, message, first, second);
+}
 
 void ControlWindow::Refresh() {
   const bool visible = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
@@ -59,6 +82,8 @@ void FormWindow::OnInit() {
 std::unique_ptr<ControlWindow> FormWindow::WindowFor(Control& model, HWND window) {
   if (auto* button = dynamic_cast<CommandButton*>(&model))
     return std::make_unique<ButtonWindow>(*button, window);
+  if (auto* search = dynamic_cast<SearchBox*>(&model))
+    return std::make_unique<SearchWindow>(*this, *search, window);
   if (auto* box = dynamic_cast<TextBox*>(&model))
     return std::make_unique<TextBoxWindow>(*this, *box, window);
   if (auto* date = dynamic_cast<DateSpinner*>(&model))

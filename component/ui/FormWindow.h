@@ -18,7 +18,7 @@ namespace fetchkit::ui {
 class ControlWindow {
  public:
   ControlWindow(Control& model, HWND window) : model_(model), window_(window) {}
-  virtual ~ControlWindow() = default;
+  virtual ~ControlWindow();
   ControlWindow(const ControlWindow&) = delete;
   ControlWindow& operator=(const ControlWindow&) = delete;
 
@@ -32,10 +32,21 @@ class ControlWindow {
   virtual void OnDraw(const DRAWITEMSTRUCT& /*drawing*/) {}
   // The size, the font or the resolution has changed.
   virtual void OnLayout() {}
+  // The system's colours have changed.
+  virtual void OnColors() {}
   // What PostLater has asked for.
   virtual void OnLater() {}
 
+ protected:
+  // From then on the window's own messages come to OnOwnMessage first, whose end is the system's
+  // answer. An error in it is noted and answers with 0.
+  void Listen();
+  virtual LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second);
+
  private:
+  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                   UINT_PTR id, DWORD_PTR self);
+
   Control& model_;
   HWND window_;
 };

@@ -6,21 +6,12 @@
 #include "component/ui/WindowTexts.h"
 
 namespace fetchkit::ui {
-namespace {
-
-constexpr UINT_PTR kSubclass = 1;
-
-}  // namespace
 
 RowsWindow::RowsWindow(FormWindow& form, RowControl& model, HWND window)
     : ControlWindow(model, window), form_(form), rows_(model) {
-  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+  Listen();
   constexpr DWORD kStyles = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
   SendMessageW(window, LVM_SETEXTENDEDLISTVIEWSTYLE, kStyles, kStyles);
-}
-
-RowsWindow::~RowsWindow() {
-  RemoveWindowSubclass(window(), Subclass, kSubclass);
 }
 
 void RowsWindow::SetColumns(std::vector<int> widths, const std::vector<Text>& captions) {
@@ -71,7 +62,7 @@ bool RowsWindow::IsShown(const std::vector<int>& selection) const {
 }
 
 void RowsWindow::RefreshRows() {
-  const int count = RowCount();
+  const int count = rows_.RowCount();
   if (ListView_GetItemCount(window()) != count)
     SendMessageW(window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
   // The scroll bar may have come or gone.
@@ -100,14 +91,12 @@ void RowsWindow::OnLater() {
   rows_.UserSelectedRows(ShownSelection());
 }
 
-LRESULT CALLBACK RowsWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR, DWORD_PTR selfPointer) {
-  auto* self = reinterpret_cast<RowsWindow*>(selfPointer);
-  if (message == WM_MOUSEMOVE) self->PointerMoved(GET_Y_LPARAM(second));
-  if (message == WM_KEYDOWN && self->Pressed(first)) return 0;
+LRESULT RowsWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_MOUSEMOVE) PointerMoved(GET_Y_LPARAM(second));
+  if (message == WM_KEYDOWN && Pressed(first)) return 0;
   // The characters of keys that move rows look for none.
-  if (message == WM_CHAR && self->rows_.MultiSelect() && first <= L' ') return 0;
-  return DefSubclassProc(window, message, first, second);
+  if (message == WM_CHAR && rows_.MultiSelect() && first <= L' ') return 0;
+  return ControlWindow::OnOwnMessage(message, first, second);
 }
 
 bool RowsWindow::Pressed(WPARAM key) {
@@ -132,14 +121,9 @@ bool RowsWindow::Pressed(WPARAM key) {
 
 int RowsWindow::Find(const NMLVFINDITEMW& wanted) const {
   if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return -1;
-  const Text typed(reinterpret_cast<const char16_t*>(wanted.lvfi.psz));
-  const int count = RowCount();
-  for (int step = 0; step < count; ++step) {
-    const int row = (std::max(wanted.iStart, 0) + step) % count;
-    const TextView text = CellText(row, 0);
-    if (text.size() >= typed.size() && EqualFolded(text.substr(0, typed.size()), typed)) return row;
-  }
-  return -1;
+  const int row = rows_.FindTyped(reinterpret_cast<const char16_t*>(wanted.lvfi.psz),
+                                  wanted.iStart + Headers());
+  return row < 0 ? -1 : row - Headers();
 }
 
 bool RowsWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
@@ -147,7 +131,7 @@ bool RowsWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
     case LVN_GETDISPINFOW: {
       // The structure is the system's to fill.
       auto& item = const_cast<NMLVDISPINFOW&>(reinterpret_cast<const NMLVDISPINFOW&>(notice)).item;
-      if ((item.mask & LVIF_TEXT) != 0 && item.iItem >= 0 && item.iItem < RowCount()) {
+      if ((item.mask & LVIF_TEXT) != 0 && item.iItem >= 0 && item.iItem < rows_.RowCount()) {
         shown_ = CellText(item.iItem, item.iSubItem);
         item.pszText = Editable(shown_);
       }
@@ -216,10 +200,6 @@ void GridWindow::Refresh() {
   RefreshRows();
 }
 
-int GridWindow::RowCount() const {
-  return grid_.Rows() - grid_.FixedRows();
-}
-
 const Text& GridWindow::CellText(int row, int column) const {
   return grid_.TextMatrix(row + grid_.FixedRows(), visible_.at(static_cast<std::size_t>(column)));
 }
@@ -234,7 +214,7 @@ void ListBoxWindow::OnLayout() {
   RECT item{0, 0, 0, form_.Pixels(16)};
   RECT client{};
   GetClientRect(window(), &client);
-  if (RowCount() > 0) ListView_GetItemRect(window(), 0, &item, LVIR_BOUNDS);
+  if (list_.ListCount() > 0) ListView_GetItemRect(window(), 0, &item, LVIR_BOUNDS);
   const Measuring measuring(window());
   list_.extent.width = static_cast<int>(client.right);
   list_.extent.itemHeight = static_cast<int>(item.bottom - item.top);
@@ -251,10 +231,6 @@ void ListBoxWindow::Refresh() {
 void ListBoxWindow::PointerMoved(int y) {
   list_.extent.topIndex = ListView_GetTopIndex(window());
   form_.Act([&] { list_.UserMovedPointer(y); });
-}
-
-int ListBoxWindow::RowCount() const {
-  return list_.ListCount();
 }
 
 const Text& ListBoxWindow::CellText(int row, int) const {

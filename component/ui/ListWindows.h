@@ -15,13 +15,11 @@ namespace fetchkit::ui {
 class RowsWindow : public ControlWindow {
  public:
   RowsWindow(FormWindow& form, RowControl& model, HWND window);
-  ~RowsWindow() override;
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
   void OnLayout() override;
   void OnLater() override;
 
  protected:
-  virtual int RowCount() const = 0;
   virtual const Text& CellText(int row, int column) const = 0;
   // Of the model's rows, those that are headers.
   virtual int Headers() const { return 0; }
@@ -35,8 +33,7 @@ class RowsWindow : public ControlWindow {
   FormWindow& form_;
 
  private:
-  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                   UINT_PTR id, DWORD_PTR self);
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
   int Find(const NMLVFINDITEMW& wanted) const;
   bool Pressed(WPARAM key);
   std::vector<int> ShownSelection() const;
@@ -56,7 +53,6 @@ class GridWindow : public RowsWindow {
   void OnLayout() override;
 
  private:
-  int RowCount() const override;
   const Text& CellText(int row, int column) const override;
   int Headers() const override { return grid_.FixedRows(); }
   void ReadColumns();
@@ -73,7 +69,6 @@ class ListBoxWindow : public RowsWindow {
   void OnLayout() override;
 
  private:
-  int RowCount() const override;
   const Text& CellText(int row, int column) const override;
   void PointerMoved(int y) override;
 

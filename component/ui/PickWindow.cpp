@@ -7,20 +7,11 @@
 #include "component/ui/WindowTexts.h"
 
 namespace fetchkit::ui {
-namespace {
-
-constexpr UINT_PTR kSubclass = 1;
-
-}  // namespace
 
 PickWindow::PickWindow(FormWindow& form, PickCombo& model, HWND window)
     : ControlWindow(model, window), form_(form), pick_(model) {
-  SetWindowSubclass(window, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+  Listen();
   OnLayout();
-}
-
-PickWindow::~PickWindow() {
-  RemoveWindowSubclass(window(), Subclass, kSubclass);
 }
 
 void PickWindow::OnLayout() {
@@ -142,10 +133,8 @@ void PickWindow::OnLater() {
   if (const int row = std::exchange(picked_, -1); row >= 0) pick_.UserPicked(row);
 }
 
-LRESULT CALLBACK PickWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR, DWORD_PTR selfPointer) {
-  auto* self = reinterpret_cast<PickWindow*>(selfPointer);
-  const bool open = self->pick_.IsOpen();
+LRESULT PickWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  const bool open = pick_.IsOpen();
   switch (message) {
     case WM_GETDLGCODE:
       // Of a key that the open list is to have, the dialog must keep its hands.
@@ -157,11 +146,11 @@ LRESULT CALLBACK PickWindow::Subclass(HWND window, UINT message, WPARAM first, L
       }
       break;
     case WM_KEYDOWN:
-      if (self->Pressed(first)) return 0;
+      if (Pressed(first)) return 0;
       break;
     case WM_CHAR:
       // The characters of keys that went to the list are no letters.
-      if (first >= L' ') self->Typed(static_cast<wchar_t>(first));
+      if (first >= L' ') Typed(static_cast<wchar_t>(first));
       return 0;
     case WM_MOUSEWHEEL:
       if (!open) return 0;
@@ -169,7 +158,7 @@ LRESULT CALLBACK PickWindow::Subclass(HWND window, UINT message, WPARAM first, L
     default:
       break;
   }
-  return DefSubclassProc(window, message, first, second);
+  return ControlWindow::OnOwnMessage(message, first, second);
 }
 
 bool PickWindow::Pressed(WPARAM key) {

@@ -12,7 +12,6 @@ namespace fetchkit::ui {
 class PickWindow : public ControlWindow {
  public:
   PickWindow(FormWindow& form, PickCombo& model, HWND window);
-  ~PickWindow() override;
   void Refresh() override;
   void OnCommand(int code) override;
   void OnDraw(const DRAWITEMSTRUCT& drawing) override;
@@ -20,14 +19,12 @@ class PickWindow : public ControlWindow {
   void OnLater() override;
 
  private:
-  static LRESULT CALLBACK Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
-                                   UINT_PTR id, DWORD_PTR self);
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
   bool Pressed(WPARAM key);
   void Typed(wchar_t letter);
   bool IsListShown() const;
   void ShowList(bool open);
   void MeasureColumns();
-  void PickLater();
 
   FormWindow& form_;
   PickCombo& pick_;

@@ -91,6 +91,8 @@ HIMAGELIST DrawPictures(int size) {
 
 TreeWindow::TreeWindow(FormWindow& form, TreeView& model, HWND window)
     : ControlWindow(model, window), form_(form), tree_(model) {
+  // Nodes change with each letter of a search.
+  SendMessageW(window, TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
   OnLayout();
 }
 
@@ -109,7 +111,7 @@ void TreeWindow::OnLayout() {
 void TreeWindow::Refresh() {
   ControlWindow::Refresh();
   const auto& nodes = tree_.Nodes();
-  if (items_.size() != nodes.size()) {
+  if (std::exchange(loaded_, tree_.NodesVersion()) != loaded_) {
     SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
     TreeView_DeleteAllItems(window());
     items_.clear();
@@ -143,8 +145,13 @@ void TreeWindow::Refresh() {
   if (TreeView_GetSelection(window()) != wanted) TreeView_SelectItem(window(), wanted);
 }
 
-bool TreeWindow::OnNotify(const NMHDR& notice, LRESULT&) {
+bool TreeWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
   if (form_.IsRefreshing()) return false;
+  if (notice.code == TVN_SELCHANGINGW) {
+    // A tree without a current node that gets the focus would choose one by itself.
+    result = reinterpret_cast<const NMTREEVIEWW&>(notice).action == TVC_UNKNOWN;
+    return true;
+  }
   if (notice.code == TVN_SELCHANGEDW) {
     const auto& change = reinterpret_cast<const NMTREEVIEWW&>(notice);
     if (change.itemNew.hItem) tree_.UserClickedNode(static_cast<int>(change.itemNew.lParam));

@@ -26,6 +26,7 @@ class TreeWindow : public ControlWindow {
  private:
   FormWindow& form_;
   TreeView& tree_;
+  int loaded_ = -1;  // the version of the nodes that the system has
   std::vector<HTREEITEM> items_;
   std::vector<bool> bold_;  // as the system shows them
   Images images_;

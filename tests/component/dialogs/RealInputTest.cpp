@@ -15,11 +15,17 @@ namespace fetchkit::test {
 namespace {
 
 constexpr std::pair<int, TextView> kNames[] = {
-    {ID_TVW_FILTER, u"tree"},   {ID_LXT_OTHER, u"picker"},
-    {ID_TXT_FROM, u"from"},     {ID_TXT_TO, u"to"},
-    {ID_DAT_DATE, u"date"},     {ID_DAT_FROM, u"first date"},
-    {ID_CMD_CHOOSE, u"choose"}, {ID_MSG_FILTER, u"grid"},
-    {ID_CMD_CLEAR, u"clear"},   {IDOK, u"ok"},
+    {ID_TXT_SEARCH, u"search"},
+    {ID_TVW_FILTER, u"tree"},
+    {ID_LXT_OTHER, u"picker"},
+    {ID_TXT_FROM, u"from"},
+    {ID_TXT_TO, u"to"},
+    {ID_DAT_DATE, u"date"},
+    {ID_DAT_FROM, u"first date"},
+    {ID_CMD_CHOOSE, u"choose"},
+    {ID_MSG_FILTER, u"grid"},
+    {ID_CMD_CLEAR, u"clear"},
+    {IDOK, u"ok"},
     {IDCANCEL, u"cancel"},
 };
 
@@ -99,6 +105,31 @@ class RealInput : public testing::Test {
   Text where_;
 };
 
+TEST_F(RealInput, ThirteenKeysSetACondition) {
+  constexpr TextView kKeys = u"dfje⏎↓↓↓⏎5000";
+  EXPECT_EQ(kKeys.size(), 13U);
+  Leads(u"from|贷方金额|5000|", u"the keys", Keys, kKeys);
+  player_.Then(Keys, u"⏎");
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(list_.ListField[1].strFilter, u"大于 5000");
+}
+
+TEST_F(RealInput, ASearchShowsWhatItFindsAndLetsGo) {
+  Leads(u"search|摘要||", u"nothing is found", Keys, u"zz⏎↓");
+  player_.Then(KeepPicture, "nothing").Then([](HWND dialog) {
+    EXPECT_EQ(TreeView_GetCount(GetDlgItem(dialog, ID_TVW_FILTER)), 0U);
+  });
+  Leads(u"search|摘要||", u"Escape empties the box", Keys, u"⎋bm");
+  player_.Then(Focus, ID_TVW_FILTER);
+  Leads(u"tree|摘要||", u"a tree without the current column chooses none", Keys, u"⇧⇥⇥");
+  Leads(u"tree|部门||", u"Down chooses", Keys, u"⇧⇥↓");
+  Leads(u"picker|制单人||", u"Enter opens what begins so", Keys, u"⇧⇥⌫⌫zdr⏎");
+  player_.Then(Focus, ID_TXT_SEARCH).Then(Keys, u"x⎋⎋");
+  EXPECT_FALSE(Show());
+  player_.Then(Keys, u"⏎");
+  EXPECT_TRUE(Show());
+}
+
 TEST_F(RealInput, WithARefusedValueEverythingAnswersAtOnce) {
   Set(1, u"大于 7", u"7");
   const auto refuse = [this] {
@@ -168,6 +199,7 @@ TEST_F(RealInput, WithAllConditionsTheGridAloneOpensEditors) {
   player_.Then(ClickRow, ID_MSG_FILTER, 3);
   opens(u"a row", u"grid|列3|3", 3);
   player_.Then(ClickNode, u"列5");
+  player_.Then(KeepPicture, "full");
   opens(u"a column", u"tree||", 5);
   player_.Then(ClickRow, ID_MSG_FILTER, 5);
   opens(u"its row", u"grid|列5|5", 5);
