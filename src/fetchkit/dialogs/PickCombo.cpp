@@ -41,11 +41,15 @@ const fetchkit::Text& PickCombo::Id(int row) const {
 
 fetchkit::Text PickCombo::RowText(int row) const {
   fetchkit::Text text;
+  AppendRow(text, row);
+  return text;
+}
+
+void PickCombo::AppendRow(fetchkit::Text& text, int row) const {
   for (const int column : shown_) {
     const fetchkit::Text& cell = Cell(row, column);
     if (!cell.empty()) AppendWith(text, u' ', cell);
   }
-  return text;
 }
 
 void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
@@ -93,7 +97,21 @@ int PickCombo::FindTyped(TextView typed) const {
                          [](const Entry& entry, const auto& sought) { return entry.key < sought; });
     if (found != index.end() && found->key.starts_with(key)) return found->row;
   }
-  return -1;
+  return FindByInitials(typed);
+}
+
+int PickCombo::FindByInitials(TextView typed) const {
+  search_.SearchFor(typed);
+  if (search_.NothingTyped()) return -1;
+  fetchkit::Text text;
+  return ListSearch::FirstFound(ListCount(), [&](int row) {
+    text.clear();
+    AppendRow(text, row);
+    if (search_.Begins(text)) return SearchRank::Begins;
+    const bool inside = std::any_of(shown_.begin() + 1, shown_.end(),
+                                    [&](int column) { return search_.Begins(Cell(row, column)); });
+    return inside ? SearchRank::Inside : SearchRank::None;
+  });
 }
 
 // ---- acts of the user

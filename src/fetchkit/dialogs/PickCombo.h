@@ -6,6 +6,7 @@
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/dialogs/Form.h"
+#include "fetchkit/utility/ListSearch.h"
 
 namespace fetchkit {
 
@@ -50,8 +51,9 @@ class PickCombo : public Control {
 
   // The row to go to for what was typed: the one whose text as shown begins with it, else one whose
   // second or later column does, without regard to letter case; of several the first in the order
-  // of these texts. -1 for none and for nothing typed. Logarithmic, but the first search in a list
-  // sorts it.
+  // of these texts. Where there is none, the same by Pinyin initials ("by" finds "本月"), the first
+  // in the order of the list. -1 for none and for nothing typed. Logarithmic by texts, but the
+  // first search in a list sorts it; linear by initials.
   int FindTyped(TextView typed) const;
 
   // The list is open in front of the user, its highlight on a row; moving that chooses nothing.
@@ -114,6 +116,8 @@ class PickCombo : public Control {
   int highlight_ = -1;
   int opensAt_ = -1;
 
+  void AppendRow(fetchkit::Text& text, int row) const;
+  int FindByInitials(TextView typed) const;
   void Open();
   void Close();
   void MoveHighlight(Key key);
@@ -126,6 +130,7 @@ class PickCombo : public Control {
   };
   const std::vector<std::vector<Entry>>& Indexes() const;
   mutable std::vector<std::vector<Entry>> indexes_;
+  mutable ListSearch search_;
 };
 
 }  // namespace fetchkit
