@@ -1,11 +1,8 @@
 #include <unicode/regex.h>
-#include <unicode/translit.h>
 
-#include <functional>
 #include <memory>
-#include <stdexcept>
-#include <unordered_map>
 
+#include "MadeLists.h"
 #include "Pairs.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/listset/ListSet.h"
@@ -14,62 +11,6 @@
 
 namespace fetchkit::bench {
 namespace {
-
-// Rows made by a function, column by column; nothing is copied in beforehand, so that what is timed
-// is the reader's work.
-class MadeRows : public Recordset {
- public:
-  using Cell = std::function<Value(std::size_t row, std::size_t column)>;
-  MadeRows(std::vector<Text> columns, std::size_t rows, Cell cell)
-      : columns_(std::move(columns)), rows_(rows), cell_(std::move(cell)) {}
-
-  bool Eof() override { return row_ >= rows_; }
-  bool Bof() override { return rows_ == 0; }
-  void MoveFirst() override { row_ = 0; }
-  void MoveLast() override { row_ = rows_ - 1; }
-  void MoveNext() override { ++row_; }
-  std::int32_t RecordCount() override { return static_cast<std::int32_t>(rows_); }
-  std::size_t Column(TextView name) override {
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-      if (EqualFolded(columns_[i], name)) return i;
-    throw std::runtime_error("no such column");
-  }
-  std::vector<Text> ColumnNames() override { return columns_; }
-  Value At(std::size_t column) override { return cell_(row_, column); }
-
- private:
-  std::vector<Text> columns_;
-  std::size_t rows_;
-  Cell cell_;
-  std::size_t row_ = 0;
-};
-
-// Answers every statement with the rows that make has for it; null means no row. Nothing is
-// refused: what is timed is a healthy session.
-class MadeConnection : public SessionConnection {
- public:
-  using Make = std::function<RecordsetPtr(TextView sql)>;
-  explicit MadeConnection(Make make) : make_(std::move(make)) {}
-
-  std::shared_ptr<fetchkit::HostContext> HostContext() override { return nullptr; }
-  void CloseRecordset(RecordsetPtr& recordset) override { recordset.reset(); }
-  void RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) override {
-    isEmpty = recordset->Eof();
-  }
-  bool OpenStaticRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t, std::int32_t,
-                           std::int32_t, std::int32_t) override {
-    recordset = make_(sql);
-    if (!recordset) recordset = std::make_shared<MadeRows>(std::vector<Text>(), 0, nullptr);
-    return true;
-  }
-  bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t, std::int32_t) override {
-    return OpenStaticRecordset(sql, recordset, 0, 0, 0, 0);
-  }
-  bool ExecuteSql(TextView, std::int32_t, Value&) override { return true; }
-
- private:
-  Make make_;
-};
 
 const std::vector<Text> kFieldColumns = {
     u"lngViewFieldID",  u"strViewFieldDesc", u"strFieldType",   u"lngListFieldID",
@@ -170,17 +111,6 @@ Text IdsByPrefixTests(std::size_t rows) {
   return ids;
 }
 
-// A list of codes with names, of characters that are read in one way.
-std::vector<Text> CodesAndNames(std::size_t count) {
-  constexpr TextView kWords[] = {u"客户", u"银川", u"科技", u"贸易", u"公司",
-                                 u"粮油", u"电力", u"苏州", u"青岛", u"服装"};
-  std::vector<Text> list;
-  for (std::size_t i = 0; i < count; ++i)
-    list.push_back(Join(100000 + i, u" ", kWords[i % 10], kWords[i / 10 % 10], kWords[i / 100 % 10],
-                        kWords[i / 1000 % 10]));
-  return list;
-}
-
 std::size_t CountFound(const std::vector<Text>& list, TextView typed) {
   ListSearch search;
   search.SearchFor(typed);
@@ -188,26 +118,6 @@ std::size_t CountFound(const std::vector<Text>& list, TextView typed) {
   for (const Text& text : list)
     found += search.Matches(text) ? 1 : 0;
   return found;
-}
-
-// The initials of each text, made beforehand.
-std::vector<Text> InitialsByIcu(const std::vector<Text>& list) {
-  UErrorCode error = U_ZERO_ERROR;
-  const std::unique_ptr<icu::Transliterator> latin(
-      icu::Transliterator::createInstance("Han-Latin; Latin-ASCII; Lower", UTRANS_FORWARD, error));
-  std::unordered_map<char16_t, char16_t> initials;
-  std::vector<Text> all = list;
-  for (Text& text : all)
-    for (char16_t& unit : text) {
-      const auto [entry, isNew] = initials.try_emplace(unit);
-      if (isNew) {
-        icu::UnicodeString read(unit);
-        latin->transliterate(read);
-        entry->second = read.charAt(0);
-      }
-      unit = entry->second;
-    }
-  return all;
 }
 
 }  // namespace

@@ -29,5 +29,6 @@ void RegisterTextHelpers();
 void RegisterClauses();
 void RegisterKeywords();
 void RegisterLists();
+void RegisterDialogs();
 
 }  // namespace fetchkit::bench

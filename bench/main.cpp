@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
     fetchkit::bench::RegisterClauses();
     fetchkit::bench::RegisterKeywords();
     fetchkit::bench::RegisterLists();
+    fetchkit::bench::RegisterDialogs();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "bench: %s\n", error.what());
     return 1;
