@@ -96,6 +96,20 @@ class CommonControls {
   bool active_ = false;
 };
 
+// Makes the list of a combo box that keeps no texts one that keeps no rows either, but their number
+// alone: however many there are, they are there at once. There is no style of combo boxes for that.
+LRESULT CALLBACK WithoutRows(int code, WPARAM first, LPARAM second) {
+  if (code == HCBT_CREATEWND) {
+    const auto window = reinterpret_cast<HWND>(first);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    wchar_t type[16] = {};
+    GetClassNameW(window, type, 16);
+    if (lstrcmpiW(type, L"ComboLBox") == 0 && (style & LBS_HASSTRINGS) == 0)
+      SetWindowLongPtrW(window, GWL_STYLE, style | LBS_NODATA);
+  }
+  return CallNextHookEx(nullptr, code, first, second);
+}
+
 }  // namespace
 
 bool Dialog::ShowModal(HWND owner) {
@@ -109,9 +123,12 @@ bool Dialog::ShowModal(HWND owner) {
   const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES |
                                                          ICC_DATE_CLASSES | ICC_BAR_CLASSES};
   if (!InitCommonControlsEx(&classes)) return false;
+  hook_ = Counted<HHOOK, RemoveHook>(
+      SetWindowsHookExW(WH_CBT, WithoutRows, nullptr, GetCurrentThreadId()));
   const INT_PTR result =
       DialogBoxIndirectParamW(module_, reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
                               Procedure, reinterpret_cast<LPARAM>(this));
+  hook_ = {};
   window_ = nullptr;
   return result != -1;
 }
@@ -195,6 +212,7 @@ UINT Dialog::DpiOfTemplate() const {
 }
 
 void Dialog::Begin() {
+  hook_ = {};
   ScaleByOneself(window_);
   dpi_ = DpiOfTemplate();
   RECT client{};

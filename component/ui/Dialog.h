@@ -10,6 +10,10 @@
 
 namespace fetchkit::ui {
 
+inline void RemoveHook(HHOOK hook) {
+  UnhookWindowsHookEx(hook);
+}
+
 // A control of a template: which of a form's controls it shows, and how it follows when the dialog
 // grows, in hundredths of the growth that move it and that are added to its size. Controls that are
 // not listed stay where they are.
@@ -91,6 +95,7 @@ class Dialog {
   HWND owner_ = nullptr;
   UINT dpi_ = 96;
   Font font_;
+  Counted<HHOOK, RemoveHook> hook_;  // while the controls are made
   SIZE firstClient_{};
   SIZE firstWindow_{};
   std::vector<Placed> placed_;

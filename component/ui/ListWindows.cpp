@@ -55,7 +55,8 @@ std::vector<int> RowsWindow::ShownSelection() const {
 }
 
 bool RowsWindow::IsShown(const std::vector<int>& selection) const {
-  return ListView_GetSelectedCount(window()) == selection.size() &&
+  if (ListView_GetSelectedCount(window()) != selection.size()) return false;
+  return static_cast<int>(selection.size()) == rows_.RowCount() ||
          std::all_of(selection.begin(), selection.end(), [this](int row) {
            return ListView_GetItemState(window(), row - Headers(), LVIS_SELECTED) != 0;
          });

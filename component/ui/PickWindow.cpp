@@ -7,11 +7,36 @@
 #include "component/ui/WindowTexts.h"
 
 namespace fetchkit::ui {
+namespace {
+
+constexpr UINT_PTR kListSubclass = 1;
+
+HWND ListOf(HWND combo) {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  return GetComboBoxInfo(combo, &parts) ? parts.hwndList : nullptr;
+}
+
+// Answers the messages that ask for a text and for its length.
+LRESULT CopyText(const Text& text, bool lengthAlone, LPARAM buffer, std::size_t room) {
+  if (lengthAlone || room == 0) return static_cast<LRESULT>(lengthAlone ? text.size() : 0);
+  auto* to = reinterpret_cast<char16_t*>(buffer);
+  const std::size_t length = text.copy(to, room - 1);
+  to[length] = 0;
+  return static_cast<LRESULT>(length);
+}
+
+}  // namespace
 
 PickWindow::PickWindow(FormWindow& form, PickCombo& model, HWND window)
-    : ControlWindow(model, window), form_(form), pick_(model) {
+    : ControlWindow(model, window), form_(form), pick_(model), systemsList_(ListOf(window)) {
   Listen();
+  SetWindowSubclass(systemsList_, ListSubclass, kListSubclass, reinterpret_cast<DWORD_PTR>(this));
   OnLayout();
+}
+
+PickWindow::~PickWindow() {
+  RemoveWindowSubclass(systemsList_, ListSubclass, kListSubclass);
 }
 
 void PickWindow::OnLayout() {
@@ -50,25 +75,26 @@ void PickWindow::MeasureColumns() {
 
 void PickWindow::Refresh() {
   ControlWindow::Refresh();
-  if (loaded_ != pick_.ListVersion()) {
-    const int count = pick_.ListCount();
-    SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
-    SendMessageW(window(), CB_RESETCONTENT, 0, 0);
-    SendMessageW(window(), CB_INITSTORAGE, static_cast<WPARAM>(count), count * 32);
-    // The texts are for screen readers: the rows are drawn from the model.
-    for (int row = 0; row < count; ++row) {
-      const Text text = pick_.RowText(row);
-      SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
-    }
-    SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
-    loaded_ = pick_.ListVersion();
-    MeasureColumns();
-  }
+  if (std::exchange(measured_, pick_.ListVersion()) != measured_) MeasureColumns();
+  if (pick_.IsOpen()) LoadRows();
   if (IsListShown() != pick_.IsOpen()) ShowList(pick_.IsOpen());
-  const int row = pick_.IsOpen() ? pick_.Highlight() : pick_.ListIndex();
-  if (SendMessageW(window(), CB_GETCURSEL, 0, 0) != row)
-    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  if (pick_.IsOpen() && SendMessageW(window(), CB_GETCURSEL, 0, 0) != pick_.Highlight())
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(pick_.Highlight()), 0);
   InvalidateRect(window(), nullptr, TRUE);
+}
+
+// Before the list is shown: its height follows the number of rows.
+void PickWindow::LoadRows() {
+  if (std::exchange(loaded_, pick_.ListVersion()) == loaded_) return;
+  const auto count = static_cast<WPARAM>(pick_.ListCount());
+  if (SendMessageW(systemsList_, LB_SETCOUNT, count, 0) >= 0) return;
+  // A system that keeps rows all the same.
+  SendMessageW(systemsList_, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(systemsList_, LB_RESETCONTENT, 0, 0);
+  SendMessageW(systemsList_, LB_INITSTORAGE, count, 0);
+  for (WPARAM row = 0; row < count; ++row)
+    SendMessageW(systemsList_, LB_ADDSTRING, 0, 0);
+  SendMessageW(systemsList_, WM_SETREDRAW, TRUE, 0);
 }
 
 bool PickWindow::IsListShown() const {
@@ -108,11 +134,10 @@ void PickWindow::OnCommand(int code) {
   switch (code) {
     case CBN_DROPDOWN: {
       pick_.UserOpened();
-      COMBOBOXINFO parts{};
-      parts.cbSize = sizeof parts;
+      form_.Quietly([this] { LoadRows(); });
       RECT list{};
       const auto height = SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0);
-      if (GetComboBoxInfo(window(), &parts) && GetClientRect(parts.hwndList, &list) && height > 0)
+      if (GetClientRect(systemsList_, &list) && height > 0)
         pick_.pageRows = std::max(1, static_cast<int>(list.bottom / height) - 1);
       break;
     }
@@ -155,10 +180,29 @@ LRESULT PickWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_MOUSEWHEEL:
       if (!open) return 0;
       break;
+    // Screen readers ask for texts.
+    case WM_GETTEXT:
+    case WM_GETTEXTLENGTH:
+      return CopyText(pick_.Text(), message == WM_GETTEXTLENGTH, second, first);
     default:
       break;
   }
   return ControlWindow::OnOwnMessage(message, first, second);
+}
+
+LRESULT CALLBACK PickWindow::ListSubclass(HWND list, UINT message, WPARAM first, LPARAM second,
+                                          UINT_PTR, DWORD_PTR selfPointer) {
+  if (message != LB_GETTEXT && message != LB_GETTEXTLEN)
+    return DefSubclassProc(list, message, first, second);
+  LRESULT result = LB_ERR;
+  Step(u"dialog", [&] {
+    const PickCombo& pick = reinterpret_cast<PickWindow*>(selfPointer)->pick_;
+    const auto row = static_cast<int>(first);
+    if (row < 0 || row >= pick.ListCount()) return;
+    const Text text = pick.RowText(row);
+    result = CopyText(text, message == LB_GETTEXTLEN, second, text.size() + 1);
+  });
+  return result;
 }
 
 bool PickWindow::Pressed(WPARAM key) {

@@ -108,6 +108,11 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
         parts.cbSize = sizeof parts;
         GetComboBoxInfo(GetDlgItem(dialog, ID_LXT_OTHER), &parts);
         EXPECT_TRUE(IsWindowVisible(parts.hwndList)) << "typing shows where it leads";
+        EXPECT_NE(GetWindowLongPtrW(parts.hwndList, GWL_STYLE) & LBS_NODATA, 0)
+            << "however long, it is there at once";
+        wchar_t row[32] = {};
+        EXPECT_EQ(SendMessageW(parts.hwndList, LB_GETTEXT, 2, reinterpret_cast<LPARAM>(row)), 6);
+        EXPECT_STREQ(row, L"02 销售部");
         KeepPicture(parts.hwndList, "picker");
       })
       .Then(Keys, u"⏎")
