@@ -112,8 +112,25 @@ LRESULT CALLBACK WithoutRows(int code, WPARAM first, LPARAM second) {
 
 }  // namespace
 
+// In quarters of pixels at 96 dots per inch, so that no resolution loses a pixel.
+SIZE LastSize::At(UINT dpi) const {
+  const std::uint32_t packed = packed_.load();
+  const auto length = [dpi](std::uint32_t quarters) {
+    return static_cast<LONG>(MulDiv(static_cast<int>(quarters), static_cast<int>(dpi), 4 * 96));
+  };
+  return {length(packed >> 16), length(packed & 0xFFFF)};
+}
+
+void LastSize::Set(SIZE size, UINT dpi) {
+  const auto quarters = [dpi](LONG length) {
+    const int whole = MulDiv(static_cast<int>(length), 4 * 96, static_cast<int>(dpi));
+    return static_cast<std::uint32_t>(std::clamp(whole, 0, 0xFFFF));
+  };
+  packed_ = quarters(size.cx) << 16 | quarters(size.cy);
+}
+
 bool Dialog::ShowModal(HWND owner) {
-  const HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(templateId_), RT_DIALOG);
+  const HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(kind_.templateId), RT_DIALOG);
   const HGLOBAL loaded = found ? LoadResource(module_, found) : nullptr;
   if (!loaded) return false;
   const Words words =
@@ -177,12 +194,15 @@ INT_PTR Dialog::Handle(UINT message, WPARAM first, LPARAM second) {
       return TRUE;
     case WM_GETMINMAXINFO: {
       auto& limits = *reinterpret_cast<MINMAXINFO*>(second);
-      limits.ptMinTrackSize = {firstWindow_.cx, firstWindow_.cy};
+      limits.ptMinTrackSize = {smallestWindow_.cx, smallestWindow_.cy};
       return TRUE;
     }
     case 0x02E0:  // WM_DPICHANGED
       Rescale(LOWORD(first), *reinterpret_cast<const RECT*>(second));
       return TRUE;
+    case WM_DESTROY:
+      Remember();
+      return FALSE;
     case WM_SHOWWINDOW:
       if (first) Step(u"dialog", [&] { OnShown(); });
       return FALSE;
@@ -221,14 +241,17 @@ void Dialog::Begin() {
   GetWindowRect(window_, &whole);
   firstClient_ = {client.right, client.bottom};
   firstWindow_ = {whole.right - whole.left, whole.bottom - whole.top};
+  RECT less{0, 0, kind_.narrower, kind_.lower};
+  MapDialogRect(window_, &less);
+  smallestWindow_ = {firstWindow_.cx - less.right, firstWindow_.cy - less.bottom};
   for (HWND control = GetWindow(window_, GW_CHILD); control;
        control = GetWindow(control, GW_HWNDNEXT)) {
     RECT at = WholeRect(control);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&at), 2);
     const int id = GetDlgCtrlID(control);
-    const auto known = std::find_if(templateControls_.begin(), templateControls_.end(),
+    const auto known = std::find_if(kind_.controls.begin(), kind_.controls.end(),
                                     [id](const TemplateControl& each) { return each.id == id; });
-    placed_.push_back({control, at, known == templateControls_.end() ? TemplateControl{} : *known});
+    placed_.push_back({control, at, known == kind_.controls.end() ? TemplateControl{} : *known});
   }
   Step(u"dialog", [&] { OnInit(); });
   if (const UINT dpi = DpiOf(window_); dpi != dpi_) {
@@ -239,23 +262,39 @@ void Dialog::Begin() {
 }
 
 void Dialog::PlaceOverOwner() {
-  RECT mine{};
-  GetWindowRect(window_, &mine);
-  const LONG width = mine.right - mine.left;
-  const LONG height = mine.bottom - mine.top;
+  SIZE size = firstWindow_;
+  if (const SIZE last = kind_.lastSize.At(dpi_); last.cx != 0) {
+    size.cx += last.cx - firstClient_.cx;
+    size.cy += last.cy - firstClient_.cy;
+  }
   const HMONITOR monitor = MonitorFromWindow(owner_ ? owner_ : window_, MONITOR_DEFAULTTONEAREST);
   MONITORINFO info{};
   info.cbSize = sizeof info;
   GetMonitorInfoW(monitor, &info);
-  const RECT& area = info.rcWork;
-  RECT over = area;
+  RECT over = info.rcWork;
   if (owner_ && IsWindowVisible(owner_) && !IsIconic(owner_)) GetWindowRect(owner_, &over);
-  const LONG x = over.left + (over.right - over.left - width) / 2;
-  const LONG y = over.top + (over.bottom - over.top - height) / 2;
-  SetWindowPos(window_, nullptr,
-               std::max(area.left, std::min(x, static_cast<LONG>(area.right - width))),
-               std::max(area.top, std::min(y, static_cast<LONG>(area.bottom - height))), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const LONG x = over.left + (over.right - over.left - size.cx) / 2;
+  const LONG y = over.top + (over.bottom - over.top - size.cy) / 2;
+  PlaceInside({x, y, x + size.cx, y + size.cy});
+}
+
+// In the work area of the monitor that most of the place is on, smaller where that is.
+void Dialog::PlaceInside(RECT place) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &info);
+  const RECT& area = info.rcWork;
+  const LONG width = std::min(place.right - place.left, area.right - area.left);
+  const LONG height = std::min(place.bottom - place.top, area.bottom - area.top);
+  const LONG x = std::max(area.left, std::min(place.left, area.right - width));
+  const LONG y = std::max(area.top, std::min(place.top, area.bottom - height));
+  SetWindowPos(window_, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Dialog::Remember() {
+  RECT client{};
+  if (IsIconic(window_) || IsZoomed(window_) || !GetClientRect(window_, &client)) return;
+  kind_.lastSize.Set({client.right, client.bottom}, dpi_);
 }
 
 void Dialog::Arrange() {
@@ -297,16 +336,17 @@ void Dialog::Rescale(UINT dpi, const RECT& suggested) {
     each.at = Scaled(each.at, dpi, dpi_);
   const RECT client = Scaled({0, 0, firstClient_.cx, firstClient_.cy}, dpi, dpi_);
   const RECT whole = Scaled({0, 0, firstWindow_.cx, firstWindow_.cy}, dpi, dpi_);
+  const RECT smallest = Scaled({0, 0, smallestWindow_.cx, smallestWindow_.cy}, dpi, dpi_);
   firstClient_ = {client.right, client.bottom};
   firstWindow_ = {whole.right, whole.bottom};
+  smallestWindow_ = {smallest.right, smallest.bottom};
   dpi_ = dpi;
   const LOGFONTW description = MessageFont(dpi);
   Font font(CreateFontIndirectW(&description));
   for (const Placed& each : placed_)
     SendMessageW(each.control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
   font_ = std::move(font);
-  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  PlaceInside(suggested);
   Arrange();
 }
 

@@ -1,6 +1,8 @@
 // A modal dialog in a real window: what all dialogs of the library have in common.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -25,14 +27,33 @@ struct TemplateControl {
   int aloneTo = 0;  // the control to whose right edge it reaches while no other stands beside it
 };
 
-// Built from a dialog template of the resources, in the user's message font. It may be resized,
-// never below its first size, scales with the monitor that it is on, and stands over the middle of
-// its owner, which is disabled meanwhile. Errors inside a handler are noted and end the handler
-// alone.
+// The size that the user has left a dialog in, for the next one of its kind. Of all threads.
+class LastSize {
+ public:
+  // Of the client area, in pixels at that resolution; {0, 0} before the first time.
+  SIZE At(UINT dpi) const;
+  void Set(SIZE size, UINT dpi);
+
+ private:
+  std::atomic<std::uint32_t> packed_{0};
+};
+
+// What a kind of dialog is made from.
+struct DialogKind {
+  int templateId;
+  std::span<const TemplateControl> controls;
+  // By how much it may be smaller than the template, in dialog units.
+  int narrower, lower;
+  LastSize& lastSize;
+};
+
+// Built from a dialog template of the resources, in the user's message font. It may be resized, is
+// as large as the last one of its kind, scales with the monitor that it is on, and stands over the
+// middle of its owner, which is disabled meanwhile, inside the work area. Errors inside a handler
+// are noted and end the handler alone.
 class Dialog {
  public:
-  Dialog(HINSTANCE module, int templateId, std::span<const TemplateControl> controls)
-      : module_(module), templateId_(templateId), templateControls_(controls) {}
+  Dialog(HINSTANCE module, const DialogKind& kind) : module_(module), kind_(kind) {}
   virtual ~Dialog() = default;
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
@@ -63,7 +84,7 @@ class Dialog {
   // Ends ShowModal.
   void Close();
 
-  std::span<const TemplateControl> templateControls() const { return templateControls_; }
+  std::span<const TemplateControl> templateControls() const { return kind_.controls; }
   HWND Window(int id) const { return GetDlgItem(window_, id); }
   // Whether a control with an aloneTo stands alone.
   void SetAlone(HWND control, bool alone);
@@ -84,12 +105,13 @@ class Dialog {
   void Begin();
   UINT DpiOfTemplate() const;
   void PlaceOverOwner();
+  void PlaceInside(RECT place);
+  void Remember();
   void Arrange();
   void Rescale(UINT dpi, const RECT& suggested);
 
   HINSTANCE module_;
-  int templateId_;
-  std::span<const TemplateControl> templateControls_;
+  DialogKind kind_;
   int depth_ = 0;  // messages that are being handled
   HWND window_ = nullptr;
   HWND owner_ = nullptr;
@@ -98,6 +120,7 @@ class Dialog {
   Counted<HHOOK, RemoveHook> hook_;  // while the controls are made
   SIZE firstClient_{};
   SIZE firstWindow_{};
+  SIZE smallestWindow_{};
   std::vector<Placed> placed_;
 };
 

@@ -49,9 +49,8 @@ void ControlWindow::Refresh() {
     EnableWindow(window_, model_.Enabled());
 }
 
-FormWindow::FormWindow(HINSTANCE module, int templateId, std::span<const TemplateControl> controls,
-                       Form& form)
-    : Dialog(module, templateId, controls), form_(form) {
+FormWindow::FormWindow(HINSTANCE module, const DialogKind& kind, Form& form)
+    : Dialog(module, kind), form_(form) {
   form_.Attach(this);
 }
 

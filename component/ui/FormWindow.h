@@ -56,8 +56,7 @@ class ControlWindow {
 // handler has ended.
 class FormWindow : public Dialog, private FormObserver {
  public:
-  FormWindow(HINSTANCE module, int templateId, std::span<const TemplateControl> controls,
-             Form& form);
+  FormWindow(HINSTANCE module, const DialogKind& kind, Form& form);
   ~FormWindow() override;
 
   // Shows the form until it is closed; a form whose owner goes, or that cannot be shown, counts as

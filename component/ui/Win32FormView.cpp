@@ -9,6 +9,13 @@
 namespace fetchkit::ui {
 namespace {
 
+LastSize filterSize;
+LastSize columnSize;
+LastSize chooseSize;
+const DialogKind kFilter{FRM_FILTER, kFilterControls, 40, 70, filterSize};
+const DialogKind kFilterColumn{FRM_FILTER_COLUMN, kTwoListsControls, 60, 60, columnSize};
+const DialogKind kMultiChoose{FRM_MULTI_CHOOSE, kTwoListsControls, 60, 50, chooseSize};
+
 // The window to stand over; for 0 the foreground window, when it is this process's.
 HWND OwnerOf(std::int32_t handle) {
   if (const auto window = static_cast<HWND>(LongToHandle(handle)); IsWindow(window)) return window;
@@ -21,17 +28,17 @@ HWND OwnerOf(std::int32_t handle) {
 }  // namespace
 
 void Win32FormView::ShowModal(frmFilter& form, std::int32_t hWndOwner) {
-  FormWindow window(module_, FRM_FILTER, kFilterControls, form);
+  FormWindow window(module_, kFilter, form);
   filter_ = &window;
   window.Run(OwnerOf(hWndOwner));
 }
 
 void Win32FormView::ShowModal(frmFilterColumn& form, const frmFilter&) {
-  FormWindow(module_, FRM_FILTER_COLUMN, kTwoListsControls, form).Run(filter_->window());
+  FormWindow(module_, kFilterColumn, form).Run(filter_->window());
 }
 
 void Win32FormView::ShowModal(frmMultiChoose& form, std::int32_t hWndOwner) {
-  FormWindow(module_, FRM_MULTI_CHOOSE, kTwoListsControls, form).Run(OwnerOf(hWndOwner));
+  FormWindow(module_, kMultiChoose, form).Run(OwnerOf(hWndOwner));
 }
 
 }  // namespace fetchkit::ui

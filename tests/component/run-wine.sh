@@ -207,7 +207,7 @@ mkdir -p "$build/pictures"
 binary fetchkit-dialog-tests
 for dots in 144 192; do
   check "a screen of $dots dots per inch" resolution $dots
-  binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*:RealInput.*'
+  binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*:*Smallest*:RealInput.*'
 done
 check "a screen of 96 dots per inch" resolution 96
 check "pictures of the dialogs in build/pictures" pictures

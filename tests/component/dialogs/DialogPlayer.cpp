@@ -250,28 +250,43 @@ int ListCount(HWND dialog, int id) {
 
 namespace {
 
-// Labels, frames and buttons have room for their captions.
-void ExpectCaptionsWhole(HWND dialog, const std::string& name) {
+// Controls stand inside the dialog, none over another but over a frame; labels, frames and buttons
+// have room for their captions.
+void ExpectArranged(HWND dialog, const std::string& name) {
+  RECT inside{};
+  GetClientRect(dialog, &inside);
+  std::vector<std::pair<int, RECT>> taken;
   const HDC device = GetDC(dialog);
   for (HWND control = GetWindow(dialog, GW_CHILD); control;
        control = GetWindow(control, GW_HWNDNEXT)) {
+    if (!IsWindowVisible(control)) continue;
+    const int id = GetDlgCtrlID(control);
     wchar_t type[32] = {};
-    wchar_t caption[256] = {};
     GetClassNameW(control, type, 32);
-    const int length = GetWindowTextW(control, caption, 256);
     const bool isLabel = lstrcmpiW(type, L"Static") == 0;
-    const bool shortens = isLabel && (GetWindowLongPtrW(control, GWL_STYLE) & SS_ENDELLIPSIS) != 0;
-    if (!IsWindowVisible(control) || shortens || (!isLabel && lstrcmpiW(type, L"Button") != 0))
-      continue;
-    RECT needed{};
+    const bool isButton = lstrcmpiW(type, L"Button") == 0;
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    const bool isFrame = isButton && (style & BS_TYPEMASK) == BS_GROUPBOX;
     RECT place{};
+    RECT shared{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    UnionRect(&shared, &inside, &place);
+    EXPECT_TRUE(EqualRect(&shared, &inside)) << name << ": control " << id << " is cut";
+    for (const auto& [other, at] : taken)
+      EXPECT_TRUE(isFrame || !IntersectRect(&shared, &place, &at))
+          << name << ": control " << id << " over " << other;
+    if (!isFrame) taken.emplace_back(id, place);
+    if ((!isLabel && !isButton) || (isLabel && (style & SS_ENDELLIPSIS) != 0)) continue;
+    const Text caption = TextIn(dialog, id);
+    RECT needed{};
     const HGDIOBJ before =
         SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
-    DrawTextW(device, caption, length, &needed, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextW(device, reinterpret_cast<const wchar_t*>(caption.c_str()), -1, &needed,
+              DT_CALCRECT | DT_SINGLELINE);
     SelectObject(device, before);
-    GetClientRect(control, &place);
-    EXPECT_LE(needed.right, place.right) << name << ": control " << GetDlgCtrlID(control);
-    EXPECT_LE(needed.bottom, place.bottom) << name << ": control " << GetDlgCtrlID(control);
+    EXPECT_LE(needed.right, place.right - place.left) << name << ": control " << id;
+    EXPECT_LE(needed.bottom, place.bottom - place.top) << name << ": control " << id;
   }
   ReleaseDC(dialog, device);
 }
@@ -288,7 +303,7 @@ std::wstring PictureFile(HWND dialog, const std::string& name) {
 }  // namespace
 
 void KeepPicture(HWND dialog, const std::string& name) {
-  ExpectCaptionsWhole(dialog, name);
+  ExpectArranged(dialog, name);
   static const Gdiplus::Status started = [] {
     ULONG_PTR token = 0;
     const Gdiplus::GdiplusStartupInput input;

@@ -76,7 +76,7 @@ Text ListCell(HWND dialog, int id, int row, int column);
 int ListCount(HWND dialog, int id);
 
 // Keeps a picture of the dialog as pictures/NAME.png, with the scaling behind the name where that
-// is not 100 %; every caption on it must have room.
+// is not 100 %; every control on it must be whole, with room for its caption.
 void KeepPicture(HWND dialog, const std::string& name);
 
 }  // namespace fetchkit::test

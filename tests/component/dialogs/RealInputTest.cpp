@@ -202,6 +202,7 @@ TEST_F(RealInput, WithAllConditionsTheGridAloneOpensEditors) {
   player_.Then(KeepPicture, "full");
   opens(u"a column", u"tree||", 5);
   player_.Then(ClickRow, ID_MSG_FILTER, 5);
+  player_.Then(Resize, -5000, -5000).Then(KeepPicture, "smallest-full");
   opens(u"its row", u"grid|列5|5", 5);
   player_.Then(ClickNode, u"列27");
   opens(u"a column without a row", u"tree||", -1);

@@ -132,6 +132,8 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
         KeepPicture(chooser, "chooser");
         EXPECT_EQ(ListCount(chooser, ID_SELECTED), 3);
       })
+      .Then(Resize, -5000, -5000)
+      .Then(KeepPicture, "smallest-chooser")
       .Then(Click, IDOK)
       .Then(Type, ID_TXT_SEARCH, u"je")
       .Then(KeepPicture, "search")
@@ -170,23 +172,37 @@ TEST_F(WindowsTest, TheKeyboardReachesEverything) {
                                       ID_TXT_TO, ID_MSG_FILTER, ID_CMD_CLEAR, IDOK, IDCANCEL}));
 }
 
-TEST_F(WindowsTest, TheDialogGrows) {
-  player_.Then(Resize, 200, 120).Then([](HWND dialog) {
-    KeepPicture(dialog, "resized");
-    RECT whole{};
-    RECT button{};
-    GetWindowRect(dialog, &whole);
-    GetWindowRect(GetDlgItem(dialog, IDCANCEL), &button);
-    EXPECT_LT(whole.right - button.right, 40) << "the buttons stay in their corner";
+TEST_F(WindowsTest, ADialogKeepsItsSizeAndNothingIsCutAtTheSmallest) {
+  SIZE left{};
+  const auto sizeOf = [](HWND dialog) {
+    RECT place{};
+    GetWindowRect(dialog, &place);
+    return SIZE{place.right - place.left, place.bottom - place.top};
+  };
+  player_.Then(Resize, 200, 120).Then(KeepPicture, "resized").Then([&](HWND dialog) {
+    left = sizeOf(dialog);
     RECT list{};
     SendDlgItemMessageW(dialog, ID_LXT_OTHER, CB_GETDROPPEDCONTROLRECT, 0,
                         reinterpret_cast<LPARAM>(&list));
     EXPECT_GT(list.bottom - list.top, 100) << "the picker's list keeps its height";
-    MINMAXINFO limits{};
-    SendMessageW(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-    EXPECT_EQ(limits.ptMinTrackSize.x, whole.right - whole.left - 200);
     Close(dialog);
   });
+  EXPECT_FALSE(ShowFilter());
+  player_
+      .Then([&](HWND dialog) {
+        EXPECT_EQ(sizeOf(dialog).cx, left.cx);
+        EXPECT_EQ(sizeOf(dialog).cy, left.cy);
+      })
+      .Then(Resize, -5000, -5000);
+  Enter(u"金额", kBetween);
+  player_.Then(KeepPicture, "smallest");
+  Enter(u"凭证日期", kThisYear);
+  player_.Then(KeepPicture, "smallest-period").Then(ClickNode, u"部门");
+  player_.Then(KeepPicture, "smallest-code");
+  player_.Then([&](HWND dialog) {
+    Resize(dialog, left.cx - 200 - sizeOf(dialog).cx, left.cy - 120 - sizeOf(dialog).cy);
+  });
+  player_.Then(Keys, u"⎋");
   EXPECT_FALSE(ShowFilter());
 }
 
@@ -217,7 +233,10 @@ TEST_F(WindowsTest, DepartmentsAreChosenAndOrdered) {
             u"(部门='管理部 01' 或 部门='国内销售科 02-01' 或 部门='总工办 010')");
   EXPECT_EQ(shown_, u"管理部 01,国内销售科 02-01,总工办 010");
 
-  player_.Then(Click, ID_CMD_RIGHT_ALL).Then(Click, IDCANCEL);
+  player_.Then(Click, ID_CMD_RIGHT_ALL)
+      .Then(Resize, -5000, -5000)
+      .Then(KeepPicture, "smallest-multi-choose")
+      .Then(Click, IDCANCEL);
   EXPECT_EQ(ShowMultiChoose(u"SELECT strDepartmentName AS strName FROM Department", u""), u"");
 }
 
