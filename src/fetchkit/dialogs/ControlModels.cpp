@@ -107,7 +107,8 @@ void RowControl::Moved(int firstMoved) {
 }
 
 void RowControl::Received() {
-  if (current_ < 0) current_ = FirstRow();
+  // Unless a search hides it.
+  if (current_ < 0 && RowCount() > 0) current_ = FirstRow();
   Changed();
 }
 

@@ -84,9 +84,11 @@ class TwoListForm : public Form {
     txtSearch.OnTake = Act([=, this, &all, &selected] {
       const int hit = all.FindFirst(txtSearch.Search());
       if (hit < 0) return;
-      move(all, selected, {hit});
+      // Among all of them, so that the one behind it becomes the current one.
+      all.UserSelectedRow(hit);
       txtSearch.Text({});
       search();
+      move(all, selected, all.Selection());
       moved();
     });
     txtSearch.OnDown = Act([&all] {

@@ -27,9 +27,10 @@ frmMultiChoose::frmMultiChoose(FormView& view)
   WireMoves(
       lstAll, lstSelected,
       [](ListBox& from, ListBox& to, const std::vector<int>& items) {
+        const int before = to.ListCount();
         from.MoveItemsTo(to, items);
-        // One that was moved alone is moved up or down next.
-        if (items.size() == 1) to.ListIndex(to.ListCount() - 1);
+        // One that was moved alone is moved up or down next, unless a search hides it.
+        if (items.size() == 1 && to.ListCount() > before) to.ListIndex(before);
       },
       [this] { Refresh(); });
   cmdSerial[0].OnClick = Act([this] { Exchange(-1); });
