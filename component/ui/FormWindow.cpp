@@ -123,6 +123,14 @@ bool FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second, LRESULT& r
       result = TRUE;
       return true;
     }
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      for (const auto& [id, control] : controls_) {
+        // The system tells the colours to windows of the top alone.
+        if (message == WM_SYSCOLORCHANGE) SendMessageW(control->window(), message, first, second);
+        control->OnColors();
+      }
+      return false;
     case kMoveFocus:
       if (const Control* wanted = form_.TakeFocusWish()) {
         if (const auto found = byModel_.find(wanted); found != byModel_.end()) {
@@ -155,14 +163,13 @@ void FormWindow::OnHandled() {
 }
 
 void FormWindow::RefreshChanged() {
-  refreshing_ = true;
+  const Quiet quiet(refreshing_);
   while (!changed_.empty()) {
     const auto changed = std::exchange(changed_, {});
     for (const Control* model : changed)
       if (const auto found = byModel_.find(model); found != byModel_.end())
-        found->second->Refresh();
+        Step(u"dialog", [&] { found->second->Refresh(); });
   }
-  refreshing_ = false;
 }
 
 void FormWindow::FocusWanted(Control&) {

@@ -75,9 +75,8 @@ class FormWindow : public Dialog, private FormObserver {
   // What the windows tell meanwhile is the program's own doing.
   template <class Body>
   void Quietly(Body&& body) {
-    const bool before = std::exchange(refreshing_, true);
+    const Quiet quiet(refreshing_);
     body();
-    refreshing_ = before;
   }
   Control* ModelOf(HWND window) const;
   using Dialog::Pixels;
@@ -85,6 +84,19 @@ class FormWindow : public Dialog, private FormObserver {
   using Dialog::SetAlone;
 
  private:
+  // For the length of a scope, however it is left.
+  class Quiet {
+   public:
+    explicit Quiet(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Quiet() { flag_ = before_; }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+
+   private:
+    bool& flag_;
+    bool before_;
+  };
+
   void OnInit() final;
   void OnCommand(int id, int code) final;
   bool OnNotify(const NMHDR& notice, LRESULT& result) final;

@@ -41,6 +41,8 @@ void RowsWindow::OnLayout() {
     left -= widths_[static_cast<std::size_t>(index)];
   }
   ListView_SetColumnWidth(window(), last, std::max(left, widths_.back() / 2));
+  if (const std::vector<int> selection = rows_.Selection(); !selection.empty())
+    ListView_EnsureVisible(window(), selection.front() - Headers(), FALSE);
 }
 
 // As the model counts rows.

@@ -103,6 +103,15 @@ TreeWindow::~TreeWindow() {
 void TreeWindow::OnLayout() {
   if (imageSize_ == form_.Pixels(16)) return;
   imageSize_ = form_.Pixels(16);
+  DrawImages();
+}
+
+void TreeWindow::OnColors() {
+  DrawImages();
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void TreeWindow::DrawImages() {
   Images images(DrawPictures(imageSize_));
   TreeView_SetImageList(window(), images.get(), TVSIL_NORMAL);
   images_ = std::move(images);
@@ -111,7 +120,9 @@ void TreeWindow::OnLayout() {
 void TreeWindow::Refresh() {
   ControlWindow::Refresh();
   const auto& nodes = tree_.Nodes();
-  if (std::exchange(loaded_, tree_.NodesVersion()) != loaded_) {
+  if (loaded_ != tree_.NodesVersion()) {
+    items_.reserve(nodes.size());
+    bold_.reserve(nodes.size());
     SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
     TreeView_DeleteAllItems(window());
     items_.clear();
@@ -127,6 +138,7 @@ void TreeWindow::Refresh() {
           SendMessageW(window(), TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item))));
     }
     SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
+    loaded_ = tree_.NodesVersion();
   }
   for (std::size_t at = 0; at < items_.size(); ++at) {
     if (at < bold_.size() && bold_[at] == nodes[at].Bold) continue;

@@ -22,8 +22,11 @@ class TreeWindow : public ControlWindow {
   void Refresh() override;
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
   void OnLayout() override;
+  void OnColors() override;
 
  private:
+  void DrawImages();
+
   FormWindow& form_;
   TreeView& tree_;
   int loaded_ = -1;  // the version of the nodes that the system has
