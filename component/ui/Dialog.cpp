@@ -104,7 +104,8 @@ LRESULT CALLBACK WithoutRows(int code, WPARAM first, LPARAM second) {
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
     wchar_t type[16] = {};
     GetClassNameW(window, type, 16);
-    if (lstrcmpiW(type, L"ComboLBox") == 0 && (style & LBS_HASSTRINGS) == 0)
+    if (lstrcmpiW(type, L"ComboLBox") == 0 && (style & LBS_OWNERDRAWFIXED) != 0 &&
+        (style & LBS_HASSTRINGS) == 0)
       SetWindowLongPtrW(window, GWL_STYLE, style | LBS_NODATA);
   }
   return CallNextHookEx(nullptr, code, first, second);

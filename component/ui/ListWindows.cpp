@@ -45,6 +45,14 @@ void RowsWindow::OnLayout() {
     ListView_EnsureVisible(window(), selection.front() - Headers(), FALSE);
 }
 
+// A list keeps the colours that it was made with.
+void RowsWindow::OnColors() {
+  ListView_SetBkColor(window(), GetSysColor(COLOR_WINDOW));
+  ListView_SetTextBkColor(window(), GetSysColor(COLOR_WINDOW));
+  ListView_SetTextColor(window(), GetSysColor(COLOR_WINDOWTEXT));
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
 // As the model counts rows.
 std::vector<int> RowsWindow::ShownSelection() const {
   std::vector<int> rows(ListView_GetSelectedCount(window()));

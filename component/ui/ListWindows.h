@@ -17,6 +17,7 @@ class RowsWindow : public ControlWindow {
   RowsWindow(FormWindow& form, RowControl& model, HWND window);
   bool OnNotify(const NMHDR& notice, LRESULT& result) override;
   void OnLayout() override;
+  void OnColors() override;
   void OnLater() override;
 
  protected:
