@@ -94,6 +94,7 @@ TreeWindow::TreeWindow(FormWindow& form, TreeView& model, HWND window)
   // Nodes change with each letter of a search.
   SendMessageW(window, TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
   OnLayout();
+  Listen();
 }
 
 TreeWindow::~TreeWindow() {
@@ -157,11 +158,18 @@ void TreeWindow::Refresh() {
   if (TreeView_GetSelection(window()) != wanted) TreeView_SelectItem(window(), wanted);
 }
 
+LRESULT TreeWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message != WM_SETFOCUS) return ControlWindow::OnOwnMessage(message, first, second);
+  choosesItself_ = tree_.SelectedItem() < 0;
+  const LRESULT result = ControlWindow::OnOwnMessage(message, first, second);
+  choosesItself_ = false;
+  return result;
+}
+
 bool TreeWindow::OnNotify(const NMHDR& notice, LRESULT& result) {
   if (form_.IsRefreshing()) return false;
   if (notice.code == TVN_SELCHANGINGW) {
-    // A tree without a current node that gets the focus would choose one by itself.
-    result = reinterpret_cast<const NMTREEVIEWW&>(notice).action == TVC_UNKNOWN;
+    result = choosesItself_;
     return true;
   }
   if (notice.code == TVN_SELCHANGEDW) {

@@ -25,6 +25,7 @@ class TreeWindow : public ControlWindow {
   void OnColors() override;
 
  private:
+  LRESULT OnOwnMessage(UINT message, WPARAM first, LPARAM second) override;
   void DrawImages();
 
   FormWindow& form_;
@@ -34,6 +35,7 @@ class TreeWindow : public ControlWindow {
   std::vector<bool> bold_;  // as the system shows them
   Images images_;
   int imageSize_ = 0;
+  bool choosesItself_ = false;  // while it gets the focus without a current node
 };
 
 }  // namespace fetchkit::ui
