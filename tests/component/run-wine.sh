@@ -183,12 +183,11 @@ resolution() {
 }
 # Every state of the dialogs, at every scaling, copied to where one looks for them.
 pictures() {
-  local state scaling
-  mkdir -p build/pictures
-  for scaling in "" -150 -200; do
-    for state in text between period date code picker enumeration refused chooser multi-choose; do
-      cp "$build/pictures/$state$scaling.png" build/pictures || return 1
-    done
+  local picture
+  rm -rf build/pictures
+  cp -r "$build/pictures" build/pictures
+  for picture in build/pictures/*[^0].png; do
+    ls "$picture" "${picture%.png}"-{150,200}.png || return 1
   done
 }
 
