@@ -21,7 +21,17 @@ namespace fetchkit::test {
 
 using Acts = std::map<std::string, std::function<void(TextView rest)>>;
 
-inline void PlayAll(Form& form, std::string_view script, Acts acts) {
+// "find TEXT" (typed into the search box), "search enter|down|esc" (there), "ok", "cancel",
+// "close".
+template <class AnyForm>
+void PlayAll(AnyForm& form, std::string_view script, Acts acts) {
+  acts["find"] = [&](TextView text) { form.txtSearch.UserTyped(text); };
+  acts["search"] = [&](TextView key) {
+    using Key = SearchBox::Key;
+    const Key pressed = key == u"enter" ? Key::Enter : key == u"down" ? Key::Down : Key::Escape;
+    if (form.txtSearch.UserPressed(pressed)) return;
+    pressed == Key::Enter ? form.UserPressedEnter() : form.UserPressedEscape();
+  };
   acts["ok"] = [&](TextView) { form.UserPressedEnter(); };
   acts["cancel"] = [&](TextView) { form.UserPressedEscape(); };
   acts["close"] = [&](TextView) { form.UserClosed(); };
@@ -86,8 +96,8 @@ inline Acts MovesOf(TwoListForm& form, RowControl& all, RowControl& selected) {
 // Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
 // picker, "up" to "esc", other words are typed), "from TEXT" and "to TEXT" (typed), "leave
 // from|to|from to to|to to from", "enter from|to", "date from|to|one yyyy-MM-dd", "tick on|off",
-// "row|double|delete CAPTION" (in the grid), "F2", "choose", "clear", "ok", "cancel", "close". A
-// form that is still open at the end is left open; a dialog's caller must take that for Cancel.
+// "row|double|delete CAPTION" (in the grid), "F2", "choose", "clear", those of PlayAll. A form that
+// is still open at the end is left open; a dialog's caller must take that for Cancel.
 inline void Play(frmFilter& form, std::string_view script) {
   const auto boxOf = [&](TextView name) -> TextBox& {
     return name.starts_with(u"to") ? form.txtTo : form.txtFrom;
@@ -144,8 +154,7 @@ inline void Play(frmFilter& form, std::string_view script) {
   PlayAll(form, script, std::move(acts));
 }
 
-// "right TEXT", "left TEXT" (double click on the row with that text), those of MovesOf, "ok",
-// "cancel", "close".
+// "right TEXT", "left TEXT" (double click on the row with that text), those of MovesOf and PlayAll.
 inline void Play(frmFilterColumn& form, std::string_view script) {
   Acts acts = MovesOf(form, form.msgAll, form.msgSelected);
   acts["right"] = [&](TextView text) {
@@ -173,6 +182,28 @@ inline void Play(frmMultiChoose& form, std::string_view script) {
   PlayAll(form, script, std::move(acts));
 }
 
+// The keyboard: keys go where the focus is, which begins in the search box. A letter is a key, and
+// "enter" is one.
+inline void PressKeys(frmFilter& form, std::string_view keys) {
+  Control* focus = &form.txtSearch;
+  Text typed;
+  const Text all = FromUtf8(keys);
+  for (const TextView key : Split(all, u" ")) {
+    auto* box = dynamic_cast<TextBox*>(focus);
+    if (key != u"enter") {
+      typed += key;
+      box != nullptr ? box->UserTyped(typed) : void(form.lxtOther.UserTyped(typed));
+      continue;
+    }
+    typed.clear();
+    const bool taken = focus == &form.txtSearch
+                           ? form.txtSearch.UserPressed(SearchBox::Key::Enter)
+                           : box == nullptr && form.lxtOther.UserPressed(PickCombo::Key::Enter);
+    if (!taken) form.UserPressedEnter();
+    if (Control* wish = form.TakeFocusWish()) focus = wish;
+  }
+}
+
 class Player : public FormView {
  public:
   void ShowModal(frmFilter& form, std::int32_t hWndOwner) override {
@@ -188,13 +219,14 @@ class Player : public FormView {
     owner = hWndOwner;
     if (onMulti) onMulti(form);
     Play(form, multi);
+    if (afterMulti) afterMulti(form);
   }
 
   std::string filter, chooser, multi;               // acts
   std::function<void(frmFilter&)> onFilter;         // after the acts; the form may be closed
   std::function<void(frmFilterColumn&)> onChooser;  // before the acts
-  std::function<void(frmMultiChoose&)> onMulti;     // before the acts
-  std::int32_t owner = -1;                          // the window that the last one was given
+  std::function<void(frmMultiChoose&)> onMulti, afterMulti;
+  std::int32_t owner = -1;  // the window that the last one was given
 };
 
 // The rows of a grid: "cell|cell|..." per row, headers left out, by the named columns.

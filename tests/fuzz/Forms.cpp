@@ -60,14 +60,15 @@ class RandomUser : public FormView {
   }
 
   void ShowModal(frmFilterColumn& form, const frmFilter&) override {
-    const int all = form.msgAll.Rows() + form.msgSelected.Rows();
+    const int all = form.msgAll.AllRows() + form.msgSelected.Rows();
     for (int i = in_.Below(6); i > 0; --i) {
       MSFlexGrid& grid = in_.Bool() ? form.msgAll : form.msgSelected;
       grid.UserSelectedRow(OneOf(grid.Rows()));
       if (in_.Bool()) grid.UserDoubleClickedRow(OneOf(grid.Rows()));
       SelectAndPress(grid);
+      SearchIn(form.txtSearch);
       PressMove(form);
-      EXPECT_EQ(form.msgAll.Rows() + form.msgSelected.Rows(), all) << "an item is lost or twice";
+      EXPECT_EQ(form.msgAll.AllRows() + form.msgSelected.Rows(), all) << "an item is lost or twice";
     }
     Leave(form);
   }
@@ -82,6 +83,12 @@ class RandomUser : public FormView {
       form.lstAll.extent = {50, in_.Below(3), 8, in_.Below(3)};
       form.lstAll.UserMovedPointer(in_.Byte() - 10);
       form.cmdSerial[static_cast<std::size_t>(in_.Below(2))].UserPressed();
+      const std::vector<Text> ordered = form.lstAll.Items();
+      const int chosenNow = form.lstSelected.ListCount();
+      SearchIn(form.txtSearch);
+      EXPECT_TRUE(form.lstSelected.ListCount() > chosenNow || form.lstAll.Items() == ordered)
+          << "a search changes the order";
+      CheckShown(form);
       PressMove(form);
       EXPECT_EQ(ItemsOf(form), before) << "an item is lost or twice";
     }
@@ -106,6 +113,23 @@ class RandomUser : public FormView {
     if (in_.Bool()) list.UserSelectedRows({in_.Below(4) - 1, in_.Below(4), in_.Below(6)});
     if (in_.Below(8) == 7) list.UserSelectedAll();
     if (in_.Bool()) list.UserPressed(kRowKeys[in_.Below(5)]);
+  }
+
+  void SearchIn(SearchBox& box) {
+    static constexpr TextView kPieces[] = {u"S", u"n", u"z", u"0", u"3", u"张", u"LON", u" "};
+    if (in_.Bool()) return box.UserTyped(in_.Pieces(kPieces, 2));
+    box.UserPressed(static_cast<SearchBox::Key>(in_.Below(3)));
+  }
+
+  // The items that are found, in their order.
+  static void CheckShown(frmMultiChoose& form) {
+    const ListSearch& search = form.txtSearch.Search();
+    std::vector<Text> found, shown;
+    for (const Text& item : form.lstAll.Items())
+      if (search.Matches(item)) found.push_back(item);
+    for (int i = 0; i < form.lstAll.ListCount(); ++i)
+      shown.push_back(form.lstAll.List(i));
+    EXPECT_EQ(shown, found);
   }
 
   void PressMove(TwoListForm& form) {
@@ -135,7 +159,7 @@ class RandomUser : public FormView {
     static constexpr TextView kPieces[] = {u"5", u"1", u"0", u"x",    u"a'b",
                                            u",", u"-", u" ", u"张三", u"空值"};
     TextBox& box = in_.Bool() ? form.txtFrom : form.txtTo;
-    switch (in_.Below(13)) {
+    switch (in_.Below(15)) {
       case 0:
       case 1:
         return form.tvwFilter.UserClickedNode(OneOf(10));
@@ -162,13 +186,16 @@ class RandomUser : public FormView {
         return form.datDate.UserTicked(in_.Bool());
       case 11:
         return form.msgFilter.UserPressed(RowControl::Key::F2);
+      case 12:
+      case 13:
+        return SearchIn(form.txtSearch);
       default:
         if (in_.Below(8) == 7) return form.cmdOk[2].UserPressed();
         return form.msgFilter.UserPressed(RowControl::Key::Delete);
     }
   }
 
-  static void CheckRows(const frmFilter& form) {
+  static void CheckRows(frmFilter& form) {
     static const ListType kList = AnyList();
     std::set<Text> fields;
     for (int row = 1; row < form.msgFilter.Rows(); ++row) {
@@ -178,13 +205,16 @@ class RandomUser : public FormView {
       EXPECT_EQ(form.msgFilter.TextMatrix(row, 3), kList.ListField.at(field).strFieldType);
       EXPECT_NE(form.msgFilter.TextMatrix(row, 2), u"");
     }
-    // Tree and grid are one.
+    // Tree and grid are one, except that a search may hide the column.
     const auto& nodes = form.tvwFilter.Nodes();
-    const auto selected = static_cast<std::size_t>(form.tvwFilter.SelectedItem());
+    const int selected = form.tvwFilter.SelectedItem();
+    EXPECT_TRUE(form.txtSearch.IsSearching() || (selected >= 0 && nodes.size() == 10u));
+    if (selected < 0) return;
+    const TreeView::Node& node = nodes[static_cast<std::size_t>(selected)];
     if (const int row = form.msgFilter.Row(); row >= 0) {
-      EXPECT_EQ(form.msgFilter.TextMatrix(row, 0), Join(nodes[selected].Tag));
+      EXPECT_EQ(form.msgFilter.TextMatrix(row, 0), Join(node.Tag));
     } else {
-      EXPECT_FALSE(nodes[selected].Bold);
+      EXPECT_FALSE(node.Bold);
     }
   }
 
