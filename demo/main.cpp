@@ -57,7 +57,9 @@ int Run(int argc, char** argv) {
   bool ask = false;
   bool script = false;
   CLI::Option* asked =
-      filters->add_flag("--ask", ask, "Ask for every choice (the default on a terminal)");
+      filters->add_flag("--ask", ask,
+                        "Ask for every choice (the default on a terminal). f and a text searches\n"
+                        "columns and codes, by Pinyin initials, too; q cancels at any question");
   filters->add_flag("--script", script, "Let the scripted user choose (the default elsewhere)")
       ->excludes(asked);
 

@@ -17,8 +17,9 @@ namespace {
 
 constexpr int kMostListed = 20;
 
-// No value of a condition can hold it.
+// What no value of a condition can hold.
 constexpr std::string_view kNone = "~";
+constexpr char kLiteral = '=';
 
 int RowOf(const PickCombo& picker, TextView text) {
   for (int row = 0; row < picker.ListCount(); ++row)
@@ -131,10 +132,28 @@ std::optional<std::string> AskedUser::Line(const std::string& question) {
   return ToUtf8(TrimBlanks(FromUtf8(line)));
 }
 
-std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question) {
+// Of an answer that has several parts; none when the user leaves.
+std::optional<std::string> AskedUser::Part(const std::string& question) {
   auto line = Line(question);
+  if (line == "q") return std::nullopt;
+  if (line && line->starts_with(kLiteral)) line->erase(0, 1);
+  return line;
+}
+
+std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question, SearchBox& search) {
+  auto line = Line(question + " f and a text searches, f alone shows all; q cancels.");
   if (!line) return std::nullopt;
   Answer answer;
+  if (*line == "f" || line->starts_with("f ")) {
+    answer.searched = true;
+    search.UserTyped(FromUtf8(line->substr(1)));
+    return answer;
+  }
+  if (line->empty()) {
+    answer.searched = search.UserPressed(SearchBox::Key::Enter);
+    answer.taken = answer.searched && !search.IsSearching();
+    return answer;
+  }
   const std::size_t digits = line->find_last_not_of("0123456789") + 1;
   int number = 0;
   const auto [end, error] =
@@ -158,64 +177,71 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
                     row < 0 ? "" : ToUtf8(form.msgFilter.TextMatrix(row, FilterColumns::kText))});
     }
     console_.EndTable();
-    const auto answer = Ask(
-        "A column's number; e and its number to edit the condition that it has, d to remove it; c "
-        "clear, o OK, q cancel?");
-    const int node = answer && answer->number && *answer->number >= 1 &&
-                             *answer->number <= static_cast<int>(nodes.size())
-                         ? *answer->number - 1
-                         : -1;
-    if (!answer || answer->word == "q") {
-      form.UserPressedEscape();
-    } else if (answer->word == "o") {
-      form.UserPressedEnter();
-      if (form.IsOpen()) console_.Line("A value is refused; choose its column again.");
-    } else if (answer->word == "c") {
-      form.cmdOk[2].UserPressed();
-    } else if ((answer->word == "d" || answer->word == "e") && node >= 0) {
-      const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
-      form.msgFilter.UserSelectedRow(row);
-      if (row >= 0 && answer->word == "d") form.msgFilter.UserPressed(RowControl::Key::Delete);
-      if (row >= 0 && answer->word == "e") Edit(form);
-    } else if (answer->word.empty() && node >= 0) {
-      form.tvwFilter.UserClickedNode(node);
-      Edit(form);
-    } else {
-      console_.Line("Nothing here goes by that name.");
-    }
+    console_.Note(ToUtf8(form.lblCount.Caption()));
+    const auto answer =
+        Ask("A column's number, nothing for the first one that a search finds; e and its number to "
+            "edit the condition that it has, d to remove it; c clear, o OK?",
+            form.txtSearch);
+    if (!answer || answer->word == "q" || !Obey(form, *answer)) form.UserPressedEscape();
   }
 }
 
-void AskedUser::Edit(frmFilter& form) {
+// False when the user leaves.
+bool AskedUser::Obey(frmFilter& form, const Answer& answer) {
+  const auto& nodes = form.tvwFilter.Nodes();
+  const bool named =
+      answer.number && *answer.number >= 1 && *answer.number <= static_cast<int>(nodes.size());
+  const int node = named ? *answer.number - 1 : -1;
+  if (answer.searched) return !answer.taken || Edit(form);
+  if (answer.word == "o") {
+    form.UserPressedEnter();
+    if (form.IsOpen()) console_.Line("A value is refused; choose its column again.");
+  } else if (answer.word == "c") {
+    form.cmdOk[2].UserPressed();
+  } else if ((answer.word == "d" || answer.word == "e") && named) {
+    const int row = RowOfNode(form.msgFilter, nodes[static_cast<std::size_t>(node)]);
+    form.msgFilter.UserSelectedRow(row);
+    if (row >= 0 && answer.word == "d") form.msgFilter.UserPressed(RowControl::Key::Delete);
+    if (row >= 0 && answer.word == "e") return Edit(form);
+  } else if (answer.word.empty() && named) {
+    form.tvwFilter.UserClickedNode(node);
+    return Edit(form);
+  } else {
+    console_.Line("Nothing here goes by that name.");
+  }
+  return true;
+}
+
+// False when the user leaves.
+bool AskedUser::Edit(frmFilter& form) {
   if (form.lxtOther.Visible()) {
     console_.Line(
         fmt::format("{}: {}", ToUtf8(form.lblTitle.Caption()), ToUtf8(form.lxtOther.Text())));
-    PickRow(form.lxtOther);
+    if (!PickRow(form.lxtOther)) return false;
   } else if (!form.datDate.Visible()) {
     console_.Line("No editor opens: there are too many conditions, or the column has none.");
   }
-  if (form.txtTo.Visible()) {
-    TypeInto(form, form.txtFrom, "From");
-    TypeInto(form, form.txtTo, "To");
-  } else if (form.txtFrom.Visible()) {
-    TypeInto(form, form.txtFrom, "Value");
-  }
+  const std::string first = form.txtTo.Visible() || form.datTo.Visible() ? "From" : "Value";
+  for (TextBox* box : {&form.txtFrom, &form.txtTo})
+    if (box->Visible() && !TypeInto(form, *box, box == &form.txtTo ? "To" : first)) return false;
   for (const TextBox* box : {&form.txtFrom, &form.txtTo})
     if (!box->Mark().empty()) console_.Line("Refused: " + ToUtf8(box->Mark()));
-  if (form.datFrom.Visible()) {
-    TypeDate(form.datFrom, "From");
-    TypeDate(form.datTo, "To");
-  }
-  if (form.datDate.Visible()) TypeDate(form.datDate, "Date");
+  for (const auto& [date, name] :
+       {std::pair(&form.datFrom, "From"), {&form.datTo, "To"}, {&form.datDate, "Date"}})
+    if (date->Visible() && !TypeDate(*date, name)) return false;
+  return true;
 }
 
-void AskedUser::PickRow(PickCombo& picker) {
+bool AskedUser::PickRow(PickCombo& picker) {
   for (int row = 0; row < std::min(picker.ListCount(), kMostListed); ++row)
     console_.Line(fmt::format("  {:>3}  {}", row + 1, ToUtf8(picker.RowText(row))));
   if (picker.ListCount() > kMostListed)
     console_.Note(fmt::format("  and {} more", picker.ListCount() - kMostListed));
-  const auto line = Line("Its number, or how it begins; nothing to leave it?");
-  if (!line || line->empty()) return;
+  const auto line = Part(
+      "Its number, how it begins, or its initials, such as by for 本月; nothing to leave it, q "
+      "cancels?");
+  if (!line) return false;
+  if (line->empty()) return true;
   int number = 0;
   const auto [end, error] = std::from_chars(line->data(), line->data() + line->size(), number);
   const bool isRow = error == std::errc() && end == line->data() + line->size() && number >= 1 &&
@@ -223,23 +249,29 @@ void AskedUser::PickRow(PickCombo& picker) {
   const int row = isRow ? number - 1 : picker.UserTyped(FromUtf8(*line));
   if (row < 0) {
     console_.Line("Nothing in the list begins so.");
-    return;
+    picker.UserClosed();
+  } else {
+    picker.UserPicked(row);
   }
-  picker.UserPicked(row);
+  return true;
 }
 
-void AskedUser::TypeInto(frmFilter& form, TextBox& box, const std::string& name) {
-  const auto line = Line(fmt::format("{} [{}]? {} to empty it", name, ToUtf8(box.Text()), kNone));
-  if (line && !line->empty()) box.UserTyped(*line == kNone ? Text() : FromUtf8(*line));
+bool AskedUser::TypeInto(frmFilter& form, TextBox& box, const std::string& name) {
+  const auto line = Part(fmt::format("{} [{}]? {} to empty it, q cancels, {}q is the letter", name,
+                                     ToUtf8(box.Text()), kNone, kLiteral));
+  if (!line) return false;
+  if (!line->empty()) box.UserTyped(*line == kNone ? Text() : FromUtf8(*line));
   box.UserLeft(&box == &form.txtFrom && form.txtTo.Visible() ? &form.txtTo : nullptr);
+  return true;
 }
 
-void AskedUser::TypeDate(DateSpinner& date, const std::string& name) {
+bool AskedUser::TypeDate(DateSpinner& date, const std::string& name) {
   const std::string how =
-      date.HasTick() ? fmt::format(" + to take it, {} for no condition", kNone) : "";
-  const auto line = Line(fmt::format("{} [{}{}]?{}", name, ToUtf8(date.Text()),
+      date.HasTick() ? fmt::format(" + to take it, {} for no condition,", kNone) : "";
+  const auto line = Part(fmt::format("{} [{}{}]?{} q cancels", name, ToUtf8(date.Text()),
                                      date.IsTicked() ? "" : ", not taken", how));
-  if (!line || line->empty()) return;
+  if (!line) return false;
+  if (line->empty()) return true;
   if (date.HasTick() && (*line == "+" || *line == kNone)) {
     date.UserTicked(*line == "+");
   } else if (const auto typed = CurrentPlatform().ParseDate(FromUtf8(*line))) {
@@ -247,6 +279,12 @@ void AskedUser::TypeDate(DateSpinner& date, const std::string& name) {
   } else {
     console_.Line("That is no date; it stays as it is.");
   }
+  return true;
+}
+
+void AskedUser::ShowCounts(const TwoListForm& form) {
+  console_.Note(fmt::format("{}, {}", ToUtf8(form.lblCount.Caption()),
+                            ToUtf8(form.lblSelectedCount.Caption())));
 }
 
 void AskedUser::ShowModal(frmFilterColumn& form, const frmFilter&) {
@@ -258,10 +296,11 @@ void AskedUser::ShowModal(frmFilterColumn& form, const frmFilter&) {
       console_.Row(
           {fmt::format("t {}", row + 1), "chosen: " + ToUtf8(form.msgSelected.TextMatrix(row, 2))});
     console_.EndTable();
-    if (form.msgAll.Rows() > kMostListed)
-      console_.Note(fmt::format("and {} more", form.msgAll.Rows() - kMostListed));
-    const auto answer =
-        Ask("A number to choose, t and a number to take back; a all, n none, o OK, q cancel?");
+    ShowCounts(form);
+    const auto answer = Ask(
+        "A number to choose, nothing for the first one that a search finds, t and a number to take "
+        "back; a all that are shown, n none, o OK?",
+        form.txtSearch);
     if (!answer || answer->word == "q") {
       form.UserPressedEscape();
     } else if (answer->word == "o") {
@@ -286,13 +325,19 @@ void AskedUser::ShowModal(frmMultiChoose& form, std::int32_t) {
       console_.Row(
           {fmt::format("t {}", item + 1), "chosen: " + ToUtf8(form.lstSelected.List(item))});
     console_.EndTable();
+    ShowCounts(form);
     const auto answer = Ask(
-        "A number to choose, t and a number to take back, u or d and a number to move up or down; "
-        "o OK, q cancel?");
+        "A number to choose, nothing for the first one that a search finds, t and a number to take "
+        "back, u or d and a number to move up or down; a all that are shown, n none, o OK?",
+        form.txtSearch);
     if (!answer || answer->word == "q") {
       form.UserPressedEscape();
     } else if (answer->word == "o") {
       form.UserPressedEnter();
+    } else if (answer->word == "a") {
+      form.cmdRightAll.UserPressed();
+    } else if (answer->word == "n") {
+      form.cmdLeftAll.UserPressed();
     } else if (answer->number && answer->word.empty()) {
       form.lstAll.UserDoubleClickedRow(*answer->number - 1);
     } else if (answer->number && answer->word == "t") {

@@ -32,7 +32,9 @@ class ScriptedUser : public FormView {
   Console& console_;
 };
 
-// Questions and answers, line by line. The end of the input cancels whatever is open.
+// Questions and answers, line by line, by the rules of the dialogs: "f" and a text searches, by
+// initials, too, and an empty line takes what is found. "q" cancels the dialog at any question, and
+// the end of the input whatever is open.
 class AskedUser : public FormView {
  public:
   // in must outlive the object.
@@ -46,14 +48,19 @@ class AskedUser : public FormView {
   struct Answer {
     std::string word;           // the line without a number at its end, trimmed
     std::optional<int> number;  // counted from 1
+    bool searched = false;      // it concerned the search and has taken effect
+    bool taken = false;         // what was found first has been taken
   };
 
   std::optional<std::string> Line(const std::string& question);
-  std::optional<Answer> Ask(const std::string& question);
-  void Edit(frmFilter& form);
-  void PickRow(PickCombo& picker);
-  void TypeInto(frmFilter& form, TextBox& box, const std::string& name);
-  void TypeDate(DateSpinner& date, const std::string& name);
+  std::optional<std::string> Part(const std::string& question);
+  std::optional<Answer> Ask(const std::string& question, SearchBox& search);
+  void ShowCounts(const TwoListForm& form);
+  bool Obey(frmFilter& form, const Answer& answer);
+  bool Edit(frmFilter& form);
+  bool PickRow(PickCombo& picker);
+  bool TypeInto(frmFilter& form, TextBox& box, const std::string& name);
+  bool TypeDate(DateSpinner& date, const std::string& name);
 
   Console& console_;
   std::istream& in_;

@@ -89,6 +89,13 @@ removed by its number¦8/2/5/零/d 8/o/¦(Account.intLevel Is Null or Account.in
 cleared¦8/2/c/o/¦
 cancelled¦8/2/q/¦-
 the input ends¦8/2/5/¦-
+a column and a word by initials¦f mx//s/o/¦decode(Account.blnIsDetail,1,'是','否') = '是'
+found by its number, then all again¦f k/2/介/1/3/f/8/2/o/¦(Account.strAccountName > '1' And Account.strAccountName < '3') And decode(Account.blnIsDetail,1,'是','否') = '是'
+codes searched in the chooser¦4/选择/f cb//f sy//o/o/¦AccountType.strAccountTypeName In('成本','损益')
+all that a search finds, one taken back¦4/选择/f 成/a/t 1/f s//o/o/¦AccountType.strAccountTypeName = '损益'
+left while a word is picked¦8/2/5/q/¦-
+left while a value is typed¦5/大于/q/¦-
+the letter itself¦2/等于/=q/o/¦Account.strAccountName = 'q'
 nonsense¦77/d 9/-//8/zzz/8/99/q/¦-)")) {
     SCOPED_TRACE(name);
     std::string text = lines;
