@@ -21,12 +21,6 @@ constexpr int kMostListed = 20;
 constexpr std::string_view kNone = "~";
 constexpr char kLiteral = '=';
 
-int RowOf(const PickCombo& picker, TextView text) {
-  for (int row = 0; row < picker.ListCount(); ++row)
-    if (picker.RowText(row) == text) return row;
-  return picker.FindTyped(text);
-}
-
 int RowOf(const MSFlexGrid& grid, TextView text) {
   for (int row = 0; row < grid.Rows(); ++row)
     if (grid.TextMatrix(row, 2).ends_with(text)) return row;
@@ -91,7 +85,7 @@ bool ScriptedUser::Open(frmFilter& form, TextView caption) {
 
 void ScriptedUser::Pick(frmFilter& form, TextView text) {
   console_.Line(fmt::format("  picks {} among {}", ToUtf8(text), form.lxtOther.ListCount()));
-  form.lxtOther.UserPicked(RowOf(form.lxtOther, text));
+  form.lxtOther.UserPicked(form.lxtOther.RowOf(text));
 }
 
 void ScriptedUser::Value(frmFilter& form, TextView value) {

@@ -110,7 +110,8 @@ inline void Play(frmFilter& form, std::string_view script) {
         Find(nodes.size(), text, [&](int i) { return nodes[static_cast<std::size_t>(i)].Text; }));
   };
   acts["pick"] = [&](TextView text) {
-    picker.UserPicked(Find(picker.ListCount(), text, [&](int row) { return picker.RowText(row); }));
+    EXPECT_GE(picker.RowOf(text), 0) << ToUtf8(text);
+    picker.UserPicked(picker.RowOf(text));
   };
   acts["keys"] = [&](TextView names) {
     using Key = PickCombo::Key;

@@ -153,4 +153,20 @@ CodeList ReadEnumList(Session& session, TextView caption) {
   return list;
 }
 
+std::vector<Text> CodeListCache::ItemsOf(Session& session, const ListFieldType& field,
+                                         bool areCodes) {
+  auto& known = areCodes ? codes_ : values_;
+  const Text key = areCodes ? UpperAscii(field.strKeyField) : field.strListFieldDesc;
+  if (const auto found = known.find(key); found != known.end()) return found->second;
+  CodeList list = areCodes ? ReadCodeList(session, field.strKeyField)
+                           : ReadEnumList(session, field.strListFieldDesc);
+  if (list.isWhole) known[key] = list.cells;
+  return std::move(list.cells);
+}
+
+void CodeListCache::Clear() {
+  codes_.clear();
+  values_.clear();
+}
+
 }  // namespace fetchkit

@@ -1,6 +1,7 @@
 // The statements behind the pickers of CODE and ENUM columns.
 #pragma once
 
+#include <map>
 #include <vector>
 
 #include "fetchkit/base/Text.h"
@@ -34,5 +35,17 @@ CodeList ReadCodeList(Session& session, TextView strKeyField);
 
 // The values, one cell each.
 CodeList ReadEnumList(Session& session, TextView caption);
+
+// Reads each list once, if it comes in whole; one that did not is read again when it is asked for.
+class CodeListCache {
+ public:
+  // The cells of the codes, or of the values, that a column may be filtered by.
+  std::vector<Text> ItemsOf(Session& session, const ListFieldType& field, bool areCodes);
+
+  void Clear();
+
+ private:
+  std::map<Text, std::vector<Text>> codes_, values_;  // by keyword, and by caption
+};
 
 }  // namespace fetchkit

@@ -52,6 +52,12 @@ void PickCombo::AppendRow(fetchkit::Text& text, int row) const {
   }
 }
 
+int PickCombo::RowOf(TextView shown) const {
+  for (int row = 0; row < ListCount(); ++row)
+    if (RowText(row) == shown) return row;
+  return -1;
+}
+
 void PickCombo::SetList(std::vector<fetchkit::Text> cells) {
   cells.resize(cells.size() / columns_ * columns_);
   if (cells != cells_) {

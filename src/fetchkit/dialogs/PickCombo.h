@@ -32,6 +32,9 @@ class PickCombo : public Control {
   // The shown columns, joined by one blank; empty ones are left out.
   fetchkit::Text RowText(int row) const;
 
+  // The first row that is shown so, -1 for none.
+  int RowOf(TextView shown) const;
+
   // The shown columns as indexes for Cell, for a view that draws them side by side.
   const std::vector<int>& ShownColumns() const { return shown_; }
 

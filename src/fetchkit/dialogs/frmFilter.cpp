@@ -1,69 +1,29 @@
 #include "fetchkit/dialogs/frmFilter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <utility>
 
 #include "fetchkit/activity/DateRanges.h"
 #include "fetchkit/base/Guard.h"
-#include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/TextSearch.h"
-#include "fetchkit/dialogs/CodeLists.h"
 #include "fetchkit/dialogs/FilterSql.h"
+#include "fetchkit/dialogs/ValueCheck.h"
 #include "fetchkit/dialogs/frmFilterColumn.h"
 #include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/platform/Platform.h"
-#include "fetchkit/utility/StringHelpers.h"
 
 namespace fetchkit {
 namespace {
 
-// At this number of conditions the tree opens no editor any more; a few before it the dialog begins
-// to count down.
-constexpr int kMostRows = 26;
-constexpr int kManyRows = 20;
-
-constexpr double kLargestNumber = 1E125;
-
 constexpr TextView kFullWarning =
     u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
-constexpr TextView kNumberWarning = u"请输入一个数字！";
-constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
-constexpr TextView kOrderWarning = u"终止值不应大于起始值，请正确输入！";
 
 using Editor = FieldType::Editor;
 
 bool NeedsValue(TextView word) {
   return word != words::kAny && word != words::kNull && word != words::kZeroOrNull;
-}
-
-TreeView::Picture PictureOf(const ListFieldType& field) {
-  using Picture = TreeView::Picture;
-  const FieldType* type = FieldTypeOf(field.strFieldType);
-  if (type == nullptr) return Picture::Words;
-  switch (type->EditedBy()) {
-    case Editor::Numbers:
-      return Picture::Number;
-    case Editor::Periods:
-    case Editor::Dates:
-      return Picture::Date;
-    case Editor::Codes:
-    case Editor::Values:
-      return Picture::List;
-    case Editor::YesNo:
-      return Picture::YesNo;
-    case Editor::Texts:
-      break;
-  }
-  return Picture::Words;
-}
-
-int RowOfText(const PickCombo& picker, TextView text) {
-  for (int row = 0; row < picker.ListCount(); ++row)
-    if (picker.RowText(row) == text) return row;
-  return -1;
 }
 
 int RowOfId(const PickCombo& picker, TextView id) {
@@ -103,7 +63,7 @@ frmFilter::frmFilter(Session& session, FormView& view)
       if (!busy_) Step(u"frmFilter: act", [&] { handler(arguments...); });
     };
   };
-  txtSearch.OnChange = unlessBusy([this] { ShowColumns(); });
+  txtSearch.OnChange = unlessBusy([this] { SearchColumns(); });
   txtSearch.OnTake = unlessBusy([this] { OpenFound(); });
   txtSearch.OnDown = unlessBusy([this] { GoToTree(); });
   tvwFilter.OnNodeClick = unlessBusy([this](const TreeView::Node& node) { OpenColumn(node.Tag); });
@@ -150,22 +110,11 @@ bool frmFilter::ShowFilter(ListType& list, Text& where, std::int32_t hWndOwner) 
 }
 
 bool frmFilter::Init() {
-  msgFilter.FormatString(u"FieldIndex|<过滤项目|<过滤条件|<字段类型|<附加条件");
-  static constexpr int kWidths[] = {0, 1500, 2280, 0, 0};
-  for (int col = 0; col < msgFilter.Cols(); ++col)
-    msgFilter.ColWidth(col, kWidths[col]);
-  txtSearch.Text({});
-  codes_.clear();
-  values_.clear();
+  lists_.Clear();
   CloseEditor();
-  column_ = -1;
-  for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
-    const ListFieldType& field = list_.ListField[i];
-    if (field.blnIsFilter && !field.strFilter.empty())
-      msgFilter.AddRow({Join(i), field.strListFieldDesc, field.strFilter, field.strFieldType,
-                        field.strExtValue});
-  }
-  ShowColumns();
+  rows_.Load(list_);
+  tree_.Reset();
+  ShowCount();
   if (tvwFilter.Nodes().empty()) {
     confirmed_ = true;
     return false;
@@ -174,60 +123,37 @@ bool frmFilter::Init() {
   return true;
 }
 
-bool frmFilter::IsNum(TextView text) {
-  return IsNumericText(text) && std::abs(NumericTextToDouble(text)) <= kLargestNumber;
-}
-
 void frmFilter::UserClosed() {
   Cancel();
 }
 
 // ---- the columns
 
-// Those that the search finds.
-void frmFilter::ShowColumns() {
-  const ListSearch& search = txtSearch.Search();
-  std::vector<TreeView::Node> nodes;
-  for (std::size_t i = 0; i < list_.ListField.size(); ++i) {
-    const ListFieldType& field = list_.ListField[i];
-    if (!field.blnIsFilter || !search.Matches(field.strListFieldDesc)) continue;
-    nodes.push_back({Join(u"KEY", i), field.strListFieldDesc, u"closed", static_cast<int>(i),
-                     PictureOf(field)});
-  }
-  tvwFilter.SetNodes(std::move(nodes));
-  tvwFilter.SelectedItem(NodeOfField(column_));
-  ShowRows();
-}
-
-// The node to go to, -1 for none.
-int frmFilter::FoundColumn() {
-  const ListSearch& search = txtSearch.Search();
-  const auto& nodes = tvwFilter.Nodes();
-  return ListSearch::FirstFound(static_cast<int>(nodes.size()), [&](int node) {
-    return search.Rank(nodes[static_cast<std::size_t>(node)].Text);
-  });
+void frmFilter::SearchColumns() {
+  tree_.Show();
+  ShowCount();
 }
 
 void frmFilter::OpenFound() {
-  const int node = FoundColumn();
-  if (node < 0) return;
-  const int field = tvwFilter.Nodes()[static_cast<std::size_t>(node)].Tag;
-  txtSearch.Text({});
-  ShowColumns();
-  // A condition that there is may be changed, however many there are.
-  const int row = Conditions() < kMostRows ? -1 : RowOfField(field);
-  if (row < 0) {
-    OpenColumn(field);
-  } else {
+  const int field = tree_.Found();
+  if (field < 0) return;
+  tree_.EndSearch();
+  ShowCount();
+  const int row = rows_.RowOf(field);
+  if (rows_.AreFull() && row >= 0) {
+    // A condition that there is may be changed, however many there are.
     msgFilter.Row(row);
     OpenRow();
+  } else {
+    OpenColumn(field);
   }
   if (!FocusEditor()) tvwFilter.SetFocus();
 }
 
 void frmFilter::GoToTree() {
-  if (tvwFilter.SelectedItem() < 0) tvwFilter.UserClickedNode(FoundColumn());
-  if (tvwFilter.SelectedItem() >= 0) tvwFilter.SetFocus();
+  if (tvwFilter.Nodes().empty()) return;
+  if (tvwFilter.SelectedItem() < 0) OpenColumn(tree_.Found());
+  tvwFilter.SetFocus();
 }
 
 void frmFilter::OpenColumn(int field) {
@@ -235,23 +161,23 @@ void frmFilter::OpenColumn(int field) {
   // What stands in a box when the user goes on is left behind with it; a value that is refused is
   // given up when another column opens.
   const bool refused = CommitValue() == Commit::Refused;
-  SelectColumn(field);
-  if (Conditions() < kMostRows) {
+  tree_.Select(field);
+  if (!rows_.AreFull()) {
     if (!refused || field != field_) OpenEditor(field);
     return;
   }
   RefuseSilently(kFullWarning);
   const Busy busy(busy_);
   CloseEditor();
-  msgFilter.Row(RowOfField(field));
+  msgFilter.Row(rows_.RowOf(field));
 }
 
 // ---- the editors
 
 // The editor of the grid's current row, however many rows there are.
 void frmFilter::OpenRow() {
-  const int field = FieldOfRow(msgFilter.Row());
-  if (field == field_ || !HasColumn(field)) return;
+  const int field = rows_.CurrentField();
+  if (field == field_ || !tree_.Has(field)) return;
   DropFocusWish();
   CommitValue();
   OpenEditor(field);
@@ -261,8 +187,8 @@ void frmFilter::OpenEditor(int field) {
   const Busy busy(busy_);
   Step(u"frmFilter: node", [&] {
     const ListFieldType& edited = list_.ListField.at(static_cast<std::size_t>(field));
-    SelectColumn(field);
-    msgFilter.Row(RowOfField(field));
+    tree_.Select(field);
+    msgFilter.Row(rows_.RowOf(field));
     lblTitle.Caption(edited.strListFieldDesc);
     type_ = FieldTypeOf(edited.strFieldType);
     if (type_ == nullptr) return CloseEditor();
@@ -298,7 +224,7 @@ void frmFilter::LoadList(const ListFieldType& field) {
   const bool code = type_->EditedBy() == FieldType::Editor::Codes;
   lxtOther.ColumnSet(code ? u"1,2,3" : u"-1,1");
   if (!EditsChoice()) return lxtOther.SetList(type_->Words());
-  std::vector<Text> items = ItemsOf(field);
+  std::vector<Text> items = lists_.ItemsOf(session_, field, code);
   std::vector<Text> cells;
   cells.reserve(items.size() + 6);
   const auto addEnd = [&](TextView text) {
@@ -312,26 +238,15 @@ void frmFilter::LoadList(const ListFieldType& field) {
   lxtOther.SetList(std::move(cells));
 }
 
-std::vector<Text> frmFilter::ItemsOf(const ListFieldType& field) {
-  const bool code = Edits(Editor::Codes);
-  auto& known = code ? codes_ : values_;
-  const Text key = code ? UpperAscii(field.strKeyField) : field.strListFieldDesc;
-  if (const auto found = known.find(key); found != known.end()) return found->second;
-  CodeList list = code ? ReadCodeList(session_, field.strKeyField)
-                       : ReadEnumList(session_, field.strListFieldDesc);
-  if (list.isWhole) known[key] = list.cells;
-  return std::move(list.cells);
-}
-
 // Sets the editors to the field's row in the grid, or to no condition.
 void frmFilter::ShowCondition() {
-  const int row = RowOfField(field_);
+  const int row = rows_.RowOf(field_);
   const TextView text = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kText);
   const TextView value = row < 0 ? TextView() : msgFilter.TextMatrix(row, FilterColumns::kValue);
   EmptyEditors();
   const auto showWord = [&](TextView none) {
     word_ = row < 0 ? none : WordToShow(text);
-    lxtOther.Show(word_, RowOfText(lxtOther, word_));
+    lxtOther.Show(word_, lxtOther.RowOf(word_));
   };
   const auto dateOf = [&](TextView part) {
     const auto date = CurrentPlatform().ParseDate(part);
@@ -469,7 +384,7 @@ void frmFilter::Picked(int row) {
 }
 
 void frmFilter::ChooseItems() {
-  const int row = RowOfField(field_);
+  const int row = rows_.RowOf(field_);
   const Text value = row < 0 ? Text() : msgFilter.TextMatrix(row, FilterColumns::kValue);
   Step(u"frmFilter: chooser", [&] {
     Text names;
@@ -495,7 +410,7 @@ void frmFilter::CommitPeriod(const Text& word) {
     datTo.Value(to);
   }
   word_ = word;
-  lxtOther.Show(word, RowOfText(lxtOther, word));
+  lxtOther.Show(word, lxtOther.RowOf(word));
   const Text from = datFrom.Text();
   const Text to = datTo.Text();
   WriteRow(word == kCustomRange ? CustomPeriodText(from, to) : word, PairText(from, to));
@@ -517,7 +432,7 @@ bool frmFilter::IsRefused() {
 // The next row's editor follows.
 void frmFilter::DeleteRow() {
   const int row = msgFilter.Row();
-  const bool edited = row == RowOfField(field_);
+  const bool edited = row == rows_.RowOf(field_);
   msgFilter.RemoveItem(row);
   ShowRows();
   if (edited) ShowCondition();
@@ -568,10 +483,12 @@ frmFilter::Commit frmFilter::CommitValue() {
     pending_ = false;
     return Commit::Written;
   }
-  TextView warning;
-  if (TextBox* box = RefusedBox(warning)) {
-    RefuseSilently(warning);
-    box->Mark(Text(warning));
+  const bool numbers = Edits(Editor::Numbers);
+  const RefusedBound refused =
+      between ? WarningOf(numbers, from, to) : RefusedBound{WarningOf(numbers, from)};
+  if (!refused.warning.empty()) {
+    RefuseSilently(refused.warning);
+    (refused.isSecond ? txtTo : txtFrom).Mark(Text(refused.warning));
     return Commit::Refused;
   }
   const Text value = between ? PairText(from, to) : from;
@@ -580,107 +497,29 @@ frmFilter::Commit frmFilter::CommitValue() {
   return Commit::Written;
 }
 
-TextBox* frmFilter::RefusedBox(TextView& warning) {
-  const bool numbers = Edits(Editor::Numbers);
-  const bool between = word_ == words::kBetween;
-  const Text& from = txtFrom.Text();
-  const Text& to = txtTo.Text();
-  const auto boxes = between ? std::vector<TextBox*>{&txtFrom, &txtTo} : std::vector{&txtFrom};
-  warning = kNumberWarning;
-  if (numbers)
-    for (TextBox* box : boxes)
-      if (!IsNum(box->Text())) return box;
-  // A bound that is missing.
-  warning = kOrderWarning;
-  for (TextBox* box : boxes)
-    if (box->Text().empty()) return box;
-  warning = kCharacterWarning;
-  for (TextBox* box : boxes)
-    if (StringHelpers::ContainErrorChar(box->Text(), StringHelpers::kErrorChars, u"")) return box;
-  warning = kOrderWarning;
-  const bool reversed =
-      between && (numbers ? NumericTextToDouble(from) > NumericTextToDouble(to) : from > to);
-  return reversed ? &txtTo : nullptr;
-}
-
 void frmFilter::Unmark() {
   for (TextBox* box : {&txtFrom, &txtTo})
     box->Mark({});
 }
 
-int frmFilter::Conditions() const {
-  return msgFilter.Rows() - msgFilter.FixedRows();
-}
-
 // What tells of the rows outside the grid.
 void frmFilter::ShowRows() {
   ShowCount();
-  const auto& nodes = tvwFilter.Nodes();
-  for (std::size_t i = 0; i < nodes.size(); ++i)
-    tvwFilter.Bold(static_cast<int>(i), RowOfField(nodes[i].Tag) >= 0);
+  tree_.ShowRows();
 }
 
 void frmFilter::ShowCount() {
-  if (tvwFilter.Nodes().empty()) return lblCount.Caption(u"没有找到");
-  const int count = Conditions();
-  Text shown = Join(u"已设 ", count, u" 个条件");
-  if (count >= kMostRows)
-    shown += u"，不能再增加";
-  else if (count >= kManyRows)
-    shown += Join(u"，还可设 ", kMostRows - count, u" 个");
-  lblCount.Caption(std::move(shown));
+  lblCount.Caption(tvwFilter.Nodes().empty() ? Text(u"没有找到") : rows_.CountText());
 }
 
 void frmFilter::WriteRow(const Text& text, const Text& value) {
   if (field_ < 0) return;
-  const ListFieldType& field = list_.ListField.at(static_cast<std::size_t>(field_));
-  int row = RowOfField(field_);
-  if (row < 0) {
-    row = msgFilter.Rows();
-    msgFilter.AddRow({Join(field_), field.strListFieldDesc, text, field.strFieldType, value});
-  } else {
-    msgFilter.TextMatrix(row, FilterColumns::kText, text);
-    msgFilter.TextMatrix(row, FilterColumns::kType, field.strFieldType);
-    msgFilter.TextMatrix(row, FilterColumns::kValue, value);
-  }
-  msgFilter.Row(row);
+  rows_.Write(field_, list_.ListField.at(static_cast<std::size_t>(field_)), text, value);
   ShowRows();
 }
 
 void frmFilter::RemoveRow() {
-  const int row = RowOfField(field_);
-  if (row < 0) return;
-  msgFilter.RemoveItem(row);
-  msgFilter.Row(-1);
-  ShowRows();
-}
-
-int frmFilter::RowOfField(int field) const {
-  for (int row = msgFilter.FixedRows(); row < msgFilter.Rows(); ++row)
-    if (FieldOfRow(row) == field) return row;
-  return -1;
-}
-
-int frmFilter::FieldOfRow(int row) const {
-  return static_cast<int>(LeadingNumber(msgFilter.TextMatrix(row, FilterColumns::kFieldIndex)));
-}
-
-int frmFilter::NodeOfField(int field) const {
-  const auto& nodes = tvwFilter.Nodes();
-  const auto node = std::find_if(nodes.begin(), nodes.end(),
-                                 [field](const TreeView::Node& each) { return each.Tag == field; });
-  return node == nodes.end() ? -1 : static_cast<int>(node - nodes.begin());
-}
-
-bool frmFilter::HasColumn(int field) const {
-  const auto& fields = list_.ListField;
-  const auto at = static_cast<std::size_t>(field);
-  return at < fields.size() && fields[at].blnIsFilter;
-}
-
-void frmFilter::SelectColumn(int field) {
-  column_ = field;
-  tvwFilter.SelectedItem(NodeOfField(field));
+  if (rows_.Remove(field_)) ShowRows();
 }
 
 }  // namespace fetchkit

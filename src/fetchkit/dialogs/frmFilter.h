@@ -3,15 +3,17 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
-#include <vector>
 
 #include "fetchkit/base/Date.h"
 #include "fetchkit/base/Text.h"
+#include "fetchkit/dialogs/CodeLists.h"
 #include "fetchkit/dialogs/ControlModels.h"
+#include "fetchkit/dialogs/FilterRows.h"
+#include "fetchkit/dialogs/FilterTree.h"
 #include "fetchkit/dialogs/Form.h"
 #include "fetchkit/dialogs/FormView.h"
 #include "fetchkit/dialogs/PickCombo.h"
+#include "fetchkit/dialogs/ValueCheck.h"
 #include "fetchkit/listset/model/FieldType.h"
 #include "fetchkit/listset/model/TypeDef.h"
 #include "fetchkit/session/model/Session.h"
@@ -55,7 +57,7 @@ class frmFilter final : public Form {
 
   // Whether the text is a number, in the sense of the text helpers, that a database can hold: at
   // most 1E125, whatever its sign.
-  static bool IsNum(TextView text);
+  static bool IsNum(TextView text) { return IsDatabaseNumber(text); }
 
   // In the order of the Tab key, which walks Clear in front of OK and Cancel.
   Label lblSearch{*this, u"lblSearch", u"查找(&F)"};
@@ -90,8 +92,7 @@ class frmFilter final : public Form {
  private:
   enum class Commit { Nothing, Written, Refused };
 
-  void ShowColumns();
-  int FoundColumn();
+  void SearchColumns();
   void OpenFound();
   void GoToTree();
   void OpenColumn(int field);
@@ -101,7 +102,6 @@ class frmFilter final : public Form {
   void EnterEditor();
   bool FocusEditor();
   void LoadList(const ListFieldType& field);
-  std::vector<Text> ItemsOf(const ListFieldType& field);
   void ShowCondition();
   void ArrangeEditors();
   void EmptyEditors();
@@ -121,30 +121,22 @@ class frmFilter final : public Form {
   void Clear();
 
   Commit CommitValue();
-  TextBox* RefusedBox(TextView& warning);
   void Unmark();
   void CommitPeriod(const Text& word);
-  int Conditions() const;
   void ShowRows();
   void ShowCount();
   void WriteRow(const Text& text, const Text& value);
   void RemoveRow();
-  int RowOfField(int field) const;
-  int FieldOfRow(int row) const;
-  int NodeOfField(int field) const;
-  bool HasColumn(int field) const;
-  void SelectColumn(int field);
 
   Session& session_;
   FormView& view_;
   ListType list_;
-  // The lists of codes and values that came in whole, each with its statement's keyword or caption:
-  // they are read once while the dialog is open.
-  std::map<Text, std::vector<Text>> codes_, values_;
+  FilterRows rows_{msgFilter};
+  FilterTree tree_{list_, rows_, txtSearch, tvwFilter};
+  CodeListCache lists_;
   Text result_;
   bool confirmed_ = false;
   bool busy_ = false;
-  int column_ = -1;                  // the tree's current one, whether it is shown or not
   int field_ = -1;                   // being edited; -1 while no editor is open
   const FieldType* type_ = nullptr;  // of that field; not null while an editor is open
   Text word_;                        // the operator or keyword in force, as picked
