@@ -52,6 +52,8 @@ back and forth¦CODE¦2¦3¦left c2 n2; all right; left c1 n1; ok¦true¦3,2¦n3
 all back¦ENUM¦c1,c2¦3¦all left; ok¦true¦¦
 cancel¦CODE¦2¦3¦all right; cancel¦false¦¦
 close box¦CODE¦2¦3¦close¦false¦¦
+by their codes¦CODE¦2¦13¦find c13; search enter; find n4; search enter; ok¦true¦2,13,4¦n2 n13 n4
+only what is found¦CODE¦¦13¦find c1; all right; search esc; left c1 n1; ok¦true¦10,11,12,13¦n10 n11 n12 n13
 several at once keep their order¦CODE¦1¦5¦select left 0 2; press left space; ok¦true¦1,2,4¦n1 n2 n4
 and the next one follows¦ENUM¦¦4¦select left 0 1; press left right; press left right; ok¦true¦'c1','c2','c3'¦c1,c2,c3
 back, too¦ENUM¦c1,c2,c3,c4¦4¦select right 1 2; press right del; press right left; ok¦true¦'c1'¦c1
@@ -161,6 +163,46 @@ left open¦销售部 02¦all right¦false¦¦)")) {
   player_.onMulti = nullptr;
   player_.multi = "all right; ok";
   EXPECT_EQ(choose(u"broken", u"k", u"").strShowCond, u"1,2");
+}
+
+TEST_F(Choosers, SearchInTheLeftList) {
+  const ValueArray items{true,
+                         0,
+                         {NullValue(), u"1001 现金", u"1002 银行存款", u"100201 工行", u"2202 应付",
+                          u"5602 银行手续费"}};
+  // The left list, its current item, the right list, the left count, and what wants the focus.
+  for (const auto& [acts, left, current, right, count, focus] : Lines<6>(R"(
+find yh¦1002 银行存款 5602 银行手续费¦1002 银行存款¦¦找到 2 项，共 5 项¦
+find 02¦1002 银行存款 100201 工行 2202 应付 5602 银行手续费¦1002 银行存款¦¦找到 4 项，共 5 项¦
+find 10; find 02; search esc¦1001 现金 1002 银行存款 100201 工行 2202 应付 5602 银行手续费¦1002 银行存款¦¦共 5 项¦
+find 5; search enter; find yh; search enter¦1001 现金 100201 工行 2202 应付¦100201 工行¦5602 银行手续费 1002 银行存款¦共 3 项¦
+find 1002; all right; search esc¦1001 现金 2202 应付 5602 银行手续费¦1001 现金¦1002 银行存款 100201 工行¦共 3 项¦
+all right; find yh; all left¦1002 银行存款 5602 银行手续费¦1002 银行存款¦¦找到 2 项，共 5 项¦
+find 1002; all right; find yh; select right 0; press right space; search esc¦1001 现金 2202 应付 5602 银行手续费 1002 银行存款¦1002 银行存款¦100201 工行¦共 4 项¦
+all right; find yh; select right 0; press right space; select right 3; press right space¦5602 银行手续费¦5602 银行手续费¦1002 银行存款 100201 工行 2202 应付¦找到 1 项，共 2 项¦
+find yh; press left space¦5602 银行手续费¦5602 银行手续费¦1002 银行存款¦找到 1 项，共 4 项¦
+select left 0 1; find 22; search esc¦1001 现金 1002 银行存款 100201 工行 2202 应付 5602 银行手续费¦2202 应付¦¦共 5 项¦
+find zz; search enter; all right; search down¦¦¦¦找到 0 项，共 5 项¦
+find zz; search esc; search down¦1001 现金 1002 银行存款 100201 工行 2202 应付 5602 银行手续费¦1001 现金¦¦共 5 项¦lstAll
+find 22; search down¦2202 应付¦2202 应付¦¦找到 1 项，共 5 项¦lstAll)")) {
+    SCOPED_TRACE(acts);
+    frmMultiChoose form(player_);
+    player_.multi = acts;
+    bool played = false;
+    player_.afterMulti = [&, &left = left, &current = current, &right = right, &count = count,
+                          &focus = focus](frmMultiChoose& shown) {
+      const ListBox& all = shown.lstAll;
+      EXPECT_EQ(ItemsOf(all), left);
+      EXPECT_EQ(all.ListIndex() < 0 ? "" : ToUtf8(all.List(all.ListIndex())), current);
+      EXPECT_EQ(all.Selection().size(), current.empty() ? 0u : 1u);
+      EXPECT_EQ(ItemsOf(shown.lstSelected), right);
+      EXPECT_EQ(ToUtf8(shown.lblCount.Caption()), count);
+      EXPECT_EQ(NameOf(shown.TakeFocusWish()), focus);
+      played = true;
+    };
+    form.ShowMultiChoose({nullptr, u"科目", u"", true, Value(items), 0});
+    EXPECT_TRUE(played);
+  }
 }
 
 // Rights are asked for the named table and no other; they answer "all codes".
@@ -281,9 +323,9 @@ TEST_F(Choosers, PickerFindsByTyping) {
   picker.SetList({u"", u"所有", u"", u"7", u"b2", u"Zeta", u"8", u"B1", u"张三", u"9", u"a",
                   u"alpha", u"incomplete"});
   ASSERT_EQ(picker.ListCount(), 4) << "an incomplete row is none";
-  static constexpr std::pair<TextView, int> kTyped[] = {{u"B", 2},   {u"b2", 1}, {u"A ALP", 3},
-                                                        {u"zE", 1},  {u"张", 2}, {u"所", 0},
-                                                        {u"b3", -1}, {u"", -1},  {u"7", -1}};
+  static constexpr std::pair<TextView, int> kTyped[] = {
+      {u"B", 2}, {u"b2", 1}, {u"A ALP", 3}, {u"zE", 1},  {u"张", 2}, {u"所", 0}, {u"b3", -1},
+      {u"", -1}, {u"7", -1}, {u"sy", 0},    {u"b1z", 2}, {u"zs", 2}, {u" ", -1}};
   for (const auto& [typed, row] : kTyped)
     EXPECT_EQ(picker.FindTyped(typed), row) << ToUtf8(typed);
 }

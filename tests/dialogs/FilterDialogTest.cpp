@@ -79,18 +79,26 @@ class FilterDialog : public testing::Test {
   Text where_;
 };
 
+// The title of the open editor, the tree's current node, the grid's row, what wants the focus, and
+// the count.
+std::string StateOf(frmFilter& form) {
+  const int node = form.tvwFilter.SelectedItem();
+  const Text title = form.lblTitle.Visible() ? form.lblTitle.Caption() : Text();
+  const Text column =
+      node < 0 ? Text() : form.tvwFilter.Nodes()[static_cast<std::size_t>(node)].Text;
+  return ToUtf8(Join(title, u"|", column, u"|", form.msgFilter.Row(), u"|")) +
+         NameOf(form.TakeFocusWish()) + "|" + ToUtf8(form.lblCount.Caption());
+}
+
 // Each row begins with no condition, plays the acts and then OK. grid is
 // "caption|shown|type|machine form" of its only row, empty for none.
 TEST_F(FilterDialog, ActsBecomeRowsAndSql) {
   const ListType before = list_;
   for (const auto& row : Lines<5>(R"(
 node 名&称; pick 等于; from 张 三; leave from¦名&称|等于 张 三|string|张 三¦Name = '张 三'¦lxtOther txtFrom¦
-node 名&称; pick 不等于; from a; enter from¦名&称|不等于 a|string|a¦Name <> 'a'¦lxtOther txtFrom¦
 node 名&称; pick 包含字符; from a¦名&称|包含字符 a|string|a¦Name Like '%a%'¦lxtOther txtFrom¦
-node 名&称; pick 类似于; from a; leave from¦名&称|类似于 a|string|a¦(Name Like 'a%')¦lxtOther txtFrom¦
 node 名&称; pick 介于; from a; leave from to to; to b; leave to¦名&称|介于 a,b|string|a,b¦(Name > 'a' And Name < 'b')¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 名&称; pick 空值¦名&称|空值|string|¦Name Is Null¦lxtOther¦
-node 数量; pick 小于; from -5; leave from¦数量|小于 -5|LONG|-5¦Qty < -5¦lxtOther txtFrom¦
 node 金额; pick 小于等于; from 1e125; leave from¦金额|小于等于 1e125|Double|1e125¦Amount <= 1e125¦lxtOther txtFrom¦
 node 件|数; pick 零或空值¦件|数|零或空值|INTEGER|¦(Pieces Is Null or Pieces=0)¦lxtOther¦
 node 停用; pick 是; pick 否¦停用|否|BOOLEAN|否¦Off = '否'¦lxtOther¦
@@ -99,7 +107,6 @@ node 期间; pick 本月; date to 2004-02-01¦期间|自定义 (2004-03-01,2004-
 node 期间; pick 自定义¦期间|自定义 (2004-03-17,2004-03-17)|PERIOD|2004-03-17,2004-03-17¦(Day >= '2004-03-17' And Day <= '2004-03-17')¦lxtOther lblFrom datFrom lblTo datTo¦
 node 日期; date one 2004-02-29¦日期|2004-02-29|DATE|2004-02-29¦Sent = '2004-02-29'¦datDate¦
 node 日期; tick on; node 停用; node 日期¦日期|2004-03-17|DATE|2004-03-17¦Sent = '2004-03-17'¦datDate¦
-node 日期; date one 2004-02-29; tick off¦¦¦datDate¦
 node 日期; tick on; clear; node 日期; tick off¦¦¦datDate¦
 node 人员; pick 选择项目¦人员|张三 李四|CODE|1,1,12¦P.lngPersonID In(1,12)¦lxtOther¦right 01 张三; right 02 李四; ok
 node 人员; choose¦人员|2|CODE|0,2¦P.lngPersonID = 2¦lxtOther¦right 03; ok
@@ -107,14 +114,11 @@ node 人员; pick 02 李四; pick 选择项目¦¦¦lxtOther¦left 02 李四; ok
 node 人员; pick 02 李四; pick 选择项目¦人员|02 李四|CODE|0,12¦P.lngPersonID = 12¦lxtOther¦all right; cancel
 node 状态; pick 选择项目¦状态|4,3,所有,|ENUM|1,'4','3','所有',''¦State In('4','3','所有','')¦lxtOther¦right 4; all right; ok
 node 状态; pick ¦状态|''|ENUM|0,''¦State = ''¦lxtOther¦
-node 状态; pick ; pick 选择项目¦状态|,4|ENUM|1,'','4'¦State In('','4')¦lxtOther¦right 4; ok
-node 期间; pick 今天; pick 所有¦¦¦lxtOther lblFrom datFrom lblTo datTo¦
 node 状态; pick 4; pick 选择项目; node 数量; pick 零或空值; delete 数量¦¦¦lxtOther¦all left; ok
 node 数量; pick 介于; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 介于; from 1; to 2; leave to; from ; to ; leave to¦¦¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 大于; from 7; pick 小于; leave from¦数量|小于 7|LONG|7¦Qty < 7¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; node 旧¦数量|大于 7|LONG|7¦Qty > 7¦¦
-node 数量; pick 大于; from 7; leave from; from ¦¦¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; leave from; pick 小于; from ; pick 等于; leave from¦¦¦lxtOther txtFrom¦
 node 数量; pick 大于; from 7; leave from; pick 介于; leave to¦数量|大于 7|LONG|7¦Qty > 7¦lxtOther lblFrom txtFrom lblTo txtTo¦
 node 数量; pick 介于; from 9; to 5; leave from to to; to 10¦数量|介于 9,10|LONG|9,10¦(Qty > 9 And Qty < 10)¦lxtOther lblFrom txtFrom lblTo txtTo¦)")) {
@@ -180,8 +184,7 @@ node 人员; keys 02 back; keys up¦2¦tvwFilter)")) {
     EXPECT_FALSE(Show(acts, [&, &highlight = highlight, &focus = focus](frmFilter& form) {
       const PickCombo& picker = form.lxtOther;
       EXPECT_EQ(picker.IsOpen() ? std::to_string(picker.Highlight()) : "closed", highlight);
-      const Control* wish = form.TakeFocusWish();
-      EXPECT_EQ(wish == nullptr ? "" : ToUtf8(wish->Name()), focus);
+      EXPECT_EQ(NameOf(form.TakeFocusWish()), focus);
     }));
   }
 }
@@ -222,13 +225,8 @@ node 名&称; pick 介于; from b; to a; leave from¦to¦终止值不应大于�
     EXPECT_EQ(ToUtf8(sink.failures.front().what), "frmFilter: " + row[2]);
     EXPECT_EQ(CurrentThread().lastError, u"A value has the wrong type.");
   }
-  for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\")) {
-    EXPECT_FALSE(Show("node 名&称; pick 等于", [&](frmFilter& form) {
-      form.txtFrom.UserTyped(Join(u"a", TextView(&unit, 1)));
-      form.UserPressedEnter();
-      EXPECT_TRUE(form.IsOpen()) << int{unit};
-    }));
-  }
+  for (const char16_t unit : TextView(u"`~!@#$%^&*=+'\";:,/?|\\"))
+    EXPECT_NE(WarningOf(false, TextView(&unit, 1)), u"") << int{unit};
   // Everything answers at once.
   for (const auto& [acts, isOpen, rows] : Lines<3>(R"(
 cancel¦false¦1
@@ -344,34 +342,27 @@ TEST_F(FilterDialog, GridTreeAndLimits) {
     wide.ListField.push_back(Column(Join(u"c", i), u"LONG", u"n"));
     if (i < 25) wide.ListField.back().strFilter = wide.ListField.back().strExtValue = u"零或空值";
   }
-  // The title of the open editor, the column of the tree, the grid's row, what wants the
-  // focus, and the count.
-  for (const auto& cells : Lines<6>(R"(
-row c3¦c3¦3¦4¦¦已设 25 个条件，还可设 1 个
-node c26; row c3; F2¦c3¦3¦4¦lxtOther¦已设 25 个条件，还可设 1 个
-node c26; double c24; pick 大于¦c24¦24¦25¦txtFrom¦已设 25 个条件，还可设 1 个
-node c26; delete c3¦c4¦4¦4¦¦已设 24 个条件，还可设 2 个
-node c3; pick 任意¦c3¦3¦-1¦¦已设 24 个条件，还可设 2 个
-delete c3; delete c4; delete c5; delete c6; delete c7¦c8¦8¦4¦¦已设 20 个条件，还可设 6 个
-delete c3; delete c4; delete c5; delete c6; delete c7; delete c8¦c9¦9¦4¦¦已设 19 个条件
-node c3; pick 大于; from 7; row c9¦c9¦9¦10¦¦已设 25 个条件，还可设 1 个
-node c26; pick 大于; from 7; row c9¦c9¦9¦10¦¦已设 26 个条件，不能再增加
-node c3; pick 大于; from 7; leave from; from ; row c9¦c9¦9¦9¦¦已设 24 个条件，还可设 2 个
-node c25; pick 零或空值; node c26¦¦26¦-1¦¦已设 26 个条件，不能再增加
-node c25; pick 零或空值; node c3; pick 大于; F2¦c3¦3¦4¦lxtOther¦已设 26 个条件，不能再增加
-node c25; pick 零或空值; node c3; row c3; pick 大于¦c3¦3¦4¦txtFrom¦已设 26 个条件，不能再增加
-node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦¦已设 25 个条件，还可设 1 个)")) {
-    SCOPED_TRACE(cells[0]);
+  for (const auto& [acts, state] : Lines<2>(R"(
+row c3¦c3|c3|4||已设 25 个条件，还可设 1 个
+node c26; row c3; F2¦c3|c3|4|lxtOther|已设 25 个条件，还可设 1 个
+node c26; double c24; pick 大于¦c24|c24|25|txtFrom|已设 25 个条件，还可设 1 个
+node c26; delete c3¦c4|c4|4||已设 24 个条件，还可设 2 个
+node c3; pick 任意¦c3|c3|-1||已设 24 个条件，还可设 2 个
+delete c3; delete c4; delete c5; delete c6; delete c7¦c8|c8|4||已设 20 个条件，还可设 6 个
+delete c3; delete c4; delete c5; delete c6; delete c7; delete c8¦c9|c9|4||已设 19 个条件
+node c3; pick 大于; from 7; row c9¦c9|c9|10||已设 25 个条件，还可设 1 个
+node c26; pick 大于; from 7; row c9¦c9|c9|10||已设 26 个条件，不能再增加
+node c3; pick 大于; from 7; leave from; from ; row c9¦c9|c9|9||已设 24 个条件，还可设 2 个
+node c25; pick 零或空值; node c26¦|c26|-1||已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; pick 大于; F2¦c3|c3|4|lxtOther|已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; row c3; pick 大于¦c3|c3|4|txtFrom|已设 26 个条件，不能再增加
+node c25; pick 零或空值; node c3; delete c3; node c3¦c3|c3|-1||已设 25 个条件，还可设 1 个
+node c25; pick 零或空值; find c3; search enter¦c3|c3|4|lxtOther|已设 26 个条件，不能再增加
+node c25; pick 零或空值; find c27; search enter¦|c27|-1|tvwFilter|已设 26 个条件，不能再增加)")) {
+    SCOPED_TRACE(acts);
     list_ = wide;
-    EXPECT_FALSE(Show(cells[0], [&](frmFilter& form) {
-      const auto& [acts, title, node, row, focus, count] = cells;
-      EXPECT_EQ(form.lblTitle.Visible() ? ToUtf8(form.lblTitle.Caption()) : "", title);
-      EXPECT_EQ(form.tvwFilter.SelectedItem(), std::stoi(node));
-      EXPECT_EQ(form.msgFilter.Row(), std::stoi(row));
-      const Control* wish = form.TakeFocusWish();
-      EXPECT_EQ(wish == nullptr ? "" : ToUtf8(wish->Name()), focus);
-      EXPECT_EQ(ToUtf8(form.lblCount.Caption()), count);
-    }));
+    EXPECT_FALSE(
+        Show(acts, [&state = state](frmFilter& form) { EXPECT_EQ(StateOf(form), state); }));
   }
   list_ = wide;
   list_.ListField[25].strFilter = u"零或空值";
@@ -380,6 +371,72 @@ node c25; pick 零或空值; node c3; delete c3; node c3¦c3¦3¦-1¦¦已设 25
   })) << "the header is no row";
   EXPECT_TRUE(Show("clear; ok"));
   EXPECT_EQ(where_, u"");
+}
+
+class Searching : public FilterDialog {
+ protected:
+  Searching() {
+    list_.ListField = {
+        Column(u"凭证日期", u"PERIOD", u"c1"),  Column(u"借方金额", u"DOUBLE", u"c2"),
+        Column(u"贷方金额", u"DOUBLE", u"c3"),  Column(u"附件数", u"LONG", u"c4"),
+        Column(u"是否记账", u"BOOLEAN", u"c5"), Column(u"旧", u"MONEY", u"c6")};
+  }
+};
+
+// What the tree shows, "*" for all, and the state.
+TEST_F(Searching, OpensColumnsAndKeepsWhatIsOpen) {
+  for (const auto& [acts, tree, state] : Lines<3>(R"(
+find fj¦借方金额 贷方金额 附件数 是否记账¦凭证日期||-1||已设 0 个条件
+find fj; search enter¦*¦附件数|附件数|-1|lxtOther|已设 0 个条件
+find Je; search enter¦*¦借方金额|借方金额|-1|lxtOther|已设 0 个条件
+find fj; search down¦借方金额 贷方金额 附件数 是否记账¦附件数|附件数|-1|tvwFilter|已设 0 个条件
+find rq; search down¦凭证日期¦凭证日期|凭证日期|-1|tvwFilter|已设 0 个条件
+find fj; node 是否记账; find ¦*¦是否记账|是否记账|-1||已设 0 个条件
+find fj; search esc¦*¦凭证日期|凭证日期|-1||已设 0 个条件
+find 金金; search enter; search down¦¦凭证日期||-1||没有找到
+find 金金; search esc¦*¦凭证日期|凭证日期|-1||已设 0 个条件
+find j; search enter; find ; search down¦*¦借方金额|借方金额|-1|tvwFilter|已设 0 个条件
+find 旧; search enter¦*¦|旧|-1|tvwFilter|已设 0 个条件
+node 借方金额; pick 大于; from 7; leave from; find fj; search enter; find dfje; row 借方金额¦贷方金额¦借方金额||1||已设 1 个条件
+node 借方金额; pick 大于; from 7; leave from; find rq; row 借方金额; search esc¦*¦借方金额|借方金额|1||已设 1 个条件
+node 借方金额; pick 大于; from 7; leave from; find jfje; search enter¦*¦借方金额|借方金额|1|txtFrom|已设 1 个条件
+node 借方金额; pick 大于; from 7; leave from; find rq; pick 介于; to 9; leave to; find jf¦借方金额¦借方金额|借方金额|1||已设 1 个条件
+node 借方金额; pick 大于; from x; leave from; find dfje¦贷方金额¦借方金额||-1||已设 0 个条件
+node 借方金额; pick 大于; from x; leave from; find dfje; search enter¦*¦贷方金额|贷方金额|-1|lxtOther|已设 0 个条件)")) {
+    SCOPED_TRACE(acts);
+    EXPECT_FALSE(Show(acts, [&tree = tree, &state = state](frmFilter& form) {
+      std::string shown;
+      for (const TreeView::Node& node : form.tvwFilter.Nodes()) {
+        shown.append(shown.empty() ? "" : " ").append(ToUtf8(node.Text));
+        EXPECT_EQ(node.Bold, node.Text == u"借方金额" && form.msgFilter.Rows() > 1);
+      }
+      EXPECT_EQ(shown, tree == "*" ? "凭证日期 借方金额 贷方金额 附件数 是否记账 旧" : tree);
+      EXPECT_EQ(StateOf(form), state);
+    }));
+  }
+  const std::string refused = "node 借方金额; pick 大于; from x; leave from; find jf; search enter";
+  EXPECT_FALSE(Show(refused, [](frmFilter& form) {
+    EXPECT_EQ(form.txtFrom.Text(), u"x") << "the same column: the refused value is asked for";
+    EXPECT_EQ(form.TakeFocusWish(), &form.txtFrom);
+    Play(form, "node 借方金额");
+    EXPECT_NE(form.txtFrom.Mark(), u"") << "no other column has opened";
+  }));
+  EXPECT_TRUE(Show("find ; search enter")) << "nothing typed: it is the dialog's OK";
+  EXPECT_FALSE(Show("find  ; search esc; ok")) << "nothing but blanks: its Cancel";
+}
+
+TEST_F(Searching, AConditionByKeysAlone) {
+  const ListType before = list_;
+  for (const auto& [keys, count, where] : Lines<3>(R"(
+d f j e enter d y enter 5 0 0 0 enter¦13¦c3 > 5000
+f j s enter l h k z enter enter¦10¦(c4 Is Null or c4=0)
+r q enter b y enter enter¦7¦(c1 >= '2004-03-01' And c1 <= '2004-03-31')
+j z enter 是 enter enter¦6¦c5 = '是')")) {
+    list_ = before;
+    EXPECT_TRUE(Show("", [&keys = keys](frmFilter& form) { PressKeys(form, keys); })) << keys;
+    EXPECT_EQ(ToUtf8(where_), where);
+    EXPECT_EQ(std::count(keys.begin(), keys.end(), ' ') + 1, std::stoi(count));
+  }
 }
 
 TEST_F(FilterDialog, ListsAreReadOncePerDialogUnlessTheyFail) {
@@ -420,48 +477,45 @@ TEST_F(FilterDialog, NothingToFilterAndWaysOut) {
     EXPECT_EQ(list_, before);
     EXPECT_EQ(where_, u"before");
   }
-
-  // What no row of the dialog has, but a record may: fields that are not in the grid are cleared,
-  // and a choice without items restricts nothing.
-  list_.ListField = {Column(u"隐藏", u"LONG", u"Hidden", u"", u"", u"5"),
-                     Column(u"人员", u"CODE", u"n", u"P", u"FlexibleField07", u"0,7"),
-                     Column(u"编", u"CODE", u"n", u"T", u"Class1", u"1,12,15"),
-                     Column(u"线", u"CODE", u"n", u"R", u"MMRoute", u"2,9"),
-                     Column(u"币", u"CODE", u"n", u"C", u"CURRENCYS", u"0,1"),
-                     Column(u"空", u"ENUM", u"E", u"", u"", u"0,")};
-  for (ListFieldType& field : list_.ListField) {
-    field.strFilter = u"x";
-    field.blnIsMuliCond = true;
-  }
-  list_.ListField[0].blnIsFilter = false;
-  EXPECT_TRUE(Show("ok"));
-  EXPECT_EQ(ToUtf8(where_),
-            "P.lngFlexibleField07ID = 7 And T.lngClassID In(12,15) And R.lngRouteID = 9 And "
-            "C.lngCURRENCYID = 1");
-  EXPECT_EQ(list_.ListField[0].strFilter, u"");
-  EXPECT_TRUE(list_.ListField[0].blnIsMuliCond) << "written for codes alone";
-  EXPECT_TRUE(list_.ListField[2].blnIsMuliCond);
-  EXPECT_FALSE(list_.ListField[3].blnIsMuliCond);
 }
 
-TEST_F(FilterDialog, ConditionsWithoutTheirValueAreKeptAndRestrictNothing) {
+// Of a condition without its value, or one of two, and of a choice without items nothing is asked;
+// a field that is not in the grid is cleared.
+TEST_F(FilterDialog, RowsThatOnlyARecordHas) {
   list_.ListField.clear();
-  for (const auto& [type, shown, value] : Lines<3>(R"(
-LONG¦大于 ¦
-LONG¦介于 5,¦5,
-STRING¦等于 ¦
-STRING¦介于 ,b¦,b
-BOOLEAN¦是¦
-PERIOD¦自定义 (,2004-02-29)¦,2004-02-29
-DATE¦2004-02-29¦)")) {
-    list_.ListField.push_back(
-        Column(FromUtf8(type + shown), FromUtf8(type), u"c", u"", u"", FromUtf8(value)));
+  std::string expected;
+  for (const auto& [type, key, shown, value, predicate] : Lines<5>(R"(
+LONG¦¦大于 ¦¦
+LONG¦¦介于 5,¦5,¦
+STRING¦¦等于 ¦¦
+STRING¦¦介于 ,b¦,b¦
+BOOLEAN¦¦是¦¦
+PERIOD¦¦自定义 (,2004-02-29)¦,2004-02-29¦
+DATE¦¦2004-02-29¦¦
+ENUM¦¦x¦0,¦
+CODE¦FlexibleField07¦x¦0,7¦T.lngFlexibleField07ID = 7
+CODE¦Class1¦x¦1,12,15¦T.lngClassID In(12,15)
+CODE¦MMRoute¦x¦2,9¦T.lngRouteID = 9
+CODE¦CURRENCYS¦x¦0,1¦T.lngCURRENCYID = 1)")) {
+    list_.ListField.push_back(Column(FromUtf8(type + key + shown), FromUtf8(type), u"c", u"T",
+                                     FromUtf8(key), FromUtf8(value)));
     list_.ListField.back().strFilter = FromUtf8(shown);
+    if (!predicate.empty()) expected.append(expected.empty() ? "" : " And ").append(predicate);
   }
+  ListFieldType hidden = Column(u"隐藏", u"LONG", u"Hidden", u"", u"", u"5");
+  hidden.blnIsFilter = false;
+  hidden.strFilter = u"x";
+  hidden.blnIsMuliCond = true;
+  list_.ListField.push_back(hidden);
   const ListType before = list_;
   EXPECT_TRUE(Show("ok"));
-  EXPECT_EQ(where_, u"");
-  EXPECT_EQ(list_, before);
+  EXPECT_EQ(ToUtf8(where_), expected);
+  for (std::size_t i = 0; i + 1 < list_.ListField.size(); ++i)
+    EXPECT_EQ(list_.ListField[i].strExtValue, before.ListField[i].strExtValue) << i;
+  EXPECT_TRUE(list_.ListField[9].blnIsMuliCond);
+  EXPECT_FALSE(list_.ListField[10].blnIsMuliCond);
+  EXPECT_EQ(list_.ListField.back().strFilter, u"");
+  EXPECT_TRUE(list_.ListField.back().blnIsMuliCond) << "written for codes alone";
 }
 
 TEST_F(FilterDialog, ListSetShowsSavesAndReturns) {

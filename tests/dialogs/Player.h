@@ -47,50 +47,14 @@ void PlayAll(AnyForm& form, std::string_view script, Acts acts) {
   }
 }
 
-template <class Count, class TextAt>
-int Find(Count count, TextView text, TextAt&& textAt) {
-  for (int i = 0; i < static_cast<int>(count); ++i)
-    if (textAt(i) == text) return i;
+// The row of a list, a header included, that reads so.
+inline int Find(const RowControl& list, TextView text) {
+  const auto* grid = dynamic_cast<const MSFlexGrid*>(&list);
+  const int rows = list.RowCount() + (grid == nullptr ? 0 : grid->FixedRows());
+  for (int row = 0; row < rows; ++row)
+    if (list.ShownText(row) == text) return row;
   ADD_FAILURE() << "nothing reads " << ToUtf8(text);
   return -1;
-}
-
-inline int Find(const MSFlexGrid& grid, int col, TextView text) {
-  return Find(grid.Rows(), text, [&](int row) { return grid.TextMatrix(row, col); });
-}
-
-inline int Find(const ListBox& list, TextView text) {
-  return Find(list.ListCount(), text, [&](int item) { return list.List(item); });
-}
-
-// "all right|left", "select right|left 0 2 ..." (rows of the list on that side; nothing for all),
-// "press right|left space|del|right|left".
-inline Acts MovesOf(TwoListForm& form, RowControl& all, RowControl& selected) {
-  const auto listOf = [&](TextView side) -> RowControl& {
-    return side == u"right" ? selected : all;
-  };
-  Acts acts;
-  acts["all"] = [&](TextView side) {
-    (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
-  };
-  acts["select"] = [=](TextView act) {
-    const auto words = Split(act, u" ");
-    if (words.size() == 1) return listOf(words[0]).UserSelectedAll();
-    std::vector<int> rows;
-    for (std::size_t i = 1; i < words.size(); ++i)
-      rows.push_back(std::stoi(ToUtf8(words[i])));
-    listOf(words[0]).UserSelectedRows(rows);
-  };
-  acts["press"] = [=](TextView act) {
-    using Key = RowControl::Key;
-    static const std::map<TextView, Key> kKeys = {{u"space", Key::Space},
-                                                  {u"del", Key::Delete},
-                                                  {u"right", Key::Right},
-                                                  {u"left", Key::Left}};
-    const auto words = Split(act, u" ");
-    listOf(words[0]).UserPressed(kKeys.at(words[1]));
-  };
-  return acts;
 }
 
 // Acts stand between ";": "node CAPTION", "pick TEXT" (by mouse), "keys down enter ..." (in the
@@ -106,8 +70,10 @@ inline void Play(frmFilter& form, std::string_view script) {
   PickCombo& picker = form.lxtOther;
   Acts acts;
   acts["node"] = [&](TextView text) {
-    form.tvwFilter.UserClickedNode(
-        Find(nodes.size(), text, [&](int i) { return nodes[static_cast<std::size_t>(i)].Text; }));
+    const auto node = std::find_if(nodes.begin(), nodes.end(),
+                                   [&](const TreeView::Node& each) { return each.Text == text; });
+    ASSERT_NE(node, nodes.end()) << ToUtf8(text);
+    form.tvwFilter.UserClickedNode(static_cast<int>(node - nodes.begin()));
   };
   acts["pick"] = [&](TextView text) {
     EXPECT_GE(picker.RowOf(text), 0) << ToUtf8(text);
@@ -143,11 +109,11 @@ inline void Play(frmFilter& form, std::string_view script) {
   };
   acts["tick"] = [&](TextView on) { form.datDate.UserTicked(on == u"on"); };
   MSFlexGrid& grid = form.msgFilter;
-  acts["row"] = [&](TextView text) { grid.UserSelectedRow(Find(grid, 1, text)); };
-  acts["double"] = [&](TextView text) { grid.UserDoubleClickedRow(Find(grid, 1, text)); };
+  acts["row"] = [&](TextView text) { grid.UserSelectedRow(Find(grid, text)); };
+  acts["double"] = [&](TextView text) { grid.UserDoubleClickedRow(Find(grid, text)); };
   acts["F2"] = [&](TextView) { grid.UserPressed(RowControl::Key::F2); };
   acts["delete"] = [&](TextView text) {
-    grid.UserSelectedRow(Find(grid, 1, text));
+    grid.UserSelectedRow(Find(grid, text));
     grid.UserPressed(RowControl::Key::Delete);
   };
   acts["choose"] = [&](TextView) { form.cmdChoose.UserPressed(); };
@@ -155,32 +121,53 @@ inline void Play(frmFilter& form, std::string_view script) {
   PlayAll(form, script, std::move(acts));
 }
 
-// "right TEXT", "left TEXT" (double click on the row with that text), those of MovesOf and PlayAll.
-inline void Play(frmFilterColumn& form, std::string_view script) {
-  Acts acts = MovesOf(form, form.msgAll, form.msgSelected);
-  acts["right"] = [&](TextView text) {
-    form.msgAll.UserDoubleClickedRow(Find(form.msgAll, 2, text));
+// "right|left TEXT" (double click on the row with that text moves it there), "all right|left",
+// "select right|left 0 2 ..." (rows of the list on that side; nothing for all), "press right|left
+// space|del|right|left", those of PlayAll.
+template <class AnyForm>
+void PlayMoves(AnyForm& form, RowControl& all, RowControl& selected, std::string_view script,
+               Acts acts = {}) {
+  using Key = RowControl::Key;
+  const auto listOf = [&](TextView side) -> RowControl& {
+    return side == u"right" ? selected : all;
   };
-  acts["left"] = [&](TextView text) {
-    form.msgSelected.UserDoubleClickedRow(Find(form.msgSelected, 2, text));
+  acts["right"] = [&](TextView text) { all.UserDoubleClickedRow(Find(all, text)); };
+  acts["left"] = [&](TextView text) { selected.UserDoubleClickedRow(Find(selected, text)); };
+  acts["all"] = [&](TextView side) {
+    (side == u"right" ? form.cmdRightAll : form.cmdLeftAll).UserPressed();
+  };
+  acts["select"] = [=](TextView act) {
+    const auto words = Split(act, u" ");
+    if (words.size() == 1) return listOf(words[0]).UserSelectedAll();
+    std::vector<int> rows;
+    for (std::size_t i = 1; i < words.size(); ++i)
+      rows.push_back(std::stoi(ToUtf8(words[i])));
+    listOf(words[0]).UserSelectedRows(rows);
+  };
+  acts["press"] = [=](TextView act) {
+    const auto words = Split(act, u" ");
+    listOf(words[0]).UserPressed(words[1] == u"space"   ? Key::Space
+                                 : words[1] == u"del"   ? Key::Delete
+                                 : words[1] == u"right" ? Key::Right
+                                                        : Key::Left);
   };
   PlayAll(form, script, std::move(acts));
 }
 
-// The same, and "up TEXT", "down TEXT"; nothing for the ones that are selected.
+inline void Play(frmFilterColumn& form, std::string_view script) {
+  PlayMoves(form, form.msgAll, form.msgSelected, script);
+}
+
+// "up TEXT", "down TEXT"; nothing for the ones that are selected.
 inline void Play(frmMultiChoose& form, std::string_view script) {
-  const auto presses = [&form](CommandButton& button) {
+  const auto moves = [&form](CommandButton& button) {
     return [&form, &button](TextView text) {
       if (!text.empty()) form.lstSelected.UserSelectedRow(Find(form.lstSelected, text));
       button.UserPressed();
     };
   };
-  Acts acts = MovesOf(form, form.lstAll, form.lstSelected);
-  acts["right"] = [&](TextView text) { form.lstAll.UserDoubleClickedRow(Find(form.lstAll, text)); };
-  acts["left"] = presses(form.cmdLeftOne);
-  acts["up"] = presses(form.cmdSerial[0]);
-  acts["down"] = presses(form.cmdSerial[1]);
-  PlayAll(form, script, std::move(acts));
+  PlayMoves(form, form.lstAll, form.lstSelected, script,
+            {{"up", moves(form.cmdSerial[0])}, {"down", moves(form.cmdSerial[1])}});
 }
 
 // The keyboard: keys go where the focus is, which begins in the search box. A letter is a key, and
@@ -241,13 +228,25 @@ inline std::vector<std::string> RowsOf(const MSFlexGrid& grid, std::initializer_
   return rows;
 }
 
+// What a list shows, items between blanks.
+inline std::string ItemsOf(const RowControl& list) {
+  std::string items;
+  for (int row = 0; row < list.RowCount(); ++row)
+    items.append(row == 0 ? "" : " ").append(ToUtf8(list.ShownText(row)));
+  return items;
+}
+
+inline std::string NameOf(const Control* control) {
+  return control == nullptr ? "" : ToUtf8(control->Name());
+}
+
 // The names of the editors that the user sees, in Tab order, without the labels of one alone.
 inline std::string EditorsOf(const frmFilter& form) {
   const Control* const editors[] = {&form.lxtOther, &form.datDate, &form.lblFrom, &form.txtFrom,
                                     &form.datFrom,  &form.lblTo,   &form.txtTo,   &form.datTo};
   std::string names;
   for (const Control* editor : editors)
-    if (editor->Visible()) names.append(names.empty() ? "" : " ").append(ToUtf8(editor->Name()));
+    if (editor->Visible()) names.append(names.empty() ? "" : " ").append(NameOf(editor));
   return names;
 }
 

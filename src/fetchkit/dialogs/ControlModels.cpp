@@ -276,13 +276,6 @@ void ListBox::AddItem(Text text) {
   Received();
 }
 
-void ListBox::RemoveItem(int item) {
-  if (item < 0 || item >= ListCount()) return;
-  items_.Remove(item);
-  KeepInsideWithout(item);
-  Changed();
-}
-
 void ListBox::MoveItemsTo(ListBox& other, const std::vector<int>& items) {
   if (items.empty() || items.front() < 0 || items.back() >= ListCount()) return;
   items_.MoveTo(other.items_, items);

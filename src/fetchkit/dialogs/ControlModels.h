@@ -321,7 +321,6 @@ class ListBox : public RowControl {
   const std::vector<Text>& Items() const { return items_.Rows(); }  // hidden ones included
   void Clear();
   void AddItem(Text text);
-  void RemoveItem(int item);
 
   // Moves items, ascending, to the end of another list, in order. The next item becomes the current
   // one; the other list has one then.
