@@ -122,19 +122,5 @@ TEST(ControlModels, WithoutMemoryEveryRowAndItemIsOnEitherSide) {
   EXPECT_FALSE(failed);
 }
 
-TEST(ControlModels, WhatIsNoRowItemOrCellIsNothing) {
-  EveryControl form;
-  form.grid.RemoveItem(0);
-  EXPECT_EQ(form.grid.Rows(), 3) << "headers stay";
-  for (const std::vector<int>& rows : {std::vector{0}, {1, 3}, {}})
-    form.grid.MoveRowsTo(form.grid, rows);
-  EXPECT_EQ(form.grid.Rows(), 3);
-  EXPECT_EQ(form.pick.Cell(2, 0), u"");
-  EXPECT_EQ(form.pick.Cell(0, 1), u"");
-  EXPECT_EQ(form.pick.Cell(0, -1), u"");
-  form.pick.Show(u"x", 5);
-  EXPECT_EQ(form.pick.ListIndex(), -1);
-}
-
 }  // namespace
 }  // namespace fetchkit::test

@@ -80,16 +80,13 @@ inline void Play(frmFilter& form, std::string_view script) {
     picker.UserPicked(picker.RowOf(text));
   };
   acts["keys"] = [&](TextView names) {
-    using Key = PickCombo::Key;
-    static const std::map<TextView, Key> kKeys = {
-        {u"up", Key::Up},       {u"down", Key::Down},     {u"left", Key::Left},
-        {u"right", Key::Right}, {u"home", Key::Home},     {u"end", Key::End},
-        {u"pgup", Key::PageUp}, {u"pgdn", Key::PageDown}, {u"enter", Key::Enter},
-        {u"tab", Key::Tab},     {u"back", Key::BackTab},  {u"esc", Key::Escape}};
+    // In the order of PickCombo::Key.
+    static const auto kKeys =
+        Split(u"up down left right home end pgup pgdn enter tab back esc", u" ");
     for (const TextView name : Split(names, u" ")) {
-      const auto key = kKeys.find(name);
+      const auto key = std::find(kKeys.begin(), kKeys.end(), name);
       if (key != kKeys.end())
-        picker.UserPressed(key->second);
+        picker.UserPressed(static_cast<PickCombo::Key>(key - kKeys.begin()));
       else
         picker.UserTyped(name);
     }
