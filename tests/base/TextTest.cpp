@@ -19,14 +19,9 @@ TEST(TextBasics, JoinWritesNumbersPlainly) {
   EXPECT_EQ(joined.capacity(), joined.size()) << "one allocation of the right size";
 }
 
-TEST(TextBasics, SplitAndTrim) {
+TEST(TextBasics, Split) {
   EXPECT_EQ(Split(u"", u","), std::vector<TextView>());
   EXPECT_EQ(Split(u"aOrbOR", u"or", true), (std::vector<TextView>{u"a", u"b", u""}));
-  EXPECT_EQ(TrimBlanks(u"  a b "), u"a b");
-  EXPECT_EQ(TrimBlanks(u"\ta　"), u"\ta　") << "only U+0020 is a blank";
-  EXPECT_TRUE(EqualFolded(u"Class1", u"CLASS1"));
-  EXPECT_FALSE(EqualFolded(u"é", u"É"));
-  EXPECT_FALSE(EqualFolded(u"a", u"ab"));
 }
 
 TEST(TextBasics, MoreHitsThanALaneOfABlockCanCount) {

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "support/FailingAllocations.h"
 #include "support/Lines.h"
-#include "support/Table.h"
 
 namespace fetchkit::test {
 namespace {
@@ -35,33 +36,12 @@ TEST_F(ListSearchTest, CaptionsAreFoundByTheirInitials) {
 }
 
 TEST_F(ListSearchTest, Rules) {
-  using enum SearchRank;
-  Table<TextView, TextView, SearchRank>{
-      {"the text itself", u"银行存款", u"存款", Inside},
-      {"nothing typed is in every text", u"", u" ", Begins},
-      {"more than the text", u"银行", u"yhc", None},
-      {"initials in their order only", u"银行存款", u"hy", None},
-      {"each reading of a character", u"会计", u"kj", Begins},
-      {"one reading is not another's", u"会计", u"gj", None},
-      {"a beginning that goes wrong hides no later one", u"银银行", u"yh", Inside},
-      {"in any case and width", u"ＩＰ地址 b", u"ipＤＺ　Ｂ", Begins},
-      {"blanks around what was typed", u"银行存款", u"　ck ", Inside},
-      {"initials beside the characters themselves", u"银行存款", u"银h", Begins},
-      {"a mark as typed", u"现金-人民币", u"xj-r", Begins},
-      {"a mark is left out beside an initial", u"（新）客户", u"xkh", Begins},
-      {"before a letter, too", u"客户 A", u"kha", Begins},
-      {"and behind one", u"A 客户", u"akh", Begins},
-      {"but not between digits", u"100 2号库", u"1002", None},
-      {"nor with an initial behind them", u"100 2号库", u"1002hk", None},
-      {"digits stand for themselves", u"第10季度", u"d1j", None},
-      {"a kana is no mark", u"银の行", u"yh", None},
-      {"a character outside the code page", u"銀\xD840\xDC00行", u"yh", None},
-      {"the ends of the table", u"丂齄郎﨩", u"kzl﨩", Begins},
-      {"of which no reading is recorded", u"瓼瓼", u"l", None},
-  }
-      .Check([this](TextView text, TextView typed, SearchRank rank) {
-        EXPECT_EQ(RankOf(text, typed), rank);
-      });
+  static const std::map<std::string, SearchRank> kRanks = {
+      {"None", SearchRank::None}, {"Inside", SearchRank::Inside}, {"Begins", SearchRank::Begins}};
+  for (const auto& [name, text, typed, rank] : Lines<4>(
+#include "utility/ListSearchRules.txt"
+           ))
+    EXPECT_EQ(RankOf(FromUtf8(text), FromUtf8(typed)), kRanks.at(rank)) << name;
 }
 
 TEST_F(ListSearchTest, EveryIdeographHasAnInitial) {
