@@ -88,10 +88,7 @@ TEST_F(OpenedRecordsets, ErrorOfClosingIsRaisedByCloseAndNotedOtherwise) {
 // A host that handles messages may be logged in with another connection, and asked to release the
 // thread, from inside each operation.
 TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
-  host_->fallback = [](TextView) {
-    static const Answer done;
-    return &done;
-  };
+  host_->fallback = Done;
   const std::function<void()> operations[] = {
       [] { Execute(MAction::ConnectionOf(MAction::CurrentSession()), kSql); },
       [] {
@@ -105,7 +102,7 @@ TEST_F(OpenedRecordsets, ConnectionLivesUntilItsOperationReturns) {
   for (const auto& operation : operations) {
     auto calling = std::make_shared<FakeConnection>();
     calling->On(Text(kSql), Rows({u"A"}, {{u"x"}}));
-    calling->fallback = host_->fallback;
+    calling->fallback = Done;
     MAction::CurrentSession().Connection = calling;
     sink_.failures.clear();
     calling->onOperation = [this] {

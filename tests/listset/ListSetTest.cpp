@@ -36,9 +36,10 @@ const Text kClass1Statement =
 const Text kClass2Statement =
     u"SELECT * FROM Setting WHERE strKey='项目' AND strSection='标题设置' AND lngModuleID=1";
 
-// Rows of the field statement by id, caption, type, and name and value of the few other columns
-// that a test speaks of; the rest is Null as in a view field without a list row.
-Answer FieldRows(const std::vector<std::vector<Value>>& rows) {
+// Rows of the field statement, a line each: id, caption, type, and "column=value" for the few other
+// columns that a test speaks of; a "'" stands in front of texts. The rest is Null as in a view
+// field without a list row.
+Answer FieldRows(std::string_view lines) {
   static const Text kColumns =
       u"lngViewFieldID strViewFieldDesc strFieldType lngListFieldID strBiaTableName "
       u"lngListFieldNO1 lngViewFieldNO bytHead bytFieldSize blnIsMust blnIsPrep strKeyField "
@@ -48,21 +49,20 @@ Answer FieldRows(const std::vector<std::vector<Value>>& rows) {
       u"Strdoubleop Dbldouble1 Dbldouble2 Blnismulicond Blnboolean Strcodeid Strkeyname";
   const auto names = Split(kColumns, u" ");
   Answer answer{Answer::Kind::Rows, {names.begin(), names.end()}, {}};
-  for (const std::vector<Value>& row : rows) {
-    auto& values = answer.rows.emplace_back(row.begin(), row.begin() + 3);
-    values.resize(names.size(), kNull);
-    for (std::size_t i = 3; i < row.size(); i += 2) {
-      const auto name = std::find(names.begin(), names.end(), ToText(row[i]));
-      values.at(static_cast<std::size_t>(name - names.begin())) = row[i + 1];
+  for (const auto& line : Lines(lines)) {
+    auto& values = answer.rows.emplace_back(names.size(), kNull);
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      const auto equals = line[i].find('=');
+      const Text value = FromUtf8(line[i].substr(equals + 1));
+      const auto named = std::find(names.begin(), names.end(), FromUtf8(line[i].substr(0, equals)));
+      auto& cell = values.at(i < 3 ? i : static_cast<std::size_t>(named - names.begin()));
+      if (i == 1 || i == 2 || value.starts_with(u'\''))
+        cell = value.substr(i < 3 ? 0 : 1);
+      else if (!value.empty())
+        cell = ToDouble(value);
     }
   }
   return answer;
-}
-
-// Answers whatever is executed.
-const Answer* Done(TextView) {
-  static const Answer done;
-  return &done;
 }
 
 // The statements sent since the last call, without the words in front.
@@ -93,7 +93,7 @@ class Lists : public testing::Test {
                                    {{u"凭证", u"Voucher V,organizationaux OrganizationAux",
                                      u"Voucher", u"V.blnPosted=1"}}));
     host_->On(kListStatement, Rows({u"lngListID"}, {{std::int32_t{70}}}));
-    host_->On(kFieldStatement, FieldRows({{1, u"a", u"STRING"}}));
+    host_->On(kFieldStatement, FieldRows("1¦a¦STRING"));
   }
 
   std::vector<std::string> Sent() { return SentTo(*host_); }
@@ -136,19 +136,12 @@ TEST_F(Lists, ViewsWithoutConditionsCostThreeStatements) {
 }
 
 TEST_F(Lists, FieldsAndConditionsOfRepeatedRowsAreReadOnce) {
-  const std::vector<Value> department = {
-      3,    u"部门",        u"CODE",       u"Strpath",       u"部门", u"strTableName",
-      u"T", u"strKeyField", u"DEPARTMENT", u"Blnismulicond", 1,       u"Strcodeid",
-      u"12"};
-  host_->On(kFieldStatement,
-            FieldRows({{1, u"凭证号", u"LONG", u"strFieldName", u"V.lngNo", u"blnIsFixed", 1,
-                        u"blnIsChoosed1", 2, u"lngListFieldID", 700, u"lngListFieldNO1", 4,
-                        u"lngdisplaywidth", 1200.0, u"bytSort1", 2, u"blnIsMust", true},
-                       {2, u"摘要", u"STRING", u"strFieldName", u"V.strMemo"},
-                       department,
-                       {4, u"金额", u"DOUBLE", u"strFieldName", u"c", u"blnIsChoosed1", 1,
-                        u"Strpath", u"金额", u"Strdoubleop", 2, u"Dbldouble1", 1e15},
-                       department}));
+  host_->On(kFieldStatement, FieldRows(R"(
+1¦凭证号¦LONG¦strFieldName='V.lngNo¦blnIsFixed=1¦blnIsChoosed1=2¦lngListFieldID=700¦lngListFieldNO1=4¦lngdisplaywidth=1200¦bytSort1=2¦blnIsMust=1
+2¦摘要¦STRING¦strFieldName='V.strMemo
+3¦部门¦CODE¦Strpath='部门¦strTableName='T¦strKeyField='DEPARTMENT¦Blnismulicond=1¦Strcodeid='12
+4¦金额¦DOUBLE¦strFieldName='c¦blnIsChoosed1=1¦Strpath='金额¦Strdoubleop=2¦Dbldouble1=1e15
+3¦部门¦CODE¦Strpath='部门¦strTableName='T¦strKeyField='DEPARTMENT¦Blnismulicond=1¦Strcodeid='12)"));
   host_->On(kCodesStatement,
             Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
   set_.ViewId(5);
@@ -181,28 +174,23 @@ TEST_F(Lists, FieldsAndConditionsOfRepeatedRowsAreReadOnce) {
 
 // One row for each code, as older data has them; the rows without a code add nothing.
 TEST_F(Lists, CodesAreJoinedAlsoWithoutTheirStatement) {
-  std::vector<std::vector<Value>> fieldRows, codeRows;
-  for (const auto& [id, name] : {std::pair<Value, Value>(u" ", kNull),
-                                 {u"12", u"财务部"},
-                                 {kNull, u" "},
-                                 {u"15", u"销售部"}}) {
-    fieldRows.push_back({1, u"部门", u"CODE", u"Strpath", u"部门", u"strTableName", u"T",
-                         u"strKeyField", u"DEPARTMENT", u"Blnismulicond", 1, u"Strcodeid", id,
-                         u"Strkeyname", name});
-    codeRows.push_back({id, name});
-  }
-  fieldRows.insert(fieldRows.begin() + 2, {2, u"a", u"STRING"});
-  host_->On(kFieldStatement, FieldRows(fieldRows));
-  const Answer whole = Rows({u"strCodeID", u"strKeyName"}, codeRows);
+  const std::string field =
+      "1¦部门¦CODE¦Strpath='部门¦strTableName='T¦strKeyField='DEPARTMENT¦Blnismulicond=1¦";
+  host_->On(kFieldStatement,
+            FieldRows(field + "Strcodeid=' \n" + field +
+                      "Strcodeid='12¦Strkeyname='财务部\n2¦a¦STRING\n" + field + "Strkeyname=' \n" +
+                      field + "Strcodeid='15¦Strkeyname='销售部"));
+  const Answer whole = Rows({u"strCodeID", u"strKeyName"},
+                            {{u" ", kNull}, {u"12", u"财务部"}, {kNull, u" "}, {u"15", u"销售部"}});
   Answer breaking = whole;
   breaking.throwAtRow = 2;
   for (const Answer& answer : {whole, Refused(), Throws(), breaking}) {
     host_->On(kCodesStatement, answer);
     set_.ViewId(5);
-    const ListFieldType field = set_.List().ListField.at(0);
-    EXPECT_EQ(field.strFilter, u"财务部 销售部");
-    EXPECT_EQ(field.strCodeID, u"12,15");
-    EXPECT_EQ(field.strExtValue, u"1,12,15");
+    const ListFieldType read = set_.List().ListField.at(0);
+    EXPECT_EQ(read.strFilter, u"财务部 销售部");
+    EXPECT_EQ(read.strCodeID, u"12,15");
+    EXPECT_EQ(read.strExtValue, u"1,12,15");
     EXPECT_EQ(set_.ListPureWhere(), u"T.lngDEPARTMENTID IN (12,15)");
   }
 }
@@ -210,10 +198,10 @@ TEST_F(Lists, CodesAreJoinedAlsoWithoutTheirStatement) {
 // Each fault of a load, once while the view changes and once while it stays: what the record holds
 // then, that neither the dialog nor a save touches the database, and that loading again mends it.
 TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {
-  Answer breaking = FieldRows({{1, u"a", u"STRING"}, {2, u"b", u"STRING"}});
+  Answer breaking = FieldRows("1¦a¦STRING\n2¦b¦STRING");
   breaking.throwAtRow = 1;
-  const Answer noNumber = FieldRows({{1, u"a", u"STRING", u"bytHead", u"x"}});
-  const Answer noId = FieldRows({{kNull, u"a", u"STRING"}});
+  const Answer noNumber = FieldRows("1¦a¦STRING¦bytHead='x");
+  const Answer noId = FieldRows("¦a¦STRING");
   Answer lackingWhere =
       Rows({u"strViewName", u"strViewSQL", u"strCurTable"}, {{u"凭证", u"", u""}});
   host_->fallback = Done;
@@ -277,11 +265,9 @@ TEST_F(Lists, LoadsThatAreCutShortCannotBeSaved) {
 // has gone to.
 TEST_F(Lists, CalledFromInsideTheHost) {
   host_->fallback = Done;
-  host_->On(kFieldStatement,
-            FieldRows({{1, u"摘要", u"STRING", u"blnIsFilter", 1, u"blnIsMust", 1, u"Strpath",
-                        u"摘要", u"Strstringop", 1, u"Strstring1", u"x"},
-                       {3, u"部门", u"CODE", u"blnIsFilter", 1, u"blnIsMust", 1, u"Strpath",
-                        u"部门", u"strKeyField", u"DEPARTMENT", u"Strcodeid", u"12"}}));
+  host_->On(kFieldStatement, FieldRows(R"(
+1¦摘要¦STRING¦blnIsFilter=1¦blnIsMust=1¦Strpath='摘要¦Strstringop=1¦Strstring1='x
+3¦部门¦CODE¦blnIsFilter=1¦blnIsMust=1¦Strpath='部门¦strKeyField='DEPARTMENT¦Strcodeid='12)"));
   host_->On(kCodesStatement,
             Rows({u"strCodeID", u"strKeyName"}, {{u"12", u"财务部"}, {u"15", u"销售部"}}));
   Player player;
@@ -334,8 +320,8 @@ TEST_F(Lists, WholeLists) {
   host_->fallback = Done;
   set_.SaveList();
   EXPECT_FALSE(Sent().empty()) << "never loaded";
-  const Answer outOfRange = FieldRows({{1, u"a", u"STRING", u"bytHead", 300, u"blnIsFixed", 1,
-                                        u"lngdisplaywidth", 5e9, u"bytSort1", 2}});
+  const Answer outOfRange =
+      FieldRows("1¦a¦STRING¦bytHead=300¦blnIsFixed=1¦lngdisplaywidth=5e9¦bytSort1=2");
   for (const auto& [statement, answer] : {std::pair(kViewStatement, Rows({u"strViewName"}, {})),
                                           {kListStatement, Rows({u"lngListID"}, {})},
                                           {kFieldStatement, Rows({u"lngViewFieldID"}, {})},

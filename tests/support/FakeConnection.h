@@ -41,6 +41,11 @@ inline Answer Refused() {
 inline Answer Throws() {
   return {Answer::Kind::Throws};
 }
+// For FakeConnection::fallback: whatever is sent is done, and has no row.
+inline const Answer* Done(TextView) {
+  static const Answer done;
+  return &done;
+}
 
 // The host's login. A name in spoilt makes the read of that member throw; a name in absent makes
 // the object of that name null. Names are those of the host interfaces' members.
