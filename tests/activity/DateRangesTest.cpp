@@ -170,32 +170,23 @@ TEST_F(DateRanges, KeptPerLogin) {
   expect(u"7$DBSRV$ACC02", 20, "2004-03-17..2004-03-17", 2);
   periods_ = SamplePeriods();
   expect(u"7$DBSRV$ACC02", 21, "2004-03-17..2004-03-17", 2);  // has no calendar
-  // An earlier login finds its own again.
-  expect(u"7$DBSRV$ACC01", 20, "2004-03-01..2004-03-31", 0);
-  expect(u"7$DBSRV$ACC02", 20, "2004-03-17..2004-03-17", 0);
+  expect(u"7$DBSRV$ACC01", 20, "2004-03-01..2004-03-31", 0);  // an earlier login's
 }
 
-TEST_F(DateRanges, ReferenceDateNotGiven) {
-  const std::pair<TextView, const char*> kRows[] = {
-      {u" 2003-12-30 ", "2003-12-30..2003-12-30"},
-      {u"  ", "2010-05-06..2010-05-06"},  // today, without the time
-      {u"soon", "-"},
-  };
-  for (const auto& [loginDate, expected] : kRows) {
-    session().LoginDate = loginDate;
-    EXPECT_EQ(Ask(u"今天", u"", false), expected);
-  }
-}
-
-TEST_F(DateRanges, WordsThatAreNoKeyword) {
+TEST_F(DateRanges, LoginDatesAndWordsThatAreNone) {
   const RecordingSink sink;
   for (const TextView word : {u"", u"本", u" 本月", u"本月 ", u"今天$", u"自定义", u"所有"})
-    for (int time = 0; time < 2; ++time)
-      EXPECT_EQ(Ask(word, u"", true), "-") << ToUtf8(word);
+    EXPECT_EQ(Ask(word, u"", true), "-") << ToUtf8(word);
   EXPECT_EQ(Show(now_), "2004-03-17") << "written all the same";
   EXPECT_EQ(Cost(), 0u);
   EXPECT_TRUE(sink.failures.empty()) << "a word is no failure";
   EXPECT_EQ(Ask(u"上月", u"0100-01-15", false), "-") << "a step that leaves the calendar";
+  session().LoginDate = u" 2003-12-30 ";
+  EXPECT_EQ(Ask(u"今天", u"", false), "2003-12-30..2003-12-30");
+  session().LoginDate = u"  ";
+  EXPECT_EQ(Ask(u"今天", u"", false), "2010-05-06..2010-05-06") << "today, without the time";
+  session().LoginDate = u"soon";
+  EXPECT_EQ(Ask(u"今天", u"", false), "-");
 }
 
 TEST_F(DateRanges, CustomForm) {
