@@ -173,12 +173,18 @@ class Typing {
 
   // --- Writing ---------------------------------------------------------------------------------
 
-  static void Wrap(Tokens& operand, TextView function) {
+  // function(operand [, position]): what may be refused while rows are read says where it stands.
+  static void Wrap(Tokens& operand, TextView function, const Token* place = nullptr) {
     const std::size_t position = operand[0].position;
     const bool blank = operand[0].blankBefore;
     Tokens call = {{TokenKind::Word, fetchkit::Text(function), position, blank},
                    {TokenKind::Sign, u"(", position, false}};
     Append(call, operand);
+    if (place != nullptr) {
+      call.push_back({TokenKind::Sign, u",", position, false});
+      call.push_back(
+          {TokenKind::Number, fetchkit::Text(Piece(place->position).view()), position, true});
+    }
     call.push_back({TokenKind::Sign, u")", position, false});
     operand = std::move(call);
   }
@@ -202,7 +208,8 @@ class Typing {
         Refuse(u"a text that is no number where one should be", node.tokens[0]);
     }
     if (node.type == Text || node.type == Unknown) {
-      Wrap(node.tokens, u"to_number");
+      const Token place = node.tokens[0];
+      Wrap(node.tokens, u"to_number", &place);
       node.inexact = node.isLiteral = false;
     }
     node.type = Number;
@@ -240,7 +247,8 @@ class Typing {
       Refuse(u"comparing columns whose types are not known", left.tokens[0]);
     for (Node* node : {&left, &right})
       if (node->type == Unknown) {
-        Wrap(node->tokens, u"text_only");
+        const Token place = node->tokens[0];
+        Wrap(node->tokens, u"text_only", &place);
         node->type = Text;
       }
     const auto endsBlank = [](const Node& node) {
@@ -491,7 +499,7 @@ class Typing {
       } else {
         product.tokens.push_back({TokenKind::Sign, u",", sign[0].position, false});
         Append(product.tokens, next.tokens);
-        Wrap(product.tokens, u"quotient");
+        Wrap(product.tokens, u"quotient", sign.data());
       }
       product.inexact = true;
       product.isLiteral = false;
@@ -640,7 +648,8 @@ class Typing {
         Append(call, arguments[i].tokens);
       }
       Take(call);
-      node.tokens = std::move(call);
+      node.tokens =
+          IsWord(name, u"DECODE") && IsLazy(arguments) ? AsCase(arguments) : std::move(call);
     }
     Grouped(begin, bare);
     return node;
@@ -699,6 +708,34 @@ class Typing {
         arguments[i] = As(isResult ? result : compared, std::move(arguments[i]));
     }
     return result;
+  }
+
+  // DECODE leaves alone what it does not choose, such as y / x in decode(x, 0, 0, y / x); a
+  // function would be given all of it. A CASE finds no Null, which is among the values only as a
+  // literal or where they are no literals.
+  static bool IsLazy(const std::vector<Node>& arguments) {
+    for (std::size_t i = 1; i + 1 < arguments.size(); i += 2)
+      if (!arguments[i].isLiteral || arguments[i].type == Null) return false;
+    return true;
+  }
+
+  static Tokens AsCase(const std::vector<Node>& arguments) {
+    const std::size_t position = arguments[0].tokens[0].position;
+    Tokens written = {{TokenKind::Word, u"CASE", position, true}};
+    const auto add = [&](TextView word, const Node& argument) {
+      if (!word.empty()) written.push_back({TokenKind::Word, fetchkit::Text(word), position, true});
+      Append(written, argument.tokens);
+      written[written.size() - argument.tokens.size()].blankBefore = true;
+    };
+    add(u"", arguments[0]);
+    std::size_t i = 1;
+    for (; i + 1 < arguments.size(); i += 2) {
+      add(u"WHEN", arguments[i]);
+      add(u"THEN", arguments[i + 1]);
+    }
+    if (i < arguments.size()) add(u"ELSE", arguments[i]);
+    written.push_back({TokenKind::Word, u"END", position, true});
+    return written;
   }
 
   Node Aggregate() {
@@ -914,7 +951,8 @@ class Typing {
   void OneRow(Tokens& list, const Token& select) {
     if (scope_->sawOuter && !scope_->sawOwn) Refuse(u"a value of the SELECT around it", select);
     Tokens value = Slice(list, 1, oneItemEnd_);
-    Wrap(value, u"only_row");
+    // DISTINCT leaves no room for a position.
+    Wrap(value, u"only_row", IsWord(value[0], u"DISTINCT") ? nullptr : &select);
     value[0].blankBefore = true;
     Tokens written = {list[0]};
     Append(written, value);

@@ -10,7 +10,9 @@
 //   a / b                    quotient(a, b)         which refuses to divide by zero
 //   a + b = 0.3              exact(a + b) = 0.3     to 15 digits, as decimal numbers would be
 //   x = (SELECT y FROM t)    x = (SELECT only_row(y) FROM t)   which refuses a second row
+//   decode(x, 0, 0, y / x)   CASE x WHEN 0 THEN 0 ELSE quotient(y, x) END
 //
+// What may fail gets its position in the statement as one more argument, left out above.
 // The functions it writes, and those that it lets through, are the database's to have
 // (hosts/sqlite/Functions.h). Everything else that the dialect does not have, or that the database
 // would answer otherwise, is refused: unknown words, functions and operators, a column beside an

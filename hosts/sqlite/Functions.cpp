@@ -7,6 +7,7 @@
 #include <iterator>
 #include <new>
 #include <stdexcept>
+#include <string>
 
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Numbers.h"
@@ -32,8 +33,14 @@ bool IsNull(sqlite3_value* value) {
 // Goes to whoever sent the statement.
 class Refusal : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit Refusal(const std::string& what)
+      : std::runtime_error("The adapter refuses " + what + ".") {}
 };
+
+// The last argument of what may fail, if it is there: a position in the statement as it was sent.
+std::string PlaceIn(sqlite3_value* position) {
+  return ", at position " + std::to_string(sqlite3_value_int64(position));
+}
 
 // A number without needless zeros, where the embedded database would write 12.0.
 Text TextOf(sqlite3_value* value) {
@@ -260,7 +267,9 @@ void ToNumber(sqlite3_context* context, Arguments arguments) {
     return sqlite3_result_value(context, arguments[0]);
   const Text text = TextOf(arguments[0]);
   const auto number = NumberOf(text);
-  if (!number) throw Refusal("a text that is no number: " + ToUtf8(text.substr(0, 40)));
+  if (!number)
+    throw Refusal("a text that is no number: " + ToUtf8(text.substr(0, 40)) +
+                  (arguments.count > 1 ? PlaceIn(arguments[1]) : ""));
   if (const auto* whole = std::get_if<std::int64_t>(&*number))
     return sqlite3_result_int64(context, *whole);
   sqlite3_result_double(context, std::get<double>(*number));
@@ -279,13 +288,13 @@ void Exact(sqlite3_context* context, Arguments arguments) {
 void Quotient(sqlite3_context* context, Arguments arguments) {
   if (IsNull(arguments[0]) || IsNull(arguments[1])) return;
   const double divisor = sqlite3_value_double(arguments[1]);
-  if (divisor == 0) throw Refusal("a division by zero");
+  if (divisor == 0) throw Refusal("a division by zero" + PlaceIn(arguments[2]));
   AnswerNumber(context, sqlite3_value_double(arguments[0]) / divisor);
 }
 
 void TextOnly(sqlite3_context* context, Arguments arguments) {
   if (!IsNull(arguments[0]) && sqlite3_value_type(arguments[0]) != SQLITE_TEXT)
-    throw Refusal("a number beside a text");
+    throw Refusal("a number beside a text" + PlaceIn(arguments[1]));
   sqlite3_result_value(context, arguments[0]);
 }
 
@@ -298,11 +307,13 @@ struct OneValue {
   sqlite3_value* value;
 };
 
-void OnlyRowStep(sqlite3_context* context, int, sqlite3_value** values) {
+void OnlyRowStep(sqlite3_context* context, int count, sqlite3_value** values) {
   auto* kept = static_cast<OneValue*>(sqlite3_aggregate_context(context, sizeof(OneValue)));
   if (kept == nullptr) return sqlite3_result_error_nomem(context);
-  if (kept->value != nullptr)
-    return sqlite3_result_error(context, "several rows where one value should be", -1);
+  if (kept->value != nullptr) {
+    const Refusal refusal("several rows for one value" + (count > 1 ? PlaceIn(values[1]) : ""));
+    return sqlite3_result_error(context, refusal.what(), -1);
+  }
   kept->value = sqlite3_value_dup(values[0]);
   if (kept->value == nullptr) sqlite3_result_error_nomem(context);
 }
@@ -379,17 +390,18 @@ constexpr Entry kEntries[] = {
     {"mod", 2, Call<Mod>},
     {"nvl2", 3, Call<Nvl2>},
     {"to_number", 1, Call<ToNumber>},
+    {"to_number", 2, Call<ToNumber>},
     {"to_char", 1, Call<ToChar>},
     {"exact", 1, Call<Exact>},
-    {"quotient", 2, Call<Quotient>},
-    {"text_only", 1, Call<TextOnly>},
+    {"quotient", 3, Call<Quotient>},
+    {"text_only", 2, Call<TextOnly>},
 };
 
 }  // namespace
 
 void AddFunctions(sqlite3* database) {
   constexpr int kTraits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  bool taken = sqlite3_create_function_v2(database, "only_row", 1, kTraits, nullptr, nullptr,
+  bool taken = sqlite3_create_function_v2(database, "only_row", -1, kTraits, nullptr, nullptr,
                                           OnlyRowStep, OnlyRowEnd, nullptr) == SQLITE_OK;
   for (const Entry& entry : kEntries)
     taken =

@@ -17,9 +17,10 @@
 //   to_number(a), to_char(n)          refuse what is no number; 0.5 is ".5"
 // and what hosts/dialect/Types.h writes:
 //   exact(n)                          to 15 digits
-//   quotient(a, b)                    with its fraction; refuses 0
-//   text_only(a)                      refuses a number
-//   only_row(a)                       an aggregate: the one value, Null where there is none
+//   to_number(a, position)
+//   quotient(a, b, position)          with its fraction; refuses 0
+//   text_only(a, position)            refuses a number
+//   only_row(a, position)             an aggregate: the one value, Null where there is none
 //
 // A text result that is empty is Null. Positions are counted in characters, surrogates as one.
 #pragma once
