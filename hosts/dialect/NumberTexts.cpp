@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "fetchkit/base/Numbers.h"
 
@@ -66,6 +67,16 @@ std::optional<std::variant<std::int64_t, double>> NumberOf(TextView text) {
 Text TextOfNumber(double number) {
   if (!(std::fabs(number) < 1e40)) return {};
   Text text = PlainDecimalText(number);
+  std::size_t significant = 0;
+  std::size_t zeros = 0;
+  for (const char16_t c : text) {
+    if (c == u'0') {
+      if (significant > 0) ++zeros;
+    } else if (IsDigit(c)) {
+      significant += std::exchange(zeros, 0) + 1;
+    }
+  }
+  if (significant >= kDigitsOfDouble) return {};
   const std::size_t sign = text.front() == u'-' ? 1 : 0;
   if (text.size() > sign + 1 && text[sign] == u'0') text.erase(sign, 1);
   return text;

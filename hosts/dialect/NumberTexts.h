@@ -14,8 +14,9 @@ namespace fetchkit::hosts {
 // 15, or a whole number of 64 bits.
 std::optional<std::variant<std::int64_t, double>> NumberOf(TextView text);
 
-// At most 15 digits, no exponent, no zero in front of the point: 0.5 is ".5". Empty for a number of
-// more than 40 digits, which has another form there.
+// At most 14 digits, no exponent, no zero in front of the point: 0.5 is ".5". Empty for a number
+// with more digits, of which the last may be cut off, and for one of more than 40 places, which has
+// another form there.
 Text TextOfNumber(double number);
 
 }  // namespace fetchkit::hosts

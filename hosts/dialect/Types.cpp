@@ -53,6 +53,16 @@ struct Node {
   bool isCondition = false;
   bool inexact = false;  // the result of arithmetic, whose last binary digits are noise
   bool isLiteral = false;
+  // A quotient has more digits than a number here can hold; what is reckoned on with it seems to
+  // have few again, where the dialect keeps the many.
+  bool hasQuotient = false;
+  bool reckonsOnQuotient = false;
+
+  void TakeOver(const Node& part, bool reckons) {
+    reckonsOnQuotient =
+        reckonsOnQuotient || part.reckonsOnQuotient || (reckons && part.hasQuotient);
+    hasQuotient = hasQuotient || part.hasQuotient;
+  }
 };
 
 struct Source {
@@ -339,10 +349,18 @@ class Typing {
     Tokens sign;
     Take(sign);
     Node right = Sum();
+    if (sign[0].text == u"=" || sign[0].text == u"<>" || sign[0].text == u"!=")
+      RequireDigits({&left, &right});
     Unify(left, right);
     Append(left.tokens, sign);
     Append(left.tokens, right.tokens);
     return ConditionOf(std::move(left.tokens));
+  }
+
+  static void RequireDigits(const std::vector<const Node*>& values) {
+    for (const Node* value : values)
+      if (value->reckonsOnQuotient)
+        Refuse(u"whether what is reckoned with a quotient is equal", value->tokens[0]);
   }
 
   Node IsNull(Node left) {
@@ -443,6 +461,8 @@ class Typing {
       for (const Node& value : values)
         all.push_back(&value);
       RequireSameType(all, left.type);
+      all.push_back(&left);
+      RequireDigits(all);
       for (std::size_t i = 0; i < values.size(); ++i) {
         if (i > 0) list.tokens.push_back(commas[i - 1]);
         Unify(left, values[i]);
@@ -474,6 +494,8 @@ class Typing {
         sum = AsOperand(std::move(sum));
         next = AsOperand(std::move(next));
       }
+      sum.reckonsOnQuotient = sum.reckonsOnQuotient || (sum.hasQuotient && !joins);
+      sum.TakeOver(next, !joins);
       Append(sum.tokens, sign);
       Append(sum.tokens, next.tokens);
       sum.type = joins ? Text : Number;
@@ -493,6 +515,9 @@ class Typing {
       Take(sign);
       product = AsOperand(std::move(product));
       const Node next = AsOperand(Signed());
+      product.reckonsOnQuotient = product.reckonsOnQuotient || product.hasQuotient;
+      product.TakeOver(next, true);
+      product.hasQuotient = product.hasQuotient || IsSign(sign[0], u"/");
       if (IsSign(sign[0], u"*")) {
         Append(product.tokens, sign);
         Append(product.tokens, next.tokens);
@@ -592,6 +617,7 @@ class Typing {
     const auto result = [&] {
       Take(node.tokens);
       const Node value = Exact(Value());
+      node.TakeOver(value, false);
       RequireOneType(node.type, value);
       Append(node.tokens, value.tokens);
     };
@@ -643,6 +669,9 @@ class Typing {
         arguments.push_back(Value());
       }
       node.type = Convert(name, arguments);
+      if (!IsAnyWord(name, {u"ROUND", u"TRUNC", u"FLOOR", u"SIGN"}))
+        for (const Node& argument : arguments)
+          node.TakeOver(argument, false);
       for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (i > 0) call.push_back(commas[i - 1]);
         Append(call, arguments[i].tokens);
@@ -765,6 +794,8 @@ class Typing {
     argument = adds ? AsNumber(std::move(argument)) : Exact(std::move(argument));
     if (!adds && !counts) node.type = argument.type;
     node.inexact = adds;
+    node.TakeOver(argument, adds);
+    node.hasQuotient = node.hasQuotient || IsWord(name, u"AVG");
     Append(node.tokens, argument.tokens);
     TakeSign(node.tokens, u")");
     return node;

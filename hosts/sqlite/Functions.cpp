@@ -46,7 +46,7 @@ std::string PlaceIn(sqlite3_value* position) {
 Text TextOf(sqlite3_value* value) {
   if (sqlite3_value_type(value) == SQLITE_FLOAT) {
     Text text = TextOfNumber(sqlite3_value_double(value));
-    if (text.empty()) throw Refusal("a number that is too large for a text");
+    if (text.empty()) throw Refusal("a number of too many digits as a text");
     return text;
   }
   const auto* text = static_cast<const char16_t*>(sqlite3_value_text16(value));
