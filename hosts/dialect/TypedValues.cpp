@@ -11,6 +11,9 @@ namespace {
 
 using enum ValueType;
 
+// Each is written inside the next.
+constexpr std::size_t kMostDivisions = 50;
+
 // One letter per argument: t text, n number.
 struct Function {
   TextView name;
@@ -74,6 +77,7 @@ Node TypedStatement::Sum() {
 Node TypedStatement::Product() {
   const std::size_t begin = at_;
   const std::size_t bare = BareColumns();
+  std::size_t divisions = 0;
   Node product = Signed();
   while (AtSign(u"*") || AtSign(u"/")) {
     Tokens sign;
@@ -89,6 +93,7 @@ Node TypedStatement::Product() {
     } else {
       product.tokens.push_back({TokenKind::Sign, u",", sign[0].position, false});
       Append(product.tokens, next.tokens);
+      if (++divisions > kMostDivisions) Refuse(u"too many divisions in a row", sign[0]);
       Wrap(product.tokens, u"quotient", sign.data());
     }
     product.inexact = true;

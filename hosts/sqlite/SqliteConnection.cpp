@@ -23,6 +23,11 @@ class DatabaseCatalog : public hosts::Catalog {
   bool ConfusesTypes() const override { return true; }
 
   std::vector<hosts::TypedColumn> TypesOf(TextView table) override {
+    // The embedded database's own tables, which are in no account.
+    Text name = UpperAscii(table.substr(table.rfind(u'.') + 1));
+    if (name.starts_with(u'"')) name.erase(0, 1);
+    for (const TextView own : {u"SQLITE_", u"PRAGMA_", u"JSON_", u"DBSTAT"})
+      if (name.starts_with(own)) throw Error(ErrorKind::Host, Join(u"no such table: ", table));
     const Statement statement(database_, Join(u"SELECT * FROM ", table, u" WHERE 0"));
     std::vector<hosts::TypedColumn> columns;
     for (int i = 0; i < statement.ColumnCount(); ++i)
