@@ -4,6 +4,7 @@ include(CMakeFindDependencyMacro)
 include(${CMAKE_CURRENT_LIST_DIR}/FetchKitTargets.cmake)
 
 set(FetchKit_Sqlite_NEEDS SQLite3)
+set(FetchKit_Odbc_NEEDS ODBC Threads)
 
 foreach(component IN LISTS FetchKit_FIND_COMPONENTS)
   set(targets ${CMAKE_CURRENT_LIST_DIR}/FetchKit${component}Targets.cmake)

@@ -5,6 +5,7 @@
 
 #include "hosts/dialect/OuterJoin.h"
 #include "hosts/dialect/Tokenizer.h"
+#include "hosts/dialect/Translation.h"
 
 namespace fetchkit::hosts {
 namespace {
@@ -235,14 +236,18 @@ Tokens DrawSequences(const Tokens& tokens, Catalog& catalog) {
   return written;
 }
 
-Tokens AdaptTokens(const Tokens& tokens, Catalog& catalog) {
+Tokens AdaptTokens(const Tokens& tokens, Catalog& catalog, const Engine* engine) {
   RefuseForeignWords(tokens);
   const Tokens typed =
       catalog.ConfusesTypes()
           ? WithTypes(tokens, [&](TextView table) { return catalog.TypesOf(table); })
           : tokens;
-  return RewriteOuterJoins(OrderNulls(Expressions::Adapt(typed)),
-                           [&](TextView item) { return catalog.ColumnsOf(item); });
+  const auto inWords = [&](const Tokens& adapted) {
+    return engine == nullptr ? adapted : Translate(adapted, *engine);
+  };
+  return inWords(RewriteOuterJoins(OrderNulls(Expressions::Adapt(typed)), [&](TextView item) {
+    return catalog.ColumnsOf(ToSql(inWords(Tokenize(item))));
+  }));
 }
 
 // The statements between "Begin" and "End;", each with its own ";".
@@ -269,7 +274,7 @@ std::vector<Tokens> StatementsOfBlock(const Tokens& tokens) {
 
 }  // namespace
 
-AdaptedStatement Adapt(TextView sql, Catalog& catalog) {
+AdaptedStatement Adapt(TextView sql, Catalog& catalog, const Engine* engine) {
   const Tokens tokens = Tokenize(sql);
   if (tokens.empty()) Refuse(u"a statement without text", {TokenKind::Sign, Text(sql), 1, false});
 
@@ -288,7 +293,7 @@ AdaptedStatement Adapt(TextView sql, Catalog& catalog) {
   for (Tokens& statement : statements) {
     for (const Token& token : statement)
       if (IsSign(token, u";")) Refuse(u"a ; outside of a block", token);
-    statement = AdaptTokens(statement, catalog);
+    statement = AdaptTokens(statement, catalog, engine);
   }
   // Last, when nothing can be refused any more.
   AdaptedStatement adapted{kind, {}};

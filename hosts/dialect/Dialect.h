@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "fetchkit/base/Text.h"
+#include "hosts/dialect/Engine.h"
 #include "hosts/dialect/Types.h"
 
 namespace fetchkit::hosts {
@@ -49,9 +50,12 @@ struct AdaptedStatement {
   std::vector<Text> statements;
 };
 
+// The statements for the embedded database, or for another engine (Translation.h says what is
+// written otherwise there) that does not speak the dialect.
+//
 // Error (Host), which names what and the position, for text that the adapter does not understand,
 // and whatever catalog throws. A number is drawn only for a statement that is understood; as in the
 // real database it stays drawn when the statement then fails.
-AdaptedStatement Adapt(TextView sql, Catalog& catalog);
+AdaptedStatement Adapt(TextView sql, Catalog& catalog, const Engine* engine = nullptr);
 
 }  // namespace fetchkit::hosts

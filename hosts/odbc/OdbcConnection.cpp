@@ -1,0 +1,157 @@
+#include "hosts/odbc/OdbcConnection.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "fetchkit/base/Error.h"
+#include "hosts/dialect/Dialect.h"
+#include "hosts/odbc/Link.h"
+#include "hosts/odbc/ReadOnly.h"
+#include "hosts/odbc/Secrets.h"
+#include "hosts/odbc/Statement.h"
+
+namespace fetchkit {
+namespace {
+
+// Characters of one and of several bytes in every encoding that a driver might take for UTF-8.
+constexpr TextView kEcho = u"'a\u90e8\u9580\u00e9'";
+
+[[noreturn]] void Fail(TextView what) {
+  throw Error(ErrorKind::Host, what);
+}
+
+}  // namespace
+
+// The connection to the database, opened again when it was lost, and what is set on it.
+class OdbcConnection::Session : public hosts::Catalog {
+ public:
+  Session(TextView connectionString, OdbcSettings settings)
+      : settings_(settings),
+        engine_(hosts::EngineOf(settings.engine)),
+        connectionString_(connectionString),
+        secrets_(connectionString) {}
+
+  // Runs the work on a connection that is open and set for the schema. What it throws tells no
+  // secret.
+  template <class Work>
+  auto With(TextView schema, Work&& work) {
+    try {
+      Prepare(schema);
+      return work();
+    } catch (const Error& error) {
+      throw Error(error.kind(), secrets_.Hide(error.description()));
+    }
+  }
+
+  const OdbcSettings& settings() const { return settings_; }
+  odbc::Link& link() { return *link_; }
+  odbc::Statement NewStatement() { return {*link_, settings_.statementTimeout}; }
+
+  // The statements for the database.
+  hosts::AdaptedStatement Adapt(TextView sql) {
+    using Kind = hosts::AdaptedStatement::Kind;
+    if (!engine_.SpeaksTheDialect()) return hosts::Adapt(sql, *this, &engine_);
+    return {odbc::IsQuery(sql) ? Kind::Query : Kind::Change, {Text(sql)}};
+  }
+
+  std::vector<Text> ColumnsOf(TextView fromItem) override {
+    return NewStatement().ColumnsOf(Join(u"SELECT * FROM ", fromItem, u" WHERE 1=0"));
+  }
+
+  // Of an engine without sequences: a table holds the numbers that were drawn last.
+  std::int64_t NextValue(TextView schema, TextView sequence) override {
+    if (settings_.readOnly) Fail(u"The connection is read-only: no number is drawn.");
+    const Text table = Join(schema, schema.empty() ? u"" : u".", u"demo_sequence");
+    const Text which = Join(u" WHERE name = '", sequence, u"'");
+    odbc::Transaction transaction(*link_);
+    if (NewStatement().Change(Join(u"UPDATE ", table, u" SET last = last + 1", which)) == 0)
+      Fail(Join(u"There is no sequence ", sequence, u"."));
+    const odbc::Rows rows = NewStatement().Query(Join(u"SELECT last FROM ", table, which));
+    transaction.Commit();
+    return static_cast<std::int64_t>(ToDouble(rows.cells.at(0)));
+  }
+
+ private:
+  void Prepare(TextView schema) {
+    // Another schema begins with a connection of its own, on which nothing is set.
+    if (link_ && (link_->IsDead() || (!schema_.empty() && schema != schema_))) link_.reset();
+    if (!link_) {
+      // Kept only when it is set as it has to be.
+      link_.emplace(connectionString_, settings_.loginTimeout);
+      schema_.clear();
+      try {
+        SetUp();
+      } catch (...) {
+        link_.reset();
+        throw;
+      }
+    }
+    if (schema == schema_) return;
+    for (const Text& statement : engine_.SchemaStatements(schema))
+      NewStatement().Change(statement);
+    Demand();
+    schema_ = schema;
+  }
+
+  void SetUp() {
+    for (const Text& statement : engine_.SessionStatements(settings_.readOnly))
+      NewStatement().Change(statement);
+    const odbc::Rows echo = NewStatement().Query(engine_.EchoQuery(kEcho));
+    if (ToTextOrEmpty(echo.cells.at(0)) != kEcho.substr(1, kEcho.size() - 2))
+      Fail(u"Texts do not come through the driver as UTF-8: see docs/hosts.md for its settings.");
+    Demand();
+  }
+
+  void Demand() {
+    for (const Text& demand : engine_.Demands()) {
+      const odbc::Rows answer = NewStatement().Query(demand);
+      if (!answer.cells.empty() && !answer.cells[0].IsNull())
+        Fail(Join(u"The database is not set as the library needs it: ", ToText(answer.cells[0]),
+                  u"."));
+    }
+  }
+
+  OdbcSettings settings_;
+  const hosts::Engine& engine_;
+  Text connectionString_;
+  odbc::Secrets secrets_;
+  std::optional<odbc::Link> link_;
+  Text schema_;  // that is set on the connection; empty: what the connection string says
+};
+
+OdbcConnection::OdbcConnection(TextView connectionString, OdbcSettings settings)
+    : TracedConnection(Login()), session_(std::make_unique<Session>(connectionString, settings)) {
+  session_->With({}, [] {});
+}
+
+OdbcConnection::~OdbcConnection() = default;
+
+std::shared_ptr<hosts::MemoryRecordset> OdbcConnection::Query(TextView sql, Text& adapted) {
+  return session_->With(login.userId, [&] {
+    if (session_->settings().readOnly) odbc::RefuseChanges(sql);
+    const hosts::AdaptedStatement statement = session_->Adapt(sql);
+    if (statement.kind != hosts::AdaptedStatement::Kind::Query)
+      Fail(u"A statement that gives no rows cannot be opened.");
+    adapted = statement.statements[0];
+    odbc::Rows rows = session_->NewStatement().Query(adapted);
+    return std::make_shared<hosts::MemoryRecordset>(std::move(rows.names), std::move(rows.cells));
+  });
+}
+
+std::int64_t OdbcConnection::Change(TextView sql, Text& adapted) {
+  return session_->With(login.userId, [&] {
+    if (session_->settings().readOnly) Fail(u"The connection is read-only: nothing is changed.");
+    const std::vector<Text> statements = session_->Adapt(sql).statements;
+    for (const Text& statement : statements)
+      adapted += Join(adapted.empty() ? u"" : u"; ", statement);
+    odbc::Transaction transaction(session_->link());
+    std::int64_t rows = 0;
+    for (const Text& statement : statements)
+      rows += session_->NewStatement().Change(statement);
+    transaction.Commit();
+    return rows;
+  });
+}
+
+}  // namespace fetchkit

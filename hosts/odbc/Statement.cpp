@@ -1,0 +1,78 @@
+#include "hosts/odbc/Statement.h"
+
+#include <algorithm>
+#include <string>
+
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
+#include "hosts/odbc/Columns.h"
+#include "hosts/odbc/Watchdog.h"
+
+namespace fetchkit::odbc {
+namespace {
+
+// Runs the work under a watchdog and says so when that has ended it.
+template <class Work>
+auto Watched(SQLHSTMT statement, std::chrono::milliseconds limit, Work&& work) {
+  Watchdog watchdog(statement, limit);
+  try {
+    return work();
+  } catch (const Error& error) {
+    if (!watchdog.HasCancelled()) throw;
+    throw Error(ErrorKind::Host, Join(u"The statement took longer than ", limit.count(),
+                                      u" ms and was cancelled: ", error.description()));
+  }
+}
+
+}  // namespace
+
+void Statement::Execute(TextView sql) {
+  SQLHSTMT const statement = handle_.get();
+  // What stands in braces is text and no escape sequence of ODBC; not every driver can be told.
+  SQLSetStmtAttr(statement, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
+  std::string text = ToUtf8(sql);
+  Check(SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(text.data()),
+                      static_cast<SQLINTEGER>(text.size())),
+        SQL_HANDLE_STMT, statement);
+}
+
+Rows Statement::Query(TextView sql) {
+  SQLHSTMT const statement = handle_.get();
+  return Watched(statement, limit_, [&] {
+    for (std::vector<SQLLEN> widths;;) {
+      Execute(sql);
+      const std::vector<ColumnDescription> described = Describe(statement);
+      if (described.empty())
+        throw Error(ErrorKind::Host, u"A statement that gives no rows cannot be opened.");
+      Rows rows;
+      for (const ColumnDescription& column : described)
+        rows.names.push_back(column.name);
+      widths.resize(described.size());
+      if (FetchAll(statement, described, widths, rows.cells)) return rows;
+      SQLFreeStmt(statement, SQL_CLOSE);
+    }
+  });
+}
+
+std::int64_t Statement::Change(TextView sql) {
+  return Watched(handle_.get(), limit_, [&] {
+    Execute(sql);
+    SQLLEN rows = 0;
+    SQLRowCount(handle_.get(), &rows);
+    SQLFreeStmt(handle_.get(), SQL_CLOSE);
+    return std::max<std::int64_t>(rows, 0);
+  });
+}
+
+std::vector<Text> Statement::ColumnsOf(TextView query) {
+  return Watched(handle_.get(), limit_, [&] {
+    Execute(query);
+    std::vector<Text> names;
+    for (ColumnDescription& column : Describe(handle_.get()))
+      names.push_back(std::move(column.name));
+    SQLFreeStmt(handle_.get(), SQL_CLOSE);
+    return names;
+  });
+}
+
+}  // namespace fetchkit::odbc

@@ -1,0 +1,45 @@
+// A statement on a connection: run, and its rows read.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "fetchkit/base/Text.h"
+#include "fetchkit/base/Value.h"
+#include "hosts/odbc/Link.h"
+
+namespace fetchkit::odbc {
+
+// Rows in memory, as MemoryRecordset takes them.
+struct Rows {
+  std::vector<Text> names;
+  std::vector<Value> cells;  // row by row
+};
+
+// All operations throw Error (Host) with the database's own words; for a statement that took longer
+// than the limit they say that.
+class Statement {
+ public:
+  // limit: see OdbcSettings::statementTimeout.
+  Statement(Link& link, std::chrono::milliseconds limit) : limit_(limit), handle_(link.handle()) {}
+
+  // Runs the statement and reads its rows to the end. The text may be run twice: see
+  // OdbcConnection.
+  Rows Query(TextView sql);
+
+  // Runs the statement; the number of rows that it changed, 0 where the driver cannot tell.
+  std::int64_t Change(TextView sql);
+
+  // The names of the columns that the query would give.
+  std::vector<Text> ColumnsOf(TextView query);
+
+ private:
+  void Execute(TextView sql);
+
+  std::chrono::milliseconds limit_;
+  Handle<SQL_HANDLE_STMT> handle_;
+};
+
+}  // namespace fetchkit::odbc
