@@ -4,7 +4,9 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <map>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 
@@ -126,6 +128,17 @@ void RunScripts(sqlite3* db, std::string_view prefix) {
   if (IsAccount(prefix)) RunOnly(db, kAccountTables);
   RunOnly(db, prefix);
   transaction.Commit();
+}
+
+const hosts::Database& SampleOriginal(std::string_view prefix) {
+  static std::mutex oneAtATime;
+  static std::map<std::string, std::unique_ptr<hosts::Database>, std::less<>> originals;
+  const std::lock_guard lock(oneAtATime);
+  const auto known = originals.find(prefix);
+  if (known != originals.end()) return *known->second;
+  auto made = std::make_unique<hosts::Database>();
+  RunScripts(made->handle(), prefix);
+  return *originals.emplace(prefix, std::move(made)).first->second;
 }
 
 }  // namespace fetchkit::demo

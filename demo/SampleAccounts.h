@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/sqlite/Database.h"
+
 struct sqlite3;
 
 namespace fetchkit::demo {
@@ -44,5 +46,9 @@ const SampleLogin& FindSampleLogin(std::string_view name);
 // Throws std::runtime_error with script name and message when a script fails, or when there is none
 // with this prefix; the database is then as it was.
 void RunScripts(sqlite3* db, std::string_view prefix);
+
+// What these scripts make, to be read and copied. They take a while, so a process runs them once.
+// The same errors.
+const hosts::Database& SampleOriginal(std::string_view prefix);
 
 }  // namespace fetchkit::demo

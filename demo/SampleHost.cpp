@@ -1,7 +1,13 @@
 #include "demo/SampleHost.h"
 
+#include <stdexcept>
+
 #include "demo/SampleAccounts.h"
 #include "fetchkit/base/Utf8.h"
+#include "hosts/sqlite/SqliteConnection.h"
+#ifdef FETCHKIT_DEMO_ODBC
+#include "hosts/odbc/OdbcConnection.h"
+#endif
 
 namespace fetchkit::demo {
 namespace {
@@ -13,9 +19,7 @@ std::shared_ptr<hosts::Database> OpenAccount(std::string_view userId) {
     for (const SampleDatabase& sample : SampleDatabases()) {
       const bool isServers = sample.schema == "System";
       if (account ? sample.schema != userId : !isServers) continue;
-      hosts::Database filled;
-      RunScripts(filled.handle(), sample.prefix);
-      database->AttachCopy(filled, FromUtf8(sample.schema));
+      database->AttachCopy(SampleOriginal(sample.prefix), FromUtf8(sample.schema));
     }
   }
   return database;
@@ -36,11 +40,23 @@ Login LoginOf(const SampleLogin& sample) {
 
 }  // namespace
 
+std::shared_ptr<TracedConnection> SampleHost::Open(std::string_view userId) const {
+  if (target_.connectionString.empty())
+    return std::make_shared<SqliteConnection>(OpenAccount(userId), Login());
+#ifdef FETCHKIT_DEMO_ODBC
+  OdbcSettings settings;
+  settings.engine = target_.engine;
+  return std::make_shared<OdbcConnection>(FromUtf8(target_.connectionString), settings);
+#else
+  throw std::invalid_argument("--odbc: this demo was built without the host for ODBC");
+#endif
+}
+
 void SampleHost::Switch(std::string_view loginName) {
   const SampleLogin& sample = FindSampleLogin(loginName);
   auto& connection = connections_[std::string(sample.userId)];
   if (!connection) {
-    connection = std::make_shared<SqliteConnection>(OpenAccount(sample.userId), Login());
+    connection = Open(sample.userId);
     connection->trace = [reports = reports_](const StatementReport& report) {
       reports->push_back(report);
     };

@@ -22,7 +22,11 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "\nEvery statement that the library sends is listed; --trace shows it whole with its answer.\n"
     "On a terminal the output has colour and columns; elsewhere it is plain text, tabs between\n"
-    "columns. Nothing is written to disk: the accounts are made anew in memory at every start.";
+    "columns. Without --odbc nothing is written to disk: the accounts are made anew in memory at "
+    "every\n"
+    "start. What stands behind --odbc can be given as FETCHKIT_ODBC, too, where no other user of "
+    "the\n"
+    "machine sees its password.";
 
 int Run(int argc, char** argv) {
   CLI::App app(kDescription, "./run demo");
@@ -32,6 +36,7 @@ int Run(int argc, char** argv) {
   CommonOptions common;
   ColourMode colour = ColourMode::Auto;
   AddCommonOptions(app, common, colour);
+  AddTargetOptions(app, common.target);
 
   app.require_subcommand(0, 1);
   CLI::App* accounts = app.add_subcommand("accounts", "List the sample logins");
@@ -63,9 +68,20 @@ int Run(int argc, char** argv) {
   filters->add_flag("--script", script, "Let the scripted user choose (the default elsewhere)")
       ->excludes(asked);
 
+#ifdef FETCHKIT_DEMO_ODBC
+  CLI::App* load =
+      app.add_subcommand("load", "Write the sample accounts to the database of --odbc");
+  bool replace = false;
+  load->add_flag("--replace", replace, "Replace what an earlier load wrote there, without asking");
+#endif
+
   CLI11_PARSE(app, argc, argv);
   Console console(stdout, colour);
   if (accounts->parsed()) return RunAccounts(console);
+#ifdef FETCHKIT_DEMO_ODBC
+  if (load->parsed())
+    return RunLoad(console, common, replace, std::cin, IsTerminal(stdin) && IsTerminal(stdout));
+#endif
   if (dates->parsed()) return RunDates(console, common, date);
   if (rights->parsed()) return RunRights(console, common);
   if (settings->parsed()) return RunSettings(console, common);

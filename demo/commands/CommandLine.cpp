@@ -18,6 +18,22 @@ void AddCommonOptions(CLI::App& app, CommonOptions& common, ColourMode& colour) 
       ->option_text("WHEN [auto]");
 }
 
+void AddTargetOptions(CLI::App& app, OdbcTarget& target) {
+  // On a command line everybody on the machine can read a password.
+  app.add_option("--odbc", target.connectionString,
+                 "Use the accounts of that database instead: \"DSN=...;...\" or \"Driver=...;...\"")
+      ->envname("FETCHKIT_ODBC")
+      ->option_text("STRING");
+  std::map<std::string, SqlEngine> engines;
+  for (const SqlEngine engine :
+       {SqlEngine::Oracle, SqlEngine::PostgreSql, SqlEngine::MariaDb, SqlEngine::Sqlite})
+    engines.emplace(hosts::NameOf(engine), engine);
+  app.add_option("--engine", target.engine,
+                 "What that database is: oracle, postgresql, mariadb or sqlite")
+      ->transform(CLI::CheckedTransformer(engines, CLI::ignore_case))
+      ->option_text("NAME [oracle]");
+}
+
 void AddListOptions(CLI::App& subcommand, std::int32_t& viewId, int& rows) {
   subcommand.add_option("--view", viewId, "The view: 101 to 104")->capture_default_str();
   subcommand.add_option("--rows", rows, "Rows to print at most")

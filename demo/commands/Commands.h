@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "demo/SampleHost.h"
 #include "demo/console/Console.h"
 
 namespace fetchkit::demo {
@@ -14,6 +15,7 @@ namespace fetchkit::demo {
 struct CommonOptions {
   std::string login = "main";  // a name of SampleLogins
   bool trace = false;          // every statement whole, with its answer
+  OdbcTarget target{};         // where the accounts are
 };
 
 // Logs in to the sample accounts, again and again with one thing changed, and shows what the host
@@ -60,6 +62,13 @@ struct FilterOptions {
 // that is none.
 int RunFilter(Console& console, const CommonOptions& options, const FilterOptions& filter,
               std::istream& in, bool interactive);
+
+// Writes the sample accounts to the target. What an earlier one wrote there is replaced when
+// replace says so or, asked where somebody can answer (interactive), whoever sits there; 1 when
+// they do not want it. std::invalid_argument where nobody can be asked, and without a target; what
+// ServerAccounts throws.
+int RunLoad(Console& console, const CommonOptions& options, bool replace, std::istream& in,
+            bool interactive);
 
 // The sample logins by name.
 int RunAccounts(Console& console);

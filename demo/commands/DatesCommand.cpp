@@ -35,7 +35,7 @@ std::vector<std::string> Evaluate(DemoSession& session, TextView keyword, bool f
 }  // namespace
 
 int RunDates(Console& console, const CommonOptions& options, const std::string& date) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   if (!date.empty()) {
     const auto parsed = CurrentPlatform().ParseDate(FromUtf8(date));

@@ -9,7 +9,8 @@
 
 namespace fetchkit::demo {
 
-DemoSession::DemoSession(Console& console, bool trace) : console_(console), trace_(trace) {
+DemoSession::DemoSession(Console& console, bool trace, OdbcTarget target)
+    : console_(console), trace_(trace), host_(std::move(target)) {
   ReleaseThread();
   sinkBefore_ = SetDiagnosticsSink(this);
 }

@@ -19,7 +19,8 @@ namespace fetchkit::demo {
 class DemoSession : private DiagnosticsSink {
  public:
   // trace: show every statement whole, with its answer; otherwise one line each.
-  DemoSession(Console& console, bool trace);
+  // target: where the sample accounts are.
+  DemoSession(Console& console, bool trace, OdbcTarget target = {});
   ~DemoSession() override;
   DemoSession(const DemoSession&) = delete;
   DemoSession& operator=(const DemoSession&) = delete;
@@ -37,7 +38,7 @@ class DemoSession : private DiagnosticsSink {
 
   Interface& entry() { return entry_; }
 
-  const std::shared_ptr<SqliteConnection>& connection() const { return host_.connection(); }
+  const std::shared_ptr<TracedConnection>& connection() const { return host_.connection(); }
 
   // Runs work, then prints the statements it sent and their number.
   template <class Work>

@@ -31,7 +31,7 @@ void WithRows(DemoSession& session, TextView sql, Work&& work) {
 
 int RunFilter(Console& console, const CommonOptions& options, const FilterOptions& filter,
               std::istream& in, bool interactive) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
   ListSet& set = *session.entry().ListSet();

@@ -19,7 +19,7 @@ Text Ids(int count) {
 }  // namespace
 
 int RunFormat(Console& console, const CommonOptions& options) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
   Activity activity;

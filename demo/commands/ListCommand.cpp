@@ -124,7 +124,7 @@ void Apply(ListType& list, TextView text) {
 }  // namespace
 
 int RunList(Console& console, const CommonOptions& options, const ListOptions& list) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
   ListSet& set = *session.entry().ListSet();

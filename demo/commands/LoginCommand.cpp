@@ -130,7 +130,7 @@ bool ShowState(Console& console, const LoginState& state) {
 }  // namespace
 
 int RunLogin(Console& console, const CommonOptions& options) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   Interface& entry = session.entry();
 
   const auto login = [&](std::string_view title, std::string_view name) {

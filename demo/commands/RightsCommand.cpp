@@ -19,7 +19,7 @@ std::string OrAll(const Text& restriction) {
 }  // namespace
 
 int RunRights(Console& console, const CommonOptions& options) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
   Interface& entry = session.entry();

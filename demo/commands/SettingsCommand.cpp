@@ -8,7 +8,7 @@
 namespace fetchkit::demo {
 
 int RunSettings(Console& console, const CommonOptions& options) {
-  DemoSession session(console, options.trace);
+  DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
   Activity activity;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "demo/console/Console.h"
-#include "hosts/sqlite/SqliteConnection.h"
+#include "hosts/shared/TracedConnection.h"
 
 namespace fetchkit::demo {
 

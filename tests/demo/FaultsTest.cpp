@@ -13,6 +13,7 @@
 #include "dialogs/Player.h"
 #include "fetchkit/session/Interface.h"
 #include "hosts/shared/MemoryRecordset.h"
+#include "hosts/sqlite/SqliteConnection.h"
 #include "support/FailingAllocations.h"
 #include "support/FakeConnection.h"
 #include "support/FaultyConnection.h"
@@ -73,7 +74,7 @@ class Faults : public testing::Test {
   Faults() {
     host_.Switch("main");
     // A list of a few columns with a condition of each of the main kinds.
-    Database& database = host_.connection()->database();
+    Database& database = dynamic_cast<SqliteConnection&>(*host_.connection()).database();
     database.RunScript(
         "DELETE FROM ViewField WHERE lngViewID = 101 AND lngViewFieldID NOT IN (1,3,8);"
         "DELETE FROM ListField WHERE lngViewFieldID NOT IN (1,3,8);"

@@ -39,7 +39,7 @@ class LibrarySession {
   void LogInAfresh();
 
   const ComPtr<IInterface>& entry() const { return entry_; }
-  const std::shared_ptr<SqliteConnection>& connection() const { return host_.connection(); }
+  const std::shared_ptr<TracedConnection>& connection() const { return host_.connection(); }
   ComPtr<IActivity> Activity() const;
 
   // Runs work, then prints the statements it sent and their number.

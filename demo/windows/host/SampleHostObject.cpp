@@ -128,7 +128,7 @@ const StatementReport& SampleHostObject::Report(long number) const {
   return reports[static_cast<std::size_t>(number) - 1];
 }
 
-SqliteConnection& SampleHostObject::CurrentConnection() const {
+TracedConnection& SampleHostObject::CurrentConnection() const {
   const auto& connection = core().connection();
   if (!connection) throw Error(ErrorKind::ObjectMissing, u"Ask for a connection first.");
   return *connection;

@@ -28,7 +28,7 @@ class SampleHostObject : public ComObject<ISampleHost, IID_ISampleHost, SampleHo
  private:
   // Error (InvalidCall) for a number that no statement has.
   const StatementReport& Report(long number) const;
-  SqliteConnection& CurrentConnection() const;
+  TracedConnection& CurrentConnection() const;
 };
 
 }  // namespace fetchkit::demo
