@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "component/ui/Controls.h"
 #include "fetchkit/base/Utf8.h"
@@ -251,11 +252,12 @@ int ListCount(HWND dialog, int id) {
 namespace {
 
 // Controls stand inside the dialog, none over another but over a frame; labels, frames and buttons
-// have room for their captions.
+// have room for their captions, and access keys of their own.
 void ExpectArranged(HWND dialog, const std::string& name) {
   RECT inside{};
   GetClientRect(dialog, &inside);
   std::vector<std::pair<int, RECT>> taken;
+  std::set<char16_t> keys;
   const HDC device = GetDC(dialog);
   for (HWND control = GetWindow(dialog, GW_CHILD); control;
        control = GetWindow(control, GW_HWNDNEXT)) {
@@ -279,6 +281,10 @@ void ExpectArranged(HWND dialog, const std::string& name) {
     if (!isFrame) taken.emplace_back(id, place);
     if ((!isLabel && !isButton) || (isLabel && (style & SS_ENDELLIPSIS) != 0)) continue;
     const Text caption = TextIn(dialog, id);
+    const bool hasKey = !isLabel || (style & SS_NOPREFIX) == 0;
+    if (const auto mark = caption.find(u'&'); hasKey && mark != Text::npos) {
+      EXPECT_TRUE(keys.insert(caption[mark + 1]).second) << name << ": " << ToUtf8(caption);
+    }
     RECT needed{};
     const HGDIOBJ before =
         SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));

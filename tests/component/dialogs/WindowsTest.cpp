@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 #include <tuple>
 #include <vector>
 
@@ -16,21 +15,6 @@ namespace {
 
 // Rows of the pickers.
 enum Row { kNone = -1, kEqual = 4, kBetween = 8, kThisYear = 17 };
-
-// Letters behind "&" in the captions that are to be seen.
-void ExpectUniqueAccessKeys(HWND dialog) {
-  std::set<wchar_t> keys;
-  for (HWND control = GetWindow(dialog, GW_CHILD); control;
-       control = GetWindow(control, GW_HWNDNEXT)) {
-    if (!IsWindowVisible(control) || GetDlgCtrlID(control) == ID_LBL_TITLE) continue;
-    const Text text = TextIn(dialog, GetDlgCtrlID(control));
-    const auto mark = text.find(u'&');
-    if (mark == Text::npos) continue;
-    EXPECT_TRUE(keys.insert(static_cast<wchar_t>(text[mark + 1])).second)
-        << "two controls have the access key " << static_cast<char>(text[mark + 1]);
-  }
-  EXPECT_GE(keys.size(), 5U);
-}
 
 class WindowsTest : public testing::Test {
  protected:
@@ -119,7 +103,6 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
       .Then(KeepPicture, "code")
       // The picker's last entry opens the chooser, over this dialog.
       .Then(Keys, u"↓⇲⏎")
-      .Then(ExpectUniqueAccessKeys)
       .Then(Keys, u"02")
       .Then([](HWND chooser) {
         KeepPicture(chooser, "chooser-search");
@@ -160,15 +143,13 @@ TEST_F(WindowsTest, AUserSetsConditionsOfEveryKindByHand) {
 TEST_F(WindowsTest, TheKeyboardReachesEverything) {
   std::vector<int> walked;
   Enter(u"摘要", kBetween);
-  player_.Then(ExpectUniqueAccessKeys).Then(Focus, ID_TXT_SEARCH);
-  for (int step = 0; step < 9; ++step) {
+  player_.Then(Focus, ID_TXT_SEARCH);
+  for (int step = 0; step < 9; ++step)
     player_.Then([&](HWND dialog) { walked.push_back(FocusId(dialog)); }).Then(Keys, u"⇥");
-  }
   Enter(u"摘要", kEqual);
   for (const TextView key : {u"⎇F", u"⎇M", u"⎇T", u"⎇V", u"⎇H"})
     player_.Then(Keys, key).Then([&](HWND dialog) { walked.push_back(FocusId(dialog)); });
-  Enter(u"部门", kNone);
-  player_.Then(ExpectUniqueAccessKeys).Then(Keys, u"⎋");
+  player_.Then(Keys, u"⎋");
   EXPECT_FALSE(ShowFilter());
   EXPECT_EQ(walked,
             (std::vector<int>{ID_TXT_SEARCH, ID_TVW_FILTER, ID_LXT_OTHER, ID_TXT_FROM, ID_TXT_TO,
