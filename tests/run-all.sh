@@ -110,7 +110,25 @@ consumer() {
     cmake --build "$build/consumer" &&
     for page in README README.zh-CN; do
       [[ $("$build/consumer/$page" | tail -n 1) == "2004-03-17: lngOrganizationID IN (0,0)" ]] || return 1
-    done
+    done &&
+    { [[ ! -x $build/consumer/hosts ]] ||
+      [[ $("$build/consumer/hosts") == "no connection: "*"ata source name not found"* ]]; }
+}
+
+# The host for ODBC on a PostgreSQL and a MariaDB that live as long as its tests.
+servers() {
+  if [[ ! -x $build/tests/fetchkit-server-tests ]]; then
+    echo "Left out: the host for ODBC was not built."
+    return
+  fi
+  if tools/servers.sh start "$build/servers" >"$build/servers.log" 2>&1; then
+    FETCHKIT_SERVERS=$(tools/servers.sh strings "$build/servers") binary fetchkit-server-tests
+  else
+    cat "$build/servers.log"
+    echo "FAILED: the database servers did not start"
+    failed=$((failed + 1))
+  fi
+  tools/servers.sh stop "$build/servers"
 }
 
 # The tests under Wine wait more than they work: the others run meanwhile.
@@ -120,6 +138,7 @@ if [[ -n $windows ]]; then
   trap 'kill $wine; exit 130' INT TERM
 fi
 for each in fetchkit-tests fetchkit-demo-tests; do binary "$each"; done
+servers
 check "formatted" ./run format --check
 check "no Windows header outside its rims" no_windows_headers
 check "no thread_local with a destructor" plain_thread_slot

@@ -1,0 +1,323 @@
+// The ODBC host on database servers: the demo's whole scenario, and the faults that only a server
+// makes. FETCHKIT_SERVERS holds a line for each: engine, a tab, connection string; its database
+// user may make and drop the sample accounts.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <set>
+#include <sstream>
+#include <thread>
+
+#include "demo/SampleHost.h"
+#include "demo/commands/Commands.h"
+#include "demo/servers/ServerAccounts.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
+#include "hosts/odbc/Link.h"
+#include "hosts/odbc/OdbcConnection.h"
+#include "hosts/odbc/Statement.h"
+
+namespace fetchkit::demo {
+namespace {
+
+using namespace std::chrono_literals;
+
+std::vector<OdbcTarget> Servers() {
+  std::vector<OdbcTarget> servers;
+  const char* lines = std::getenv("FETCHKIT_SERVERS");
+  std::istringstream in(lines != nullptr ? lines : "");
+  for (std::string engine, text; std::getline(in, engine, '\t') && std::getline(in, text);)
+    for (const SqlEngine each : {SqlEngine::PostgreSql, SqlEngine::MariaDb, SqlEngine::Sqlite})
+      if (hosts::NameOf(each) == engine) servers.push_back({text, each});
+  return servers;
+}
+
+class Server : public testing::TestWithParam<OdbcTarget> {
+ protected:
+  // The accounts are written once; what a test changes it changes back.
+  void SetUp() override {
+    static std::set<SqlEngine> loaded;
+    if (loaded.insert(GetParam().engine).second) ServerAccounts(GetParam()).Load();
+  }
+
+  bool IsPostgreSql() const { return GetParam().engine == SqlEngine::PostgreSql; }
+  bool IsMariaDb() const { return GetParam().engine == SqlEngine::MariaDb; }
+
+  std::shared_ptr<OdbcConnection> Connect(OdbcSettings settings = {}) const {
+    settings.engine = GetParam().engine;
+    auto connection =
+        std::make_shared<OdbcConnection>(FromUtf8(GetParam().connectionString), settings);
+    connection->login.userId = u"ACC01";
+    return connection;
+  }
+
+  // Rows "a|b;c|d", Null as "~", or why the statement was refused.
+  static std::string Rows(OdbcConnection& connection, TextView sql) {
+    RecordsetPtr rows;
+    if (!connection.OpenRecordset(sql, rows, 0, 0)) return ToUtf8(connection.LastRefusal());
+    std::string text;
+    for (; !rows->Eof(); rows->MoveNext())
+      for (std::size_t i = 0; i < rows->ColumnNames().size(); ++i)
+        text += (i > 0          ? "|"
+                 : text.empty() ? ""
+                                : ";") +
+                (rows->At(i).IsNull() ? "~" : ToUtf8(ToText(rows->At(i))));
+    connection.CloseRecordset(rows);
+    return text;
+  }
+
+  static std::string Change(OdbcConnection& connection, TextView sql) {
+    Value out;
+    if (!connection.ExecuteSql(sql, 1, out)) return ToUtf8(connection.LastRefusal());
+    return ToUtf8(ToText(out));
+  }
+
+  // Another session of the server's, untranslated.
+  void Directly(TextView sql) const {
+    odbc::Link link(FromUtf8(GetParam().connectionString), 5s);
+    odbc::Statement(link, 10s).Change(sql);
+  }
+
+  TextView SessionId() const {
+    return IsPostgreSql() ? u"SELECT pg_backend_pid() AS id FROM DUAL"
+                          : u"SELECT connection_id() AS id FROM DUAL";
+  }
+
+  Text Kill(const std::string& id, bool statementAlone) const {
+    if (IsPostgreSql())
+      return Join(u"SELECT ", statementAlone ? u"pg_cancel_backend(" : u"pg_terminate_backend(",
+                  FromUtf8(id), u")");
+    return Join(statementAlone ? u"KILL QUERY " : u"KILL ", FromUtf8(id));
+  }
+
+  TextView LongStatement() const {
+    return IsPostgreSql() ? u"SELECT count(*) AS n FROM (SELECT pg_sleep(60)) q"
+                          : u"SELECT sleep(60) AS n FROM DUAL";
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, Server, testing::ValuesIn(Servers()), [](const auto& server) {
+  return std::string(hosts::NameOf(server.param.engine));
+});
+
+// The words of a line: conditions stand in it in the order of the rows that they came from.
+std::string Sorted(const std::string& line) {
+  std::istringstream in(line);
+  std::multiset<std::string> words;
+  for (std::string word; in >> word;)
+    words.insert(word);
+  std::string sorted;
+  for (const std::string& word : words)
+    sorted += word + " ";
+  return sorted;
+}
+
+// The sample accounts as they are at first, then all of the demo's subcommands on them.
+std::vector<std::string> Scenario(const OdbcTarget& target) {
+  std::FILE* paper = std::tmpfile();
+  Console console(paper, ColourMode::Never);
+  const CommonOptions main{.target = target};
+  std::istringstream nobody;
+  RunLogin(console, main);
+  for (const char* login : {"leaf", "account-detail", "inactive"})
+    RunLogin(console, {.login = login, .target = target});
+  for (const char* login : {"main", "account"}) {
+    RunDates(console, {.login = login, .target = target}, "");
+    RunRights(console, {.login = login, .target = target});
+    RunFormat(console, {.login = login, .target = target});
+  }
+  RunSettings(console, main);
+  for (const int view : {101, 102, 104})
+    RunList(console, main, {.viewId = view, .rows = 1000, .where = {}});
+  RunFilter(console, main, {.rows = 1000}, nobody, false);
+  // Last, because a server keeps the conditions that are saved.
+  RunList(console, main,
+          {.viewId = 102, .rows = 1000, .where = {"金额 大于 100", "凭证日期 本年"}});
+  std::rewind(paper);
+  std::vector<std::string> lines;
+  std::string line;
+  for (int c; (c = std::fgetc(paper)) != EOF;) {
+    if (c != '\n') {
+      line += static_cast<char>(c);
+      continue;
+    }
+    lines.push_back(Sorted(std::exchange(line, {})));
+  }
+  std::fclose(paper);
+  // A statement may leave open in which order its rows come.
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+TEST_P(Server, TheWholeScenarioAnswersAsTheEmbeddedDatabaseDoes) {
+  ServerAccounts again(GetParam());
+  EXPECT_FALSE(again.made().empty());
+  EXPECT_TRUE(again.foreign().empty());
+  EXPECT_GT(again.Load().rows, 10000U);
+  static const std::vector<std::string> embedded = Scenario({});
+  ASSERT_GT(embedded.size(), 1000U);
+  const std::vector<std::string> answered = Scenario(GetParam());
+  std::vector<std::string> different;
+  std::set_symmetric_difference(answered.begin(), answered.end(), embedded.begin(), embedded.end(),
+                                std::back_inserter(different));
+  EXPECT_THAT(different, testing::IsEmpty());
+}
+
+TEST_P(Server, WhatWasNotMadeHereIsNotDropped) {
+  const auto connection = Connect();
+  Directly(u"DROP TABLE acc01.area");
+  Directly(u"CREATE TABLE acc01.area (mine integer)");
+  EXPECT_EQ(Change(*connection, u"INSERT INTO Area (mine) VALUES (5)"), "1");
+  EXPECT_EQ(ServerAccounts(GetParam()).foreign(), std::vector<std::string>{"acc01.area"});
+  EXPECT_THROW(ServerAccounts(GetParam()).Load(), std::runtime_error);
+  EXPECT_EQ(Rows(*connection, u"SELECT mine FROM Area"), "5");
+  EXPECT_EQ(Rows(*connection, u"SELECT count(*) FROM Class1"), "10") << "nothing else was touched";
+  Directly(u"DROP TABLE acc01.area");
+}
+
+TEST_P(Server, ValuesComeBackAsWhatTheyAre) {
+  const auto connection = Connect();
+  RecordsetPtr rows;
+  ASSERT_TRUE(connection->OpenRecordset(
+      u"SELECT 2147483647 AS l, 2147483648 AS d, 12.50 AS n, 3.00 AS w, CAST('2004-03-17' AS DATE) "
+      u"AS t, '' AS e, '部门𠮷' AS s FROM DUAL",
+      rows, 0, 0))
+      << ToUtf8(connection->LastRefusal());
+  EXPECT_TRUE(rows->At(0).Is<std::int32_t>());
+  EXPECT_EQ(std::get<double>(rows->At(1).data()), 2147483648.0);
+  EXPECT_EQ(std::get<double>(rows->At(2).data()), 12.5);
+  EXPECT_EQ(std::get<std::int32_t>(rows->At(3).data()), 3);
+  EXPECT_EQ(std::get<Date>(rows->At(4).data()), *DateFromYmd(2004, 3, 17));
+  EXPECT_TRUE(rows->At(5).IsNull());
+  EXPECT_EQ(std::get<Text>(rows->At(6).data()), u"部门𠮷");
+  connection->CloseRecordset(rows);
+
+  // Longer than any driver announces, in the second array of rows.
+  const std::string many =
+      Rows(*connection,
+           u"SELECT CASE WHEN lngVoucherDetailID = 300 THEN concat(rpad('x', 40000, '部'), 'z') "
+           u"ELSE 's' END AS t FROM VoucherDetail WHERE lngVoucherDetailID <= 600 ORDER BY "
+           u"lngVoucherDetailID");
+  EXPECT_EQ(many.size(), 2 * 599 + 1 + 3 * 39999 + 1U);
+  EXPECT_NE(many.find("部部z;s;"), std::string::npos);
+}
+
+TEST_P(Server, ABlockIsDoneWhollyOrNotAtAll) {
+  const auto connection = Connect();
+  const TextView count = u"SELECT count(*) FROM Class1";
+  EXPECT_EQ(Rows(*connection, count), "10");
+  EXPECT_NE(Change(*connection,
+                   u"Begin DELETE FROM Class1; INSERT INTO Class1 (nope) VALUES (1); "
+                   u"End;")
+                .find("nope"),
+            std::string::npos)
+      << "the database's own words";
+  EXPECT_EQ(Rows(*connection, count), "10");
+  EXPECT_EQ(
+      Change(*connection,
+             u"Begin Delete FROM Class1 WHERE 1=0; Insert into Class1 "
+             u"(lngClassID,strClassCode,strClassName) Values (77,'a\\','b'); Update Class1 Set "
+             u"strClassName = '' WHERE lngClassID = 77; End;"),
+      "2");
+  EXPECT_EQ(Rows(*Connect(), u"SELECT strClassCode, strClassName FROM Class1 WHERE lngClassID=77"),
+            "a\\|~")
+      << "another session sees it: it was committed";
+  EXPECT_EQ(Change(*connection, u"DELETE FROM Class1 WHERE lngClassID = 77"), "1");
+  EXPECT_NE(Rows(*connection, u"DELETE FROM Class1"), "") << "a change is not opened";
+  EXPECT_EQ(Rows(*connection, count), "10");
+}
+
+TEST_P(Server, ALostConnectionIsOpenedAgainAndNothingRepeated) {
+  const auto connection = Connect();
+  const std::string id = Rows(*connection, SessionId());
+  Directly(Kill(id, false));
+  // The statement that finds out may be refused; the one behind it runs in a new session, set anew.
+  Change(*connection, u"UPDATE Class1 SET intLevel = intLevel + 1 WHERE lngClassID = 1");
+  const std::string level = Rows(*connection, u"SELECT intLevel FROM Class1 WHERE lngClassID = 1");
+  EXPECT_TRUE(level == "1" || level == "2") << level;
+  EXPECT_NE(Rows(*connection, SessionId()), id);
+  Change(*connection, u"UPDATE Class1 SET intLevel = 1 WHERE lngClassID = 1");
+}
+
+TEST_P(Server, AStatementThatTakesTooLongOrIsCancelledIsRefused) {
+  const auto impatient = Connect({.statementTimeout = 300ms});
+  EXPECT_NE(Rows(*impatient, LongStatement()).find("took longer than 300 ms"), std::string::npos);
+  EXPECT_EQ(Rows(*impatient, u"SELECT 1 AS n FROM DUAL"), "1") << "the connection goes on";
+
+  const auto patient = Connect();
+  const std::string id = Rows(*patient, SessionId());
+  std::promise<std::string> answer;
+  std::thread waiting([&] { answer.set_value(Rows(*patient, LongStatement())); });
+  auto answered = answer.get_future();
+  while (answered.wait_for(100ms) != std::future_status::ready)
+    Directly(Kill(id, true));
+  waiting.join();
+  EXPECT_NE(answered.get(), "0");
+  EXPECT_EQ(Rows(*patient, u"SELECT 1 AS n FROM DUAL"), "1");
+}
+
+TEST_P(Server, ALockedTableIsWaitedForNoLongerThanTheLimit) {
+  const auto impatient = Connect({.statementTimeout = 300ms});
+  EXPECT_EQ(Rows(*impatient, u"SELECT 1 AS n FROM DUAL"), "1");
+  odbc::Link other(FromUtf8(GetParam().connectionString), 5s);
+  {
+    odbc::Transaction transaction(other);
+    odbc::Statement(other, 5s).Change(u"UPDATE acc01.class1 SET intLevel = 15");
+    EXPECT_NE(Change(*impatient, u"UPDATE Class1 SET intLevel = 16").find("took longer than"),
+              std::string::npos);
+  }
+  EXPECT_EQ(Rows(*impatient, u"SELECT max(intLevel) FROM Class1"), "3") << "both were taken back";
+}
+
+TEST_P(Server, AReadOnlyConnectionChangesNothing) {
+  const auto connection = Connect({.readOnly = true});
+  EXPECT_NE(Change(*connection, u"DELETE FROM Class1").find("read-only"), std::string::npos);
+  EXPECT_EQ(Rows(*connection, u"SELECT count(*) FROM Class1"), "10");
+  EXPECT_NE(Rows(*connection, u"SELECT LIST_SEQ.NEXTVAL FROM DUAL").find("read-only"),
+            std::string::npos);
+}
+
+TEST_P(Server, AWrongPasswordAndAnUnknownSchemaAreSaidInTheServersWords) {
+  Text wrong = FromUtf8(GetParam().connectionString);
+  wrong.replace(wrong.find(u"PWD="), Text::npos, u"PWD=verraten7");
+  try {
+    OdbcConnection connection(wrong, {.engine = GetParam().engine});
+    FAIL() << "let in";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.description().find(u"verraten7"), Text::npos) << error.what();
+    EXPECT_NE(error.description().find(IsPostgreSql() ? u"authentication failed" : u"denied"),
+              Text::npos)
+        << error.what();
+  }
+  const auto connection = Connect();
+  connection->login.userId = u"NOSUCH";
+  EXPECT_NE(Rows(*connection, u"SELECT * FROM Voucher"), "") << "no table of another schema";
+  connection->login.userId = u"ACC02";
+  EXPECT_NE(Rows(*connection, u"SELECT strAccountCode FROM Account"),
+            Rows(*Connect(), u"SELECT strAccountCode FROM Account"));
+}
+
+TEST_P(Server, NoPasswordIsInAnyText) {
+  const Text secret =
+      FromUtf8(GetParam().connectionString).substr(GetParam().connectionString.find("PWD=") + 4);
+  const auto connection = Connect();
+  Text told;
+  connection->trace = [&](const StatementReport& report) {
+    told += Join(report.adapted, report.firstRow, report.error);
+  };
+  for (const TextView sql : {u"SELECT nope FROM nope", u"SELECT (", u"SELECT 1 FROM DUAL"})
+    Rows(*connection, sql);
+  // A server that repeats a password in its message.
+  Rows(*connection, Join(u"SELECT \"", secret, u"\" FROM DUAL"));
+  EXPECT_NE(told.find(u"***"), Text::npos);
+  const std::size_t statements = told.find(Join(u"\"", secret, u"\""));
+  told.erase(statements, secret.size() + 2);  // the statement as the host itself sent it
+  EXPECT_EQ(told.find(secret), Text::npos);
+}
+
+}  // namespace
+}  // namespace fetchkit::demo
