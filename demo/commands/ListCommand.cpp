@@ -1,6 +1,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
+#include <set>
 #include <stdexcept>
 
 #include "demo/commands/Commands.h"
@@ -157,13 +159,14 @@ int RunList(Console& console, const CommonOptions& options, const ListOptions& l
   ShowConditions(console, again.List());
   ShowTexts(console, again);
   ShowRows(console, session, again, list.rows);
-  const ListType& readBack = again.List();
-  const bool same =
-      std::equal(edited.ListField.begin(), edited.ListField.end(), readBack.ListField.begin(),
-                 readBack.ListField.end(), [](const ListFieldType& a, const ListFieldType& b) {
-                   return a.strFilter == b.strFilter && a.strCodeID == b.strCodeID &&
-                          a.strExtValue == b.strExtValue;
-                 });
+  // Columns of equal numbers may come in another order.
+  const auto conditions = [](const ListType& read) {
+    std::set<std::array<Text, 4>> all;
+    for (const ListFieldType& field : read.ListField)
+      all.insert({field.strListFieldDesc, field.strFilter, field.strCodeID, field.strExtValue});
+    return all;
+  };
+  const bool same = conditions(edited) == conditions(again.List());
   console.Note(same ? "the same conditions as were saved" : "NOT the conditions that were saved");
   return same ? 0 : 1;
 }

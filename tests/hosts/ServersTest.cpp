@@ -104,9 +104,12 @@ INSTANTIATE_TEST_SUITE_P(Engines, Server, testing::ValuesIn(Servers()), [](const
   return std::string(hosts::NameOf(server.param.engine));
 });
 
-// The words of a line: conditions stand in it in the order of the rows that they came from.
+// The words of a line: conditions stand in it in the order of the rows that they came from, and so
+// do statements, which have a number in front.
 std::string Sorted(const std::string& line) {
   std::istringstream in(line);
+  int number = 0;
+  if (line.starts_with(' ')) in >> number;
   std::multiset<std::string> words;
   for (std::string word; in >> word;)
     words.insert(word);
