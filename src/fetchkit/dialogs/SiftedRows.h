@@ -65,9 +65,9 @@ class SiftedRows {
   // its way.
   void MoveTo(SiftedRows& to, const std::vector<int>& rows) {
     if (rows.empty()) return;
-    std::vector<std::size_t> places;
-    for (const int row : rows)
-      places.push_back(Place(row));
+    std::vector<std::size_t> places(rows.size());
+    std::transform(rows.begin(), rows.end(), places.begin(),
+                   [this](int row) { return Place(row); });
     to.MakeRoom(places.size());
     // From the first place on: the next row that goes, the next one that is shown.
     auto place = places.begin();
