@@ -129,7 +129,7 @@ strings() {
       "$(cat "$folder/postgresql.port")" $user "$secret"
   fi
   if [[ -s $folder/mariadb.port ]] && answers "$(cat "$folder/mariadb.port")"; then
-    printf 'mariadb\tDriver=MariaDB Unicode;Server=127.0.0.1;Port=%s;UID=%s;PWD=%s\n' \
+    printf 'mariadb\tDriver=MariaDB Unicode;Server=127.0.0.1;Port=%s;OPTION=2;UID=%s;PWD=%s\n' \
       "$(cat "$folder/mariadb.port")" $user "$secret"
   fi
 }
