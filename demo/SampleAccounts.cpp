@@ -11,6 +11,7 @@
 #include <string>
 
 #include "demo/EmbeddedScripts.h"
+#include "hosts/sqlite/Database.h"
 
 namespace fetchkit::demo {
 namespace {

@@ -5,9 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/sqlite/Database.h"
-
 struct sqlite3;
+namespace fetchkit::hosts {
+class Database;
+}
 
 namespace fetchkit::demo {
 
