@@ -30,7 +30,6 @@ class Engine {
   virtual bool SpeaksTheDialect() const { return false; }
 
   // --- The session
-  // ---------------------------------------------------------------------------------
 
   // What is run on every new connection, in this order.
   virtual std::vector<Text> SessionStatements(bool readOnly) const = 0;
@@ -47,7 +46,6 @@ class Engine {
   virtual Text EchoQuery(TextView literal) const { return Join(u"SELECT ", literal, u" AS echo"); }
 
   // --- Statements
-  // ----------------------------------------------------------------------------------
 
   // Functions that the engine lacks, or that treat Null and the empty text otherwise; the first
   // that fits counts. DECODE is not among them.
