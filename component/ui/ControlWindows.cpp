@@ -42,7 +42,8 @@ void TextBoxWindow::Refresh() {
   SetTextOf(window(), box_.Text());
   form_.SetAlone(window(), box_.IsAlone());
   tip_.SetText(box_.Mark());
-  if (std::exchange(isMarked_, !box_.Mark().empty()) != isMarked_)
+  const bool marked = !box_.Mark().empty();
+  if (std::exchange(isMarked_, marked) != marked)
     RedrawWindow(window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
 }
 

@@ -75,7 +75,10 @@ void PickWindow::MeasureColumns() {
 
 void PickWindow::Refresh() {
   ControlWindow::Refresh();
-  if (std::exchange(measured_, pick_.ListVersion()) != measured_) MeasureColumns();
+  if (measured_ != pick_.ListVersion()) {
+    MeasureColumns();
+    measured_ = pick_.ListVersion();
+  }
   if (pick_.IsOpen()) LoadRows();
   if (IsListShown() != pick_.IsOpen()) ShowList(pick_.IsOpen());
   if (pick_.IsOpen() && SendMessageW(window(), CB_GETCURSEL, 0, 0) != pick_.Highlight())
@@ -85,7 +88,8 @@ void PickWindow::Refresh() {
 
 // Before the list is shown: its height follows the number of rows.
 void PickWindow::LoadRows() {
-  if (std::exchange(loaded_, pick_.ListVersion()) == loaded_) return;
+  if (loaded_ == pick_.ListVersion()) return;
+  loaded_ = pick_.ListVersion();
   const auto count = static_cast<WPARAM>(pick_.ListCount());
   if (SendMessageW(systemsList_, LB_SETCOUNT, count, 0) >= 0) return;
   // A system that keeps rows all the same.

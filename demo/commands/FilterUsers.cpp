@@ -146,6 +146,7 @@ std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question, Sea
   if (line->empty()) {
     answer.searched = search.UserPressed(SearchBox::Key::Enter);
     answer.taken = answer.searched && !search.IsSearching();
+    if (!answer.searched) answer.word = "o";
     return answer;
   }
   const std::size_t digits = line->find_last_not_of("0123456789") + 1;
@@ -173,7 +174,8 @@ void AskedUser::ShowModal(frmFilter& form, std::int32_t) {
     console_.EndTable();
     console_.Note(ToUtf8(form.lblCount.Caption()));
     const auto answer =
-        Ask("A column's number, nothing for the first one that a search finds; e and its number to "
+        Ask("A column's number, nothing for the first one that a search finds, else for OK; e and "
+            "its number to "
             "edit the condition that it has, d to remove it; c clear, o OK?",
             form.txtSearch);
     if (!answer || answer->word == "q" || !Obey(form, *answer)) form.UserPressedEscape();

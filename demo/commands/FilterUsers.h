@@ -33,8 +33,8 @@ class ScriptedUser : public FormView {
 };
 
 // Questions and answers, line by line, by the rules of the dialogs: "f" and a text searches, by
-// initials, too, and an empty line takes what is found. "q" cancels the dialog at any question, and
-// the end of the input whatever is open.
+// initials, too, and an empty line takes what is found, or is OK when nothing is looked for. "q"
+// cancels the dialog at any question, and the end of the input whatever is open.
 class AskedUser : public FormView {
  public:
   // in must outlive the object.

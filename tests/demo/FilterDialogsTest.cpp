@@ -86,7 +86,7 @@ a code by typing¦6/1131/o/¦Account.lngACCOUNTID = 7
 several by the chooser¦4/选择/2/1/o/o/¦AccountType.strAccountTypeName In('损益','成本')
 a refused value, then another¦5/大于/x/o/5/大于/2/o/¦Account.intLevel > 2
 removed by its number¦8/2/5/零/d 8/o/¦(Account.intLevel Is Null or Account.intLevel=0)
-cleared¦8/2/c/o/¦
+cleared, OK by an empty line¦8/2/c//¦
 cancelled¦8/2/q/¦-
 the input ends¦8/2/5/¦-
 a column and a word by initials¦f mx//s/o/¦decode(Account.blnIsDetail,1,'是','否') = '是'
@@ -96,7 +96,7 @@ all that a search finds, one taken back¦4/选择/f 成/a/t 1/f s//o/o/¦Account
 left while a word is picked¦8/2/5/q/¦-
 left while a value is typed¦5/大于/q/¦-
 the letter itself¦2/等于/=q/o/¦Account.strAccountName = 'q'
-nonsense¦77/d 9/-//8/zzz/8/99/q/¦-)")) {
+nonsense¦77/d 9/-/8/zzz/8/99/q/¦-)")) {
     SCOPED_TRACE(name);
     std::string text = lines;
     std::replace(text.begin(), text.end(), '/', '\n');

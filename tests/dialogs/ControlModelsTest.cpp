@@ -122,5 +122,15 @@ TEST(ControlModels, WithoutMemoryEveryRowAndItemIsOnEitherSide) {
   EXPECT_FALSE(failed);
 }
 
+TEST(ControlModels, WhatIsNoRowIsNeitherRemovedNorMoved) {
+  EveryControl form;
+  for (const int row : {0, -1, 3})
+    form.grid.RemoveItem(row);
+  EXPECT_EQ(form.grid.Rows(), 3) << "headers stay";
+  for (const std::vector<int>& rows : {std::vector{0}, {1, 3}, {}})
+    form.grid.MoveRowsTo(form.grid, rows);
+  EXPECT_EQ(form.grid.Rows(), 3);
+}
+
 }  // namespace
 }  // namespace fetchkit::test

@@ -25,9 +25,13 @@ double NumericTextToDouble(TextView text);
 // Nearest whole number, halves to the even neighbour (2.5 gives 2, 3.5 gives 4).
 double RoundHalfToEven(double value);
 
-// The same as an integer; ConvertError (Overflow) outside its range, and for what is no number.
+// The same as an integer (std::uint8_t, std::int16_t or std::int32_t); ConvertError (Overflow)
+// outside its range, and for what is no number.
 template <class Whole>
 Whole RoundedTo(double value);
+extern template std::uint8_t RoundedTo(double value);
+extern template std::int16_t RoundedTo(double value);
+extern template std::int32_t RoundedTo(double value);
 
 // At most 15 significant digits, without needless zeros, "1E+20" style beyond them: the form in
 // which a double is shown and joined into SQL. Plain decimal for whole numbers below 1E15.

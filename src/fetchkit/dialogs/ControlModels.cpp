@@ -5,6 +5,7 @@
 #include <utility>
 
 namespace fetchkit {
+
 void CommandButton::UserPressed() {
   if (TakesActs() && OnClick) OnClick();
 }

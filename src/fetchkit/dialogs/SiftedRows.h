@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -99,7 +100,9 @@ class SiftedRows {
 
   std::size_t Place(int row) const {
     const auto at = static_cast<std::size_t>(row);
-    return isFound_ ? shown_.at(at) : at;
+    if (isFound_) return shown_.at(at);
+    if (at >= rows_.size()) throw std::out_of_range("row");
+    return at;
   }
 
   bool IsShown(const Row& row) const { return isFound_ && isFound_(row); }

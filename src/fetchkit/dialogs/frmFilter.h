@@ -35,7 +35,8 @@ namespace fetchkit {
 // current node is so again once it is shown. Enter in the search box opens the first column that
 // begins with what was typed, else the first that is found, empties the box and goes to the value;
 // with all the conditions that there may be to that of the column's row, else to the tree. Down
-// goes to the tree, and where its current node is hidden opens what Enter would.
+// goes to the tree, and where its current node is hidden does what a click on the node would that
+// Enter would open.
 //
 // Acts that the controls take: txtSearch typed, keys; tvwFilter node clicked; msgFilter row
 // selected, double click, F2, Delete; lxtOther picked, keys, letters typed; txtFrom, txtTo typed,

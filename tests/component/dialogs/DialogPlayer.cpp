@@ -103,7 +103,14 @@ DialogPlayer::~DialogPlayer() {
 void CALLBACK DialogPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD now) {
   const HWND dialog = GetActiveWindow();
   // A modal dialog shows itself when it has no messages left, this one included.
-  if (!dialog || dialog == playing->owner_ || !IsWindowVisible(dialog)) return;
+  if (!dialog || dialog == playing->owner_ || !IsWindowVisible(dialog)) {
+    const HWND popup = GetLastActivePopup(playing->owner_);
+    if (popup == playing->owner_ || now - playing->played_ <= kPatience) return;
+    ADD_FAILURE() << "the dialog is not the active window";
+    playing->played_ = now;
+    Close(popup);
+    return;
+  }
   std::deque<Act>& acts = playing->acts_;
   if (!acts.empty()) {
     const Act act = std::move(acts.front());

@@ -207,10 +207,10 @@ TEST_F(RealInput, PicturesAndListsFollowTheColorsOfTheSystem) {
     EXPECT_EQ(GetPixel(device, 0, 0), changed);
     ReleaseDC(dialog, device);
     EXPECT_EQ(ListView_GetBkColor(GetDlgItem(dialog, ID_MSG_FILTER)), changed);
-    SetSysColors(1, &kWindow, &before);
     Close(dialog);
   });
   EXPECT_FALSE(Show());
+  SetSysColors(1, &kWindow, &before);
 }
 
 TEST_F(RealInput, ADateTakesTheDayThatItShows) {
