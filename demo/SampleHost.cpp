@@ -68,7 +68,7 @@ void SampleHost::Switch(std::string_view loginName) {
 int SampleHost::openRecordsets() const {
   int open = 0;
   for (const auto& [userId, connection] : connections_)
-    open += connection->openRecordsets();
+    if (connection) open += connection->openRecordsets();  // none where opening failed
   return open;
 }
 

@@ -7,6 +7,7 @@ build=$1
 windows=${2:-}
 passed=0
 failed=0
+unset FETCHKIT_ODBC  # the tests never touch a user's own database
 
 # A test binary: its own report counts its tests.
 binary() {
@@ -121,14 +122,18 @@ servers() {
     echo "Left out: the host for ODBC was not built."
     return
   fi
-  if tools/servers.sh start "$build/servers" >"$build/servers.log" 2>&1; then
-    FETCHKIT_SERVERS=$(tools/servers.sh strings "$build/servers") binary fetchkit-server-tests
+  local strings
+  trap 'tools/servers.sh stop "$build/servers"' EXIT
+  if tools/servers.sh start "$build/servers" >"$build/servers.log" 2>&1 &&
+    strings=$(tools/servers.sh strings "$build/servers") && (($(wc -l <<<"$strings") == 2)); then
+    FETCHKIT_SERVERS=$strings binary fetchkit-server-tests
   else
     cat "$build/servers.log"
     echo "FAILED: the database servers did not start"
     failed=$((failed + 1))
   fi
   tools/servers.sh stop "$build/servers"
+  trap - EXIT
 }
 
 # The tests under Wine wait more than they work: the others run meanwhile.

@@ -6,6 +6,9 @@
 # that runs: engine, a tab, connection string. Databases, logs, ports and passwords stand in FOLDER;
 # nothing of the system's own servers is used or changed.
 set -euo pipefail
+shopt -s inherit_errexit
+export LC_ALL=C.UTF-8      # what servers say is the same everywhere
+PATH=$PATH:/usr/sbin:/sbin  # where servers are; not on every user's path
 action=$1
 mkdir -p "$2"
 folder=$(cd "$2" && pwd)
@@ -29,6 +32,7 @@ as() {
 # folder, one that it can reach, to which a link stands there.
 place() {
   local link=$folder/$1 reached
+  if [[ -L $link && ! -e $link ]]; then rm "$link"; fi  # what it led to was cleaned away
   if [[ ! -e $link ]]; then
     mkdir "$link"
     chown "$2" "$link"
@@ -56,6 +60,8 @@ free_port() {
   while (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do port=$((port + 1)); done
   echo "$port"
 }
+# runs ENGINE PID: whether that process is this folder's server; numbers are used again.
+runs() { [[ $(readlink "/proc/$2/cwd" 2>/dev/null) == "$(readlink -f "$folder/$1")"/* ]]; }
 answers() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
 
 postgres_bin() { find /usr/lib/postgresql -maxdepth 2 -name bin 2>/dev/null | sort -V | tail -n 1; }
@@ -68,13 +74,14 @@ start_postgresql() {
   if [[ ! -e $data/data/PG_VERSION ]]; then
     # Texts are compared by their codes; letters have their case beyond ASCII, too.
     kept password password | as "$who" bash -c "umask 077; cat >'$data/password'; cd '$data';
+      trap \"rm -f '$data/password'\" EXIT
       '$bin/initdb' -D '$data/data' -U $user --pwfile='$data/password' -A scram-sha-256 -E UTF8 \
-        --lc-collate=C --lc-ctype=C.UTF-8 --no-sync; rm '$data/password'" >"$folder/postgresql.log" 2>&1 ||
+        --locale=C --lc-ctype=C.UTF-8 --no-sync" >"$folder/postgresql.log" 2>&1 ||
       { cat "$folder/postgresql.log" >&2; return 1; }
   fi
   as "$who" "$bin/pg_ctl" -D "$data/data" status >/dev/null 2>&1 && return
   rm -f "$folder/postgresql.port"
-  port=$(kept postgresql.port free_port 25432)
+  port=$(kept postgresql.port free_port $((24000 + RANDOM % 4000)))
   # On one line: a shell reads it again.
   local options="-p $port -c listen_addresses=127.0.0.1 -c unix_socket_directories='' -c fsync=off"
   (cd "$data" && as "$who" "$bin/pg_ctl" -D "$data/data" -w -l "$data/log" -o "$options" start) \
@@ -95,16 +102,17 @@ CREATE OR REPLACE USER '$user'@'127.0.0.1' IDENTIFIED BY '$(kept password passwo
 GRANT ALL ON *.* TO '$user'@'127.0.0.1';
 SQL
   fi
-  [[ -s $data/pid ]] && kill -0 "$(cat "$data/pid")" 2>/dev/null && return
+  [[ -s $data/pid ]] && runs mariadb "$(cat "$data/pid")" && return
+  rm -f "$data/pid"
   rm -f "$folder/mariadb.port"
-  port=$(kept mariadb.port free_port 23306)
+  port=$(kept mariadb.port free_port $((28000 + RANDOM % 4000)))
   as "$who" bash -c "cd '$data'; exec setsid mariadbd --no-defaults --datadir='$data/data' --port=$port \
     --bind-address=127.0.0.1 --socket='$data/socket' --pid-file='$data/pid' --skip-name-resolve \
     --lower-case-table-names=1 --character-set-server=utf8mb4 \
     --collation-server=utf8mb4_nopad_bin --innodb-flush-log-at-trx-commit=0 \
     --innodb-buffer-pool-size=64M --init-file='$data/users.sql' >'$data/log' 2>&1 </dev/null &"
   for attempt in {1..150}; do
-    answers "$port" && return
+    [[ -s $data/pid ]] && answers "$port" && return
     sleep 0.2
   done
   cat "$data/log" >&2
@@ -116,8 +124,10 @@ stop_server() {  # ENGINE PID-FILE SIGNAL
   file=$(readlink -f "$folder/$1")/$2
   [[ -s $file ]] || return 0
   pid=$(head -n 1 "$file")
+  runs "$1" "$pid" || return 0
   kill -s "$3" "$pid" 2>/dev/null || return 0
-  while kill -0 "$pid" 2>/dev/null; do sleep 0.1; done
+  local end=$((SECONDS + 60))
+  while runs "$1" "$pid" && ((SECONDS < end)); do sleep 0.1; done
 }
 
 strings() {

@@ -16,9 +16,10 @@ const std::vector<TextView> kEndOfFrom = {u"WHERE",     u"GROUP", u"HAVING", u"O
 // Signs and words behind which the pattern of a LIKE has ended.
 bool EndsOperand(const Token& token) {
   static const std::vector<TextView> kWords = {
-      u"AND",   u"OR",     u"ESCAPE", u"THEN",  u"WHEN",   u"ELSE",      u"END",   u"GROUP",
-      u"ORDER", u"HAVING", u"UNION",  u"MINUS", u"EXCEPT", u"INTERSECT", u"WHERE", u"FROM",
-      u"AS",    u"IS",     u"ASC",    u"DESC",  u"NULLS",  u"LEFT",      u"JOIN",  u"ON"};
+      u"AND",   u"OR",     u"ESCAPE", u"THEN",    u"WHEN",   u"ELSE",      u"END",    u"GROUP",
+      u"ORDER", u"HAVING", u"UNION",  u"MINUS",   u"EXCEPT", u"INTERSECT", u"WHERE",  u"FROM",
+      u"AS",    u"IS",     u"ASC",    u"DESC",    u"NULLS",  u"LEFT",      u"JOIN",   u"ON",
+      u"INNER", u"CROSS",  u"FULL",   u"NATURAL", u"RIGHT",  u"FETCH",     u"OFFSET", u"FOR"};
   if (token.kind == TokenKind::Word) return IsAnyWord(token, kWords);
   if (token.kind != TokenKind::Sign) return false;
   return !IsSign(token, u"+") && !IsSign(token, u"-") && !IsSign(token, u"*") &&

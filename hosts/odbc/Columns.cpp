@@ -220,6 +220,12 @@ std::vector<ColumnDescription> Describe(SQLHSTMT statement) {
                          &length, &column.type, &column.size, &decimals, &nullable),
           SQL_HANDLE_STMT, statement);
     column.name = FromUtf8(reinterpret_cast<const char*>(name.data()));
+    SQLLEN isUnsigned = SQL_FALSE;
+    if (column.type == SQL_INTEGER &&
+        SQL_SUCCEEDED(SQLColAttribute(statement, number, SQL_DESC_UNSIGNED, nullptr, 0, nullptr,
+                                      &isUnsigned)) &&
+        isUnsigned == SQL_TRUE)
+      column.type = SQL_BIGINT;  // may lie beyond a Long
   }
   return columns;
 }

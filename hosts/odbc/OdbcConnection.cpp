@@ -1,5 +1,6 @@
 #include "hosts/odbc/OdbcConnection.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -48,6 +49,13 @@ class OdbcConnection::Session : public hosts::Catalog {
   odbc::Link& link() { return *link_; }
   odbc::Statement NewStatement() { return {*link_, settings_.statementTimeout}; }
 
+  // One that sets the session: the limit is meant for what the user asks.
+  odbc::Statement OwnStatement() {
+    const auto limit = settings_.statementTimeout;
+    const std::chrono::milliseconds least = std::chrono::seconds(15);
+    return {*link_, limit.count() == 0 ? limit : std::max(limit, least)};
+  }
+
   // The statements for the database.
   hosts::AdaptedStatement Adapt(TextView sql) {
     using Kind = hosts::AdaptedStatement::Kind;
@@ -63,7 +71,7 @@ class OdbcConnection::Session : public hosts::Catalog {
   std::int64_t NextValue(TextView schema, TextView sequence) override {
     if (settings_.readOnly) Fail(u"The connection is read-only: no number is drawn.");
     const Text table = Join(schema, schema.empty() ? u"" : u".", u"demo_sequence");
-    const Text which = Join(u" WHERE name = '", sequence, u"'");
+    const Text which = Join(u" WHERE name = ", hosts::InQuotes(sequence, u'\''));
     odbc::Transaction transaction(*link_);
     if (NewStatement().Change(Join(u"UPDATE ", table, u" SET last = last + 1", which)) == 0)
       Fail(Join(u"There is no sequence ", sequence, u"."));
@@ -89,15 +97,15 @@ class OdbcConnection::Session : public hosts::Catalog {
     }
     if (schema == schema_) return;
     for (const Text& statement : engine_.SchemaStatements(schema))
-      NewStatement().Change(statement);
+      OwnStatement().Change(statement);
     Demand();
     schema_ = schema;
   }
 
   void SetUp() {
     for (const Text& statement : engine_.SessionStatements(settings_.readOnly))
-      NewStatement().Change(statement);
-    const odbc::Rows echo = NewStatement().Query(engine_.EchoQuery(kEcho));
+      OwnStatement().Change(statement);
+    const odbc::Rows echo = OwnStatement().Query(engine_.EchoQuery(kEcho));
     if (ToTextOrEmpty(echo.cells.at(0)) != kEcho.substr(1, kEcho.size() - 2))
       Fail(u"Texts do not come through the driver as UTF-8: see docs/hosts.md for its settings.");
     Demand();
@@ -105,7 +113,7 @@ class OdbcConnection::Session : public hosts::Catalog {
 
   void Demand() {
     for (const Text& demand : engine_.Demands()) {
-      const odbc::Rows answer = NewStatement().Query(demand);
+      const odbc::Rows answer = OwnStatement().Query(demand);
       if (!answer.cells.empty() && !answer.cells[0].IsNull())
         Fail(Join(u"The database is not set as the library needs it: ", ToText(answer.cells[0]),
                   u"."));

@@ -311,8 +311,12 @@ void OnlyRowStep(sqlite3_context* context, int count, sqlite3_value** values) {
   auto* kept = static_cast<OneValue*>(sqlite3_aggregate_context(context, sizeof(OneValue)));
   if (kept == nullptr) return sqlite3_result_error_nomem(context);
   if (kept->value != nullptr) {
-    const Refusal refusal("several rows for one value" + (count > 1 ? PlaceIn(values[1]) : ""));
-    return sqlite3_result_error(context, refusal.what(), -1);
+    try {
+      const Refusal refusal("several rows for one value" + (count > 1 ? PlaceIn(values[1]) : ""));
+      return sqlite3_result_error(context, refusal.what(), -1);
+    } catch (const std::exception&) {
+      return sqlite3_result_error_nomem(context);
+    }
   }
   kept->value = sqlite3_value_dup(values[0]);
   if (kept->value == nullptr) sqlite3_result_error_nomem(context);
