@@ -146,7 +146,7 @@ std::optional<AskedUser::Answer> AskedUser::Ask(const std::string& question, Sea
   if (line->empty()) {
     answer.searched = search.UserPressed(SearchBox::Key::Enter);
     answer.taken = answer.searched && !search.IsSearching();
-    if (!answer.searched) answer.word = "o";
+    if (!answer.searched) answer.word.push_back('o');
     return answer;
   }
   const std::size_t digits = line->find_last_not_of("0123456789") + 1;
