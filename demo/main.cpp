@@ -22,11 +22,10 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "\nEvery statement that the library sends is listed; --trace shows it whole with its answer.\n"
     "On a terminal the output has colour and columns; elsewhere it is plain text, tabs between\n"
-    "columns. Without --odbc nothing is written to disk: the accounts are made anew in memory at "
-    "every\n"
-    "start. What stands behind --odbc can be given as FETCHKIT_ODBC, too, where no other user of "
-    "the\n"
-    "machine sees its password.";
+    "columns. Without --odbc nothing is written to disk: the accounts are made anew in memory at\n"
+    "every start. What stands behind --odbc can be given in the variable FETCHKIT_ODBC, too, "
+    "where\n"
+    "no other user of the machine sees its password.";
 
 int Run(int argc, char** argv) {
   CLI::App app(kDescription, "./run demo");

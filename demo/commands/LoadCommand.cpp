@@ -6,13 +6,16 @@
 
 #include "demo/commands/Commands.h"
 #include "demo/servers/ServerAccounts.h"
+#include "fetchkit/base/Error.h"
+#include "fetchkit/base/Utf8.h"
+#include "hosts/odbc/Secrets.h"
 
 namespace fetchkit::demo {
 
-int RunLoad(Console& console, const CommonOptions& options, bool replace, std::istream& in,
-            bool interactive) {
-  if (options.target.connectionString.empty())
-    throw std::invalid_argument("load: where to? --odbc \"DSN=...;...\" --engine NAME");
+namespace {
+
+int Load(Console& console, const CommonOptions& options, bool replace, std::istream& in,
+         bool interactive) {
   ServerAccounts accounts(options.target);
   if (!accounts.made().empty() && accounts.foreign().empty() && !replace) {
     const std::string question = fmt::format(
@@ -33,6 +36,20 @@ int RunLoad(Console& console, const CommonOptions& options, bool replace, std::i
                            written.tables, written.rows));
   console.Note("The other subcommands read them with the same --odbc and --engine.");
   return 0;
+}
+
+}  // namespace
+
+int RunLoad(Console& console, const CommonOptions& options, bool replace, std::istream& in,
+            bool interactive) {
+  const std::string& connectionString = options.target.connectionString;
+  if (connectionString.empty())
+    throw std::invalid_argument("load: where to? --odbc \"DSN=...;...\" --engine NAME");
+  try {
+    return Load(console, options, replace, in, interactive);
+  } catch (const Error& error) {
+    throw Error(error.kind(), odbc::Secrets(FromUtf8(connectionString)).Hide(error.description()));
+  }
 }
 
 }  // namespace fetchkit::demo

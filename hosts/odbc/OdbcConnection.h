@@ -1,7 +1,9 @@
 // Any database over ODBC, as a connection that the library can be initialised with.
 //
-//   OdbcConnection connection(u"DSN=books;UID=reader;PWD=...", {.engine = SqlEngine::PostgreSql});
-//   connection.login.userId = u"ACC01";  // and the rest of it
+//   OdbcSettings settings;
+//   settings.engine = SqlEngine::PostgreSql;
+//   auto connection = std::make_shared<OdbcConnection>(u"DSN=books;UID=reader;PWD=...", settings);
+//   connection->login.userId = u"ACC01";  // and the rest of it
 //   library.Initialize(connection);
 //
 // docs/hosts.md says for each engine which driver, connection string and settings it takes.
