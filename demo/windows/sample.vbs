@@ -1,7 +1,7 @@
 ' The sample accounts through FetchKit from a script, every call late-bound: prints what the
 ' console demo's commands of the same names print.
 '
-'   regsvr32 FetchKit.dll & regsvr32 FetchKitDemoHost.dll    once, both of the script host's bits
+'   regsvr32 FetchKit.dll & regsvr32 FetchKitHost.dll    once, both of the script host's bits
 '   cscript //nologo sample.vbs dates|rights|format [LOGIN]
 '
 ' The file holds ASCII alone, so that it reads the same under every code page: other characters are
@@ -24,7 +24,7 @@ Sub Main()
 End Sub
 
 Sub Run(command)
-  Set host = CreateObject("FetchKitDemoHost.SampleHost")
+  Set host = CreateObject("FetchKitHost.Sample")
   Set entry = CreateObject("FetchKit.Interface")
   LogIn ""
   Select Case command

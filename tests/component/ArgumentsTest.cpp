@@ -171,7 +171,7 @@ TEST_F(Arguments, NumbersOfAHostMayHaveAnyType) {
 }
 
 // A host whose connection hands out one recordset at every opening.
-class OneRecordsetHost : public demo::ConnectionObject {
+class OneRecordsetHost : public hosts::ConnectionObject {
  public:
   OneRecordsetHost(SessionConnectionPtr login, ComPtr<IDispatch> rows)
       : ConnectionObject(std::move(login)), rows_(std::move(rows)) {}
@@ -200,18 +200,18 @@ class OneRecordsetHost : public demo::ConnectionObject {
 };
 
 // Fields and recordsets that answer well and hand out nothing.
-struct NoField : demo::FieldsObject {
+struct NoField : hosts::FieldsObject {
   using FieldsObject::FieldsObject;
   STDMETHODIMP get_Item(VARIANT, ado::Field**) noexcept override { return S_OK; }
 };
-struct NoFields : demo::RecordsetObject {
+struct NoFields : hosts::RecordsetObject {
   using RecordsetObject::RecordsetObject;
   STDMETHODIMP get_Fields(ado::Fields**) noexcept override { return S_OK; }
 };
 struct FieldsWithoutField : NoFields {
   using NoFields::NoFields;
   STDMETHODIMP get_Fields(ado::Fields** fields) noexcept override {
-    *fields = ComPtr<ado::Fields>(new NoField(std::make_shared<demo::FieldsOfRows>())).Detach();
+    *fields = ComPtr<ado::Fields>(new NoField(std::make_shared<hosts::FieldsOfRows>())).Detach();
     return S_OK;
   }
 };

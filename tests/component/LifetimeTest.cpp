@@ -100,7 +100,7 @@ TEST_F(Lifetime, ApartmentsShareNothing) {
 
   // A thread that ends while the library is in use elsewhere gives its host up without a call.
   mine = CreateInterface();
-  const auto left = demo::ConnectionObjectOf(otherHost);
+  const auto left = hosts::ConnectionObjectOf(otherHost);
   InAnotherApartment([&] { EXPECT_EQ(Initialize(CreateInterface(), left.get()), S_OK); });
   ASSERT_EQ(left->AddRef(), 3U) << "ours, the forgotten one and this";
   left->Release();

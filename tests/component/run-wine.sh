@@ -200,7 +200,7 @@ for each in x64 x86; do
   check "the images for $each import the system's DLLs alone" \
     tools/check-imports.sh $each "$build/../$each"/*.dll "${programs[@]}"
 done
-mapfile -t libraries < <(ls -d "$build/FetchKit.dll" "$x86/FetchKit.dll" 2>/dev/null)
+mapfile -t libraries < <(ls -d "$build"/FetchKit*.dll "$x86"/FetchKit*.dll 2>/dev/null)
 check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
 binary fetchkit-component-tests
 rm -rf "$build/pictures"
@@ -222,12 +222,12 @@ before=$(entries)
 check "registers for the machine" registered_for_machine
 check "a script drives it" late_bound
 cp demo/windows/sample.vbs "$build"
-check "enters the sample host" wine regsvr32 /s FetchKitDemoHost.dll
+check "enters FetchKitHost.dll" wine regsvr32 /s FetchKitHost.dll
 for each in dates rights format; do
   check "a script on the sample accounts prints the demo's $each" same_as_the_demo "$each"
 done
 check "the native host lists rows" lists_rows
-check "removes the sample host" wine regsvr32 /s /u FetchKitDemoHost.dll
+check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
 check "leaves no key behind" unregistered
 check "registers for the user alone" registered_for_user
 check "leaves no key of the user's behind" unregistered /n /i:user

@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-#include "demo/windows/com/ConnectionObject.h"
 #include "demo/windows/exe/Calls.h"
 #include "fetchkit/base/Utf8.h"
+#include "hosts/windows/ConnectionObject.h"
 
 namespace fetchkit::demo {
 
@@ -46,7 +46,7 @@ void LibrarySession::LogInAfresh() {
 }
 
 void LibrarySession::Initialize() {
-  const auto object = ConnectionObjectOf(connection());
+  const auto object = hosts::ConnectionObjectOf(connection());
   ComPtr<IDispatch> argument(object.get());
   Check(entry_->Initialize(argument.InOut()));
   host_.reports().clear();

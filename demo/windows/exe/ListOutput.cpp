@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "demo/windows/com/ConnectionObject.h"
 #include "demo/windows/exe/Calls.h"
+#include "hosts/windows/ConnectionObject.h"
 
 namespace fetchkit::demo {
 namespace {
@@ -64,7 +64,7 @@ const ListFieldType* ListRecord::end() const {
 }
 
 Query::Query(const LibrarySession& session, const std::string& sql)
-    : connection_(ConnectionObjectOf(session.connection())) {
+    : connection_(hosts::ConnectionObjectOf(session.connection())) {
   VARIANT_BOOL opened = VARIANT_FALSE;
   Check(connection_->OpenStaticRecordset(Bstr(FromUtf8(sql)).get(), object_.InOut(), 3, 1, 1, 0,
                                          &opened));

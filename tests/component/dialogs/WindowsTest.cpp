@@ -20,7 +20,7 @@ class WindowsTest : public testing::Test {
  protected:
   WindowsTest() {
     host_.Switch("main");
-    auto connection = demo::ConnectionObjectOf(host_.connection()).As<IDispatch>(IID_IDispatch);
+    auto connection = hosts::ConnectionObjectOf(host_.connection()).As<IDispatch>(IID_IDispatch);
     EXPECT_EQ(entry_->Initialize(connection.InOut()), S_OK);
     EXPECT_EQ(list_->put_ViewId(101), S_OK);
   }
@@ -46,7 +46,7 @@ class WindowsTest : public testing::Test {
   Text ShowMultiChoose(TextView sql, TextView choosed) {
     RecordsetPtr rows;
     EXPECT_TRUE(host_.connection()->OpenStaticRecordset(sql, rows, 3, 1, 1, 0));
-    const auto object = ComPtr<ado::Recordset>::Attach(ShellOf<demo::RecordsetObject>(rows));
+    const auto object = ComPtr<ado::Recordset>::Attach(ShellOf<hosts::RecordsetObject>(rows));
     Bstr condition;
     Bstr shown;
     VARIANT_BOOL ok = VARIANT_FALSE;

@@ -12,8 +12,8 @@
 #include "component/Windows.h"
 #include "component/com/Bstr.h"
 #include "component/com/ComPtr.h"
-#include "demo/windows/com/ConnectionObject.h"
 #include "fetchkit/base/Value.h"
+#include "hosts/windows/ConnectionObject.h"
 #include "idl/FetchKit.h"
 #include "support/FakeConnection.h"
 
@@ -126,7 +126,7 @@ class ComponentTest : public testing::Test {
 
 HRESULT Initialize(const ComPtr<IInterface>& entry, IUnknown* connection);
 inline HRESULT Initialize(const ComPtr<IInterface>& entry, SessionConnectionPtr host) {
-  return Initialize(entry, demo::ConnectionObjectOf(std::move(host)).get());
+  return Initialize(entry, hosts::ConnectionObjectOf(std::move(host)).get());
 }
 
 }  // namespace fetchkit::test

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "component/com/Members.h"
-#include "demo/windows/com/AdoRows.h"
 #include "fetchkit/host/SessionConnection.h"
+#include "hosts/windows/AdoRows.h"
 #include "idl/FetchKitHost.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 class AccountTypeObject
     : public ComObject<IHostAccountType, IID_IHostAccountType, HostAccountType> {
@@ -124,4 +124,4 @@ inline ComPtr<ISessionConnection> ConnectionObjectOf(SessionConnectionPtr connec
   return ComPtr<ISessionConnection>::Attach(ShellOf<ConnectionObject>(std::move(connection)));
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

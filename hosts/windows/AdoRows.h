@@ -16,7 +16,7 @@
 #include "fetchkit/base/Error.h"
 #include "fetchkit/host/Recordset.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
 struct FieldOfRows {
   RecordsetPtr rows;
@@ -117,4 +117,4 @@ inline RecordsetPtr RowsOf(IUnknown* object) {
   return recordset->rows();
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

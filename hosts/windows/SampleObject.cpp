@@ -1,4 +1,4 @@
-#include "demo/windows/host/SampleHostObject.h"
+#include "hosts/windows/SampleObject.h"
 
 #include <charconv>
 #include <memory>
@@ -8,12 +8,12 @@
 #include "demo/SampleAccounts.h"
 #include "demo/console/StatementList.h"
 #include "demo/console/Terminal.h"
-#include "demo/windows/com/ConnectionObject.h"
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/utility/DateKeywords.h"
+#include "hosts/windows/ConnectionObject.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 // An array from 0, as scripts count.
@@ -37,13 +37,14 @@ char16_t EscapedCharacter(TextView text, std::size_t at) {
 
 }  // namespace
 
-HRESULT SampleHostObject::get_Logins(VARIANT* result) noexcept {
+HRESULT SampleObject::get_Logins(VARIANT* result) noexcept {
   return Answer(result, [] {
-    return TextArray(SampleLogins(), [](const SampleLogin& login) { return FromUtf8(login.name); });
+    return TextArray(demo::SampleLogins(),
+                     [](const demo::SampleLogin& login) { return FromUtf8(login.name); });
   });
 }
 
-HRESULT SampleHostObject::Connection(BSTR strLogin, BSTR strServer, IDispatch** result) noexcept {
+HRESULT SampleObject::Connection(BSTR strLogin, BSTR strServer, IDispatch** result) noexcept {
   return Answer(result, [&]() -> IDispatch* {
     try {
       core().Switch(ToUtf8(ViewOf(strLogin)));
@@ -57,27 +58,27 @@ HRESULT SampleHostObject::Connection(BSTR strLogin, BSTR strServer, IDispatch** 
   });
 }
 
-HRESULT SampleHostObject::get_StatementCount(long* result) noexcept {
+HRESULT SampleObject::get_StatementCount(long* result) noexcept {
   return Answer(result, [&] { return static_cast<std::int32_t>(core().reports().size()); });
 }
 
-HRESULT SampleHostObject::get_StatementText(long lngNumber, BSTR* result) noexcept {
-  return Answer(result, [&] { return FromUtf8(OneLine(Report(lngNumber).sql)); });
+HRESULT SampleObject::get_StatementText(long lngNumber, BSTR* result) noexcept {
+  return Answer(result, [&] { return FromUtf8(demo::OneLine(Report(lngNumber).sql)); });
 }
 
-HRESULT SampleHostObject::get_StatementAnswer(long lngNumber, BSTR* result) noexcept {
-  return Answer(result, [&] { return FromUtf8(AnswerOf(Report(lngNumber))); });
+HRESULT SampleObject::get_StatementAnswer(long lngNumber, BSTR* result) noexcept {
+  return Answer(result, [&] { return FromUtf8(demo::AnswerOf(Report(lngNumber))); });
 }
 
-HRESULT SampleHostObject::ForgetStatements() noexcept {
+HRESULT SampleObject::ForgetStatements() noexcept {
   return Run([&] { core().reports().clear(); });
 }
 
-HRESULT SampleHostObject::get_OpenRecordsets(long* result) noexcept {
+HRESULT SampleObject::get_OpenRecordsets(long* result) noexcept {
   return Answer(result, [&] { return static_cast<std::int32_t>(core().openRecordsets()); });
 }
 
-HRESULT SampleHostObject::OpenRecordset(BSTR strSql, IDispatch** result) noexcept {
+HRESULT SampleObject::OpenRecordset(BSTR strSql, IDispatch** result) noexcept {
   return Answer(result, [&]() -> IDispatch* {
     RecordsetPtr rows;
     if (!CurrentConnection().OpenRecordset(ViewOf(strSql), rows, 0, 0))
@@ -86,19 +87,19 @@ HRESULT SampleHostObject::OpenRecordset(BSTR strSql, IDispatch** result) noexcep
   });
 }
 
-HRESULT SampleHostObject::CloseRecordset(IDispatch* objRecordset) noexcept {
+HRESULT SampleObject::CloseRecordset(IDispatch* objRecordset) noexcept {
   return Run([&] {
     RecordsetPtr rows = RowsOf(objRecordset);
     CurrentConnection().CloseRecordset(rows);
   });
 }
 
-HRESULT SampleHostObject::get_Keywords(VARIANT* result) noexcept {
+HRESULT SampleObject::get_Keywords(VARIANT* result) noexcept {
   return Answer(result,
                 [] { return TextArray(kDateKeywords, [](TextView each) { return each; }); });
 }
 
-HRESULT SampleHostObject::Unescaped(BSTR strText, BSTR* result) noexcept {
+HRESULT SampleObject::Unescaped(BSTR strText, BSTR* result) noexcept {
   return Answer(result, [&] {
     Text plain;
     TextView left = ViewOf(strText);
@@ -116,11 +117,11 @@ HRESULT SampleHostObject::Unescaped(BSTR strText, BSTR* result) noexcept {
   });
 }
 
-HRESULT SampleHostObject::WriteLine(BSTR strText) noexcept {
-  return Run([&] { Write(stdout, ToUtf8(ViewOf(strText)) + '\n'); });
+HRESULT SampleObject::WriteLine(BSTR strText) noexcept {
+  return Run([&] { demo::Write(stdout, ToUtf8(ViewOf(strText)) + '\n'); });
 }
 
-const StatementReport& SampleHostObject::Report(long number) const {
+const StatementReport& SampleObject::Report(long number) const {
   const auto& reports = core().reports();
   if (number < 1 || static_cast<std::size_t>(number) > reports.size())
     throw Error(ErrorKind::InvalidCall,
@@ -128,10 +129,10 @@ const StatementReport& SampleHostObject::Report(long number) const {
   return reports[static_cast<std::size_t>(number) - 1];
 }
 
-TracedConnection& SampleHostObject::CurrentConnection() const {
+TracedConnection& SampleObject::CurrentConnection() const {
   const auto& connection = core().connection();
   if (!connection) throw Error(ErrorKind::ObjectMissing, u"Ask for a connection first.");
   return *connection;
 }
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

@@ -1,13 +1,13 @@
-// The object that scripts create: the sample accounts behind one dual interface.
+// FetchKitHost.Sample: the sample accounts behind one dual interface.
 #pragma once
 
 #include "component/com/ComObject.h"
 #include "demo/SampleHost.h"
-#include "idl/FetchKitDemoHost.h"
+#include "idl/FetchKitHostLibrary.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 
-class SampleHostObject : public ComObject<ISampleHost, IID_ISampleHost, SampleHost> {
+class SampleObject : public ComObject<ISampleHost, IID_ISampleHost, demo::SampleHost> {
  public:
   using Dual = ISampleHost;
   using ComObject::ComObject;
@@ -31,4 +31,4 @@ class SampleHostObject : public ComObject<ISampleHost, IID_ISampleHost, SampleHo
   TracedConnection& CurrentConnection() const;
 };
 
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts

@@ -1,4 +1,4 @@
-// The doors of FetchKitDemoHost.dll.
+// The doors of FetchKitHost.dll.
 #include <memory>
 
 #include "component/Windows.h"
@@ -6,26 +6,26 @@
 #include "component/com/Module.h"
 #include "component/com/Registration.h"
 #include "component/com/TypeLibrary.h"
-#include "demo/windows/host/SampleHostObject.h"
+#include "hosts/windows/SampleObject.h"
 
-namespace fetchkit::demo {
+namespace fetchkit::hosts {
 namespace {
 
 const CreatableClass kClasses[] = {
-    {&CLSID_SampleHost, L"FetchKitDemoHost.SampleHost", L"FetchKit's sample accounts for scripts",
-     []() -> IUnknown* { return ShellOf<SampleHostObject>(std::make_shared<SampleHost>()); }},
+    {&CLSID_Sample, L"FetchKitHost.Sample", L"FetchKit's sample accounts",
+     []() -> IUnknown* { return ShellOf<SampleObject>(std::make_shared<demo::SampleHost>()); }},
 };
 
 }  // namespace
-}  // namespace fetchkit::demo
+}  // namespace fetchkit::hosts
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-  if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module, u"FetchKitDemoHost");
+  if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module, u"FetchKitHost");
   return TRUE;
 }
 
 STDAPI DllGetClassObject(REFCLSID asked, REFIID interfaceId, void** object) {
-  return fetchkit::GetClassObject(fetchkit::demo::kClasses, asked, interfaceId, object);
+  return fetchkit::GetClassObject(fetchkit::hosts::kClasses, asked, interfaceId, object);
 }
 
 STDAPI DllCanUnloadNow() {
@@ -35,19 +35,19 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-  return fetchkit::Register(fetchkit::demo::kClasses, fetchkit::RegistrationScope::Machine);
+  return fetchkit::Register(fetchkit::hosts::kClasses, fetchkit::RegistrationScope::Machine);
 }
 
 STDAPI DllUnregisterServer() {
-  return fetchkit::Unregister(fetchkit::demo::kClasses, fetchkit::RegistrationScope::Machine);
+  return fetchkit::Unregister(fetchkit::hosts::kClasses, fetchkit::RegistrationScope::Machine);
 }
 
-// "regsvr32 /n /i:user FetchKitDemoHost.dll" is for the current user alone.
+// "regsvr32 /n /i:user FetchKitHost.dll" is for the current user alone.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
   using fetchkit::RegistrationScope;
   const bool user = commandLine && lstrcmpiW(commandLine, L"user") == 0;
   if (!user && commandLine && *commandLine) return E_INVALIDARG;
   const auto scope = user ? RegistrationScope::User : RegistrationScope::Machine;
-  return install ? fetchkit::Register(fetchkit::demo::kClasses, scope)
-                 : fetchkit::Unregister(fetchkit::demo::kClasses, scope);
+  return install ? fetchkit::Register(fetchkit::hosts::kClasses, scope)
+                 : fetchkit::Unregister(fetchkit::hosts::kClasses, scope);
 }
