@@ -2,14 +2,18 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
-#include <iostream>
+#include <sstream>
 
 #include "demo/SampleAccounts.h"
 #include "demo/commands/CommandLine.h"
 #include "demo/commands/Commands.h"
 #include "demo/console/Console.h"
 #include "demo/console/Terminal.h"
+#ifdef FETCHKIT_DEMO_WINDOWS
+#include "demo/windows/Library.h"
+#endif
 
 namespace {
 
@@ -27,8 +31,22 @@ constexpr const char* kFooter =
     "where\n"
     "no other user of the machine sees its password.";
 
-int Run(int argc, char** argv) {
-  CLI::App app(kDescription, "./run demo");
+// Who answers the dialogs when nobody says it.
+#ifdef FETCHKIT_DEMO_WINDOWS
+constexpr const char* kAskHelp =
+    "Ask in the console, instead of opening windows of FetchKit.dll, for every choice. f and a "
+    "text\n"
+    "searches columns and codes, by Pinyin initials, too; q cancels at any question";
+constexpr const char* kScriptHelp = "Let a scripted user choose, in the console";
+#else
+constexpr const char* kAskHelp =
+    "Ask for every choice (the default on a terminal). f and a text searches\n"
+    "columns and codes, by Pinyin initials, too; q cancels at any question";
+constexpr const char* kScriptHelp = "Let the scripted user choose (the default elsewhere)";
+#endif
+
+int Run(std::vector<std::string> arguments) {
+  CLI::App app(kDescription, kProgram);
   app.footer(kFooter);
   app.fallthrough();
 
@@ -60,12 +78,8 @@ int Run(int argc, char** argv) {
   AddListOptions(*filters, filter.viewId, filter.rows);
   bool ask = false;
   bool script = false;
-  CLI::Option* asked =
-      filters->add_flag("--ask", ask,
-                        "Ask for every choice (the default on a terminal). f and a text searches\n"
-                        "columns and codes, by Pinyin initials, too; q cancels at any question");
-  filters->add_flag("--script", script, "Let the scripted user choose (the default elsewhere)")
-      ->excludes(asked);
+  CLI::Option* asked = filters->add_flag("--ask", ask, kAskHelp);
+  filters->add_flag("--script", script, kScriptHelp)->excludes(asked);
 
 #ifdef FETCHKIT_DEMO_ODBC
   CLI::App* load =
@@ -74,12 +88,22 @@ int Run(int argc, char** argv) {
   load->add_flag("--replace", replace, "Replace what an earlier load wrote there, without asking");
 #endif
 
-  CLI11_PARSE(app, argc, argv);
+  try {
+    std::reverse(arguments.begin(), arguments.end());
+    app.parse(std::move(arguments));
+  } catch (const CLI::ParseError& stop) {
+    std::ostringstream out;
+    std::ostringstream error;
+    const int code = app.exit(stop, out, error);
+    Write(stdout, out.str());
+    Write(stderr, error.str());
+    return code;
+  }
+  const bool interactive = IsTerminal(stdin) && IsTerminal(stdout);
   Console console(stdout, colour);
   if (accounts->parsed()) return RunAccounts(console);
 #ifdef FETCHKIT_DEMO_ODBC
-  if (load->parsed())
-    return RunLoad(console, common, replace, std::cin, IsTerminal(stdin) && IsTerminal(stdout));
+  if (load->parsed()) return RunLoad(console, common, replace, Input(), interactive);
 #endif
   if (dates->parsed()) return RunDates(console, common, date);
   if (rights->parsed()) return RunRights(console, common);
@@ -88,7 +112,10 @@ int Run(int argc, char** argv) {
   if (lists->parsed()) return RunList(console, common, list);
   if (filters->parsed()) {
     if (ask || script) filter.user = ask ? DialogUser::Asked : DialogUser::Scripted;
-    return RunFilter(console, common, filter, std::cin, IsTerminal(stdin) && IsTerminal(stdout));
+#ifdef FETCHKIT_DEMO_WINDOWS
+    filter.openInWindows = OpenInWindows;
+#endif
+    return RunFilter(console, common, filter, Input(), interactive);
   }
   return RunLogin(console, common);
 }
@@ -97,9 +124,9 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return Run(argc, argv);
+    return Run(Arguments(argc, argv));
   } catch (const std::exception& error) {
-    fmt::print(stderr, "demo: {}\n", error.what());
+    Write(stderr, fmt::format("demo: {}\n", error.what()));
     return 1;
   }
 }

@@ -8,7 +8,7 @@ case $1 in
   *) echo "x64 or x86?" >&2; exit 2 ;;
 esac
 shift
-own='advapi32|comctl32|gdi32|gdiplus|kernel32|msvcrt|ole32|oleaut32|shell32|user32|uxtheme'
+own='advapi32|comctl32|gdi32|gdiplus|kernel32|msvcrt|odbc32|ole32|oleaut32|shell32|user32|uxtheme'
 foreign=0
 for file in "$@"; do
   imports=$("$objdump" -p "$file" | sed -n 's/.*DLL Name: //p')

@@ -2,14 +2,26 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "demo/SampleHost.h"
 #include "demo/console/Console.h"
+#include "fetchkit/host/SessionConnection.h"
 
 namespace fetchkit::demo {
+
+class ListDialogs;
+
+// How the demo is called, as it says itself.
+#ifdef FETCHKIT_DEMO_WINDOWS
+constexpr const char* kProgram = "FetchKitDemo";
+#else
+constexpr const char* kProgram = "./run demo";
+#endif
 
 // What every subcommand may be told.
 struct CommonOptions {
@@ -54,12 +66,15 @@ struct FilterOptions {
   std::int32_t viewId = 101;
   int rows = 10;  // how many to print at most
   DialogUser user = DialogUser::Auto;
+
+  // Opens dialogs in windows on a connection; none where there are no windows.
+  std::function<std::unique_ptr<ListDialogs>(const SessionConnectionPtr&)> openInWindows{};
 };
 
 // Opens the filter dialog on a view's saved list and shows what it returns and finds, then the
 // multi-choose dialog. A scripted user answers, or whoever sits at the terminal, whose answers are
-// read from in; Auto asks where asking makes sense (interactive). std::invalid_argument for a view
-// that is none.
+// read from in; Auto opens windows where there are any, and asks where asking makes sense
+// (interactive). std::invalid_argument for a view that is none.
 int RunFilter(Console& console, const CommonOptions& options, const FilterOptions& filter,
               std::istream& in, bool interactive);
 

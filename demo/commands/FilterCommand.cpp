@@ -1,10 +1,12 @@
 #include <fmt/format.h>
 
+#include <memory>
 #include <stdexcept>
 
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
 #include "demo/commands/FilterUsers.h"
+#include "demo/commands/ListDialogs.h"
 #include "demo/commands/ListOutput.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListSet.h"
@@ -27,6 +29,27 @@ void WithRows(DemoSession& session, TextView sql, Work&& work) {
   session.connection()->CloseRecordset(rows);
 }
 
+// The linked library's dialogs, in the console.
+class DialogsInConsole : public ListDialogs {
+ public:
+  DialogsInConsole(ListSet& set, FormView& user) : set_(set) { SetFormView(&user); }
+  ~DialogsInConsole() override { SetFormView(nullptr); }
+  DialogsInConsole(const DialogsInConsole&) = delete;
+  DialogsInConsole& operator=(const DialogsInConsole&) = delete;
+
+  void ViewId(std::int32_t id) override { set_.ViewId(id); }
+  ListType List() const override { return set_.List(); }
+  ListTexts Texts() const override { return TextsOf(set_); }
+  bool ShowFilter() override { return set_.ShowFilter(0); }
+  Text ShowMultiChoose(const RecordsetPtr& rows, TextView caption, TextView condition, Text& shown,
+                       bool& ok) override {
+    return set_.ShowMultiChoose(rows, caption, condition, shown, false, Value(), ok, 0);
+  }
+
+ private:
+  ListSet& set_;
+};
+
 }  // namespace
 
 int RunFilter(Console& console, const CommonOptions& options, const FilterOptions& filter,
@@ -34,37 +57,41 @@ int RunFilter(Console& console, const CommonOptions& options, const FilterOption
   DemoSession session(console, options.trace, options.target);
   session.Switch(options.login);
   session.LogIn();
-  ListSet& set = *session.entry().ListSet();
+  ScriptedUser scripted(console);
+  AskedUser asked(console, in);
+  const bool isAuto = filter.user == DialogUser::Auto;
+  const bool ask = filter.user == DialogUser::Asked || (isAuto && interactive);
+  std::unique_ptr<ListDialogs> dialogs;
+  if (isAuto && filter.openInWindows)
+    dialogs = filter.openInWindows(session.connection());
+  else
+    dialogs = std::make_unique<DialogsInConsole>(*session.entry().ListSet(),
+                                                 ask ? static_cast<FormView&>(asked) : scripted);
+
   console.Heading(fmt::format("View {}", filter.viewId));
-  session.Run([&] { set.ViewId(filter.viewId); });
-  if (set.List().ListField.empty())
+  session.Run([&] { dialogs->ViewId(filter.viewId); });
+  const ListType list = dialogs->List();
+  if (list.ListField.empty())
     throw std::invalid_argument(
         fmt::format("the account has no view {}; try 101 or 102", filter.viewId));
 
-  ScriptedUser scripted(console);
-  AskedUser asked(console, in);
-  const bool ask =
-      filter.user == DialogUser::Asked || (filter.user == DialogUser::Auto && interactive);
-  SetFormView(ask ? static_cast<FormView*>(&asked) : &scripted);
-
-  console.Heading(fmt::format("ShowFilter on {}", ToUtf8(set.List().strViewName)));
+  console.Heading(fmt::format("ShowFilter on {}", ToUtf8(list.strViewName)));
   bool confirmed = false;
-  session.Run([&] { confirmed = set.ShowFilter(0); });
+  session.Run([&] { confirmed = dialogs->ShowFilter(); });
   console.Heading("It returns");
   console.BeginTable();
   console.Row({"ShowFilter", confirmed ? "True" : "False"});
-  console.Row({"ListPureWhere", ToUtf8(set.ListPureWhere())});
+  console.Row({"ListPureWhere", ToUtf8(dialogs->Texts().pureWhere)});
   console.EndTable();
   console.Heading("The rows of the host's query");
-  ShowRows(console, session, set, filter.rows);
+  ShowRows(console, session, dialogs->List(), dialogs->Texts(), filter.rows);
 
   console.Heading("ShowMultiChoose on the departments");
   Text condition;
   Text shown;
   bool ok = false;
   WithRows(session, kDepartments, [&](const RecordsetPtr& rows) {
-    condition = set.ShowMultiChoose(rows, u"部门", u"(部门='02-01 国内销售科')", shown, false,
-                                    Value(), ok, 0);
+    condition = dialogs->ShowMultiChoose(rows, u"部门", u"(部门='02-01 国内销售科')", shown, ok);
   });
   console.Heading("It returns");
   console.BeginTable();
@@ -72,7 +99,6 @@ int RunFilter(Console& console, const CommonOptions& options, const FilterOption
   console.Row({"condition", ToUtf8(condition)});
   console.Row({"strShowCond", ToUtf8(shown)});
   console.EndTable();
-  SetFormView(nullptr);
   return 0;
 }
 

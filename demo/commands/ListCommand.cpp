@@ -139,9 +139,9 @@ int RunList(Console& console, const CommonOptions& options, const ListOptions& l
   console.Heading(fmt::format("{}: saved conditions", ToUtf8(set.List().strViewName)));
   ShowConditions(console, set.List());
   console.Heading("Texts for the host's query");
-  ShowTexts(console, set);
+  ShowTexts(console, TextsOf(set));
   console.Heading("Rows");
-  ShowRows(console, session, set, list.rows);
+  ShowRows(console, session, set.List(), TextsOf(set), list.rows);
   if (list.where.empty()) return 0;
 
   ListType edited = set.List();
@@ -157,8 +157,8 @@ int RunList(Console& console, const CommonOptions& options, const ListOptions& l
   ListSet& again = *session.entry().ListSet();
   again.ViewId(list.viewId);
   ShowConditions(console, again.List());
-  ShowTexts(console, again);
-  ShowRows(console, session, again, list.rows);
+  ShowTexts(console, TextsOf(again));
+  ShowRows(console, session, again.List(), TextsOf(again), list.rows);
   // Columns of equal numbers may come in another order.
   const auto conditions = [](const ListType& read) {
     std::set<std::array<Text, 4>> all;

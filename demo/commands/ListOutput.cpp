@@ -20,27 +20,31 @@ void ShowConditions(Console& console, const ListType& list) {
   console.EndTable();
 }
 
-void ShowTexts(Console& console, const ListSet& set) {
+ListTexts TextsOf(const ListSet& set) {
+  return {set.ListFrom(), set.ListWhere(), set.ListPureWhere(), set.GetListSelect()};
+}
+
+void ShowTexts(Console& console, const ListTexts& texts) {
   console.BeginTable();
-  console.Row({"ListFrom", ToUtf8(set.ListFrom())});
-  console.Row({"ListWhere", ToUtf8(set.ListWhere())});
-  console.Row({"ListPureWhere", ToUtf8(set.ListPureWhere())});
-  console.Row({"GetListSelect", ToUtf8(set.GetListSelect())});
+  console.Row({"ListFrom", ToUtf8(texts.from)});
+  console.Row({"ListWhere", ToUtf8(texts.where)});
+  console.Row({"ListPureWhere", ToUtf8(texts.pureWhere)});
+  console.Row({"GetListSelect", ToUtf8(texts.select)});
   console.EndTable();
 }
 
-void ShowRows(Console& console, DemoSession& session, const ListSet& set, int most) {
-  Text where = set.ListWhere();
-  if (!where.empty() && !set.ListPureWhere().empty()) where.append(u" And ");
-  where.append(set.ListPureWhere());
-  const Text sql = Join(u"Select", set.GetListSelect(), u" From ", set.ListFrom(),
-                        where.empty() ? u"" : u" Where ", where);
+void ShowRows(Console& console, DemoSession& session, const ListType& list, const ListTexts& texts,
+              int most) {
+  Text where = texts.where;
+  if (!where.empty() && !texts.pureWhere.empty()) where.append(u" And ");
+  where.append(texts.pureWhere);
+  const Text sql =
+      Join(u"Select", texts.select, u" From ", texts.from, where.empty() ? u"" : u" Where ", where);
   OpenedRecordset rows(session.connection(), sql, Cursor::Static);
   if (!rows) {
     console.Note("The database refused the query: " + ToUtf8(session.reports().back().error));
     return;
   }
-  const ListType list = set.List();
   std::vector<std::string> header;
   std::vector<std::size_t> columns;
   for (const ListFieldType& field : list.ListField) {

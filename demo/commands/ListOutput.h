@@ -11,9 +11,17 @@ namespace fetchkit::demo {
 void ShowConditions(Console& console, const ListType& list);
 
 // The four texts of which a host makes its query.
-void ShowTexts(Console& console, const ListSet& set);
+struct ListTexts {
+  Text from;
+  Text where;
+  Text pureWhere;
+  Text select;
+};
+ListTexts TextsOf(const ListSet& set);
+void ShowTexts(Console& console, const ListTexts& texts);
 
 // The rows of that query, at most so many.
-void ShowRows(Console& console, DemoSession& session, const ListSet& set, int most);
+void ShowRows(Console& console, DemoSession& session, const ListType& list, const ListTexts& texts,
+              int most);
 
 }  // namespace fetchkit::demo

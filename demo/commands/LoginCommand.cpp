@@ -120,10 +120,11 @@ bool ShowState(Console& console, const LoginState& state) {
           : "The login is partial: some of its records did not come in.");
   for (const fetchkit::Text& step : state.failedSteps)
     console.Line("  " + Utf8(step));
-  console.Line(
+  console.Line(fmt::format(
       "\"no row\" means that the database knows no such organization or operator, or that it is "
       "inactive, not initialised or not allotted.\n"
-      "Choose another login with --login NAME; ./run demo accounts lists them.");
+      "Choose another login with --login NAME; {} accounts lists them.",
+      kProgram));
   return false;
 }
 

@@ -5,6 +5,9 @@
 #include <unistd.h>
 #include <utf8proc.h>
 
+#include <algorithm>
+#include <iostream>
+
 namespace fetchkit::demo {
 
 bool IsTerminal(std::FILE* stream) {
@@ -19,6 +22,14 @@ int TerminalColumns(std::FILE* out) {
 
 int CharacterWidth(char32_t character) {
   return utf8proc_charwidth(static_cast<utf8proc_int32_t>(character));
+}
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+  return {argv + std::min(argc, 1), argv + argc};
+}
+
+std::istream& Input() {
+  return std::cin;
 }
 
 void Write(std::FILE* out, std::string_view text) {

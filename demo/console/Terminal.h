@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdio>
+#include <iosfwd>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace fetchkit::demo {
 
@@ -14,6 +17,12 @@ int TerminalColumns(std::FILE* out);
 
 // Columns that a character takes on it: Chinese glyphs two, combining marks none.
 int CharacterWidth(char32_t character);
+
+// The command line without the program's name, in UTF-8.
+std::vector<std::string> Arguments(int argc, char** argv);
+
+// The standard input, in UTF-8; lives as long as the program.
+std::istream& Input();
 
 // UTF-8, to a terminal as to a file.
 void Write(std::FILE* out, std::string_view text);

@@ -171,7 +171,8 @@ class ServerAccounts::Loader {
   explicit Loader(const OdbcTarget& target)
       : maker_(MakerFor(target.engine)),
         engine_(hosts::EngineOf(target.engine)),
-        link_(FromUtf8(target.connectionString), std::chrono::seconds(15)) {
+        link_(FromUtf8(target.connectionString), std::chrono::seconds(15),
+              odbc::EncodingsFor(target.engine).front()) {
     for (const Text& statement : engine_.SessionStatements(false))
       Run(statement);
     std::vector<Text> schemas;

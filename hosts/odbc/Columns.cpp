@@ -1,7 +1,6 @@
 #include "hosts/odbc/Columns.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -28,7 +27,7 @@ constexpr SQLLEN kBufferBytes = 64 << 20;  // of all columns together, unless on
   throw Error(ErrorKind::Host, Join(u"Column ", column, u" holds ", what, u"."));
 }
 
-enum class Kind { Long, Double, Timestamp, Number, Text };
+enum class Kind { Long, Double, Timestamp, Number, Text, WideText };
 
 Kind KindOf(SQLSMALLINT type) {
   switch (type) {
@@ -84,15 +83,16 @@ Value DateOf(const SQL_TIMESTAMP_STRUCT& parts, TextView column) {
 // One column of an array of rows.
 class Buffer {
  public:
-  Buffer(const ColumnDescription& column, SQLLEN width)
+  Buffer(const ColumnDescription& column, Encoding encoding, SQLLEN width)
       : name_(column.name), kind_(KindOf(column.type)), width_(width) {
+    if (kind_ == Kind::Text && encoding == Encoding::Wide) kind_ = Kind::WideText;
     if (kind_ == Kind::Long) width_ = sizeof(SQLINTEGER);
     if (kind_ == Kind::Double) width_ = sizeof(SQLDOUBLE);
     if (kind_ == Kind::Timestamp) width_ = sizeof(SQL_TIMESTAMP_STRUCT);
     if (width_ > 0) return;
-    // A character takes up to four bytes of UTF-8.
+    // A character takes up to four bytes in either encoding.
     const auto size = static_cast<SQLLEN>(std::min<SQLULEN>(column.size, kFirstWidth));
-    width_ = size == 0 ? kFirstWidth : std::min(size * 4, kFirstWidth) + 1;
+    width_ = size == 0 ? kFirstWidth : std::min(size * 4, kFirstWidth) + End();
   }
 
   SQLLEN width() const { return width_; }
@@ -107,10 +107,10 @@ class Buffer {
 
   // The bytes that the row's text needs when it did not fit; 0 when it did.
   SQLLEN Needed(std::size_t row) const {
-    if (CType() != SQL_C_CHAR) return 0;
+    if (kind_ != Kind::Number && kind_ != Kind::Text && kind_ != Kind::WideText) return 0;
     const SQLLEN length = lengths_[row];
     if (length == SQL_NO_TOTAL) return width_ * 8;
-    return length >= width_ ? length + 1 : 0;
+    return length + End() > width_ ? length + End() : 0;
   }
 
   Value At(std::size_t row) const {
@@ -125,16 +125,24 @@ class Buffer {
       case Kind::Number:
         return NumberOf(Chars(row), name_);
       case Kind::Text:
+      case Kind::WideText:
         break;
     }
     const std::string_view chars = Chars(row);
     if (chars.empty()) return NullValue{};
-    return FromUtf8(chars);
+    if (kind_ == Kind::Text) return FromUtf8(chars);
+    Text text(chars.size() / sizeof(char16_t), u'\0');
+    std::memcpy(text.data(), chars.data(), text.size() * sizeof(char16_t));
+    return text;
   }
 
  private:
+  // The zero behind a text.
+  SQLLEN End() const { return kind_ == Kind::WideText ? 2 : 1; }
+
   SQLSMALLINT CType() const {
     if (kind_ == Kind::Long) return SQL_C_SLONG;
+    if (kind_ == Kind::WideText) return SQL_C_WCHAR;
     if (kind_ == Kind::Double) return SQL_C_DOUBLE;
     return kind_ == Kind::Timestamp ? SQL_C_TYPE_TIMESTAMP : SQL_C_CHAR;
   }
@@ -206,20 +214,14 @@ class RowArray {
 
 }  // namespace
 
-std::vector<ColumnDescription> Describe(SQLHSTMT statement) {
+std::vector<ColumnDescription> Describe(SQLHSTMT statement, Encoding encoding) {
   SQLSMALLINT count = 0;
   Check(SQLNumResultCols(statement, &count), SQL_HANDLE_STMT, statement);
   std::vector<ColumnDescription> columns(static_cast<std::size_t>(std::max<SQLSMALLINT>(count, 0)));
   SQLUSMALLINT number = 0;
   for (ColumnDescription& column : columns) {
-    std::array<SQLCHAR, 1024> name{};
-    SQLSMALLINT length = 0;
-    SQLSMALLINT decimals = 0;
-    SQLSMALLINT nullable = 0;
-    Check(SQLDescribeCol(statement, ++number, name.data(), static_cast<SQLSMALLINT>(name.size()),
-                         &length, &column.type, &column.size, &decimals, &nullable),
+    Check(DescribeColumn(statement, ++number, encoding, column.name, column.type, column.size),
           SQL_HANDLE_STMT, statement);
-    column.name = FromUtf8(reinterpret_cast<const char*>(name.data()));
     SQLLEN isUnsigned = SQL_FALSE;
     if (column.type == SQL_INTEGER &&
         SQL_SUCCEEDED(SQLColAttribute(statement, number, SQL_DESC_UNSIGNED, nullptr, 0, nullptr,
@@ -230,11 +232,11 @@ std::vector<ColumnDescription> Describe(SQLHSTMT statement) {
   return columns;
 }
 
-bool FetchAll(SQLHSTMT statement, const std::vector<ColumnDescription>& columns,
+bool FetchAll(SQLHSTMT statement, const std::vector<ColumnDescription>& columns, Encoding encoding,
               std::vector<SQLLEN>& widths, std::vector<Value>& cells) {
   std::vector<Buffer> buffers;
   for (std::size_t i = 0; i < columns.size(); ++i)
-    buffers.emplace_back(columns[i], widths[i]);
+    buffers.emplace_back(columns[i], encoding, widths[i]);
   RowArray array(statement, buffers);
   bool fits = true;
   while (const std::size_t rows = array.Fetch()) {

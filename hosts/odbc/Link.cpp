@@ -1,10 +1,6 @@
 #include "hosts/odbc/Link.h"
 
-#include <array>
-#include <string>
-
 #include "fetchkit/base/Error.h"
-#include "fetchkit/base/Utf8.h"
 
 namespace fetchkit::odbc {
 namespace {
@@ -24,15 +20,8 @@ TextView WithoutOrigins(TextView text) {
 Text WordsFor(SQLSMALLINT type, SQLHANDLE handle) {
   Text words;
   for (SQLSMALLINT record = 1;; ++record) {
-    std::array<SQLCHAR, 6> state{};
-    std::array<SQLCHAR, 4096> message{};
-    SQLINTEGER native = 0;
-    SQLSMALLINT length = 0;
-    const SQLRETURN result =
-        SQLGetDiagRec(type, handle, record, state.data(), &native, message.data(),
-                      static_cast<SQLSMALLINT>(message.size()), &length);
-    if (!SQL_SUCCEEDED(result)) break;
-    const Text text = FromUtf8(reinterpret_cast<const char*>(message.data()));
+    Text text;
+    if (!ReadDiagnosis(type, handle, record, text)) break;
     const TextView said = WithoutOrigins(text);
     if (said.empty() || words.find(said) != Text::npos) continue;
     AppendWith(words, u' ', said);
@@ -66,17 +55,14 @@ template class Handle<SQL_HANDLE_ENV>;
 template class Handle<SQL_HANDLE_DBC>;
 template class Handle<SQL_HANDLE_STMT>;
 
-Link::Link(TextView connectionString, std::chrono::seconds timeout) {
+Link::Link(TextView connectionString, std::chrono::seconds timeout, Encoding encoding)
+    : encoding_(encoding) {
   const auto seconds = static_cast<SQLULEN>(timeout.count());
   // Not every driver has this limit.
   if (seconds > 0)
     SQLSetConnectAttr(handle(), SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds),
                       SQL_IS_UINTEGER);
-  std::string text = ToUtf8(connectionString);
-  const SQLRETURN result = SQLDriverConnect(
-      handle(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
-      static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-  Check(result, SQL_HANDLE_DBC, handle());
+  Check(Connect(handle(), connectionString, encoding_), SQL_HANDLE_DBC, handle());
 }
 
 Link::~Link() {

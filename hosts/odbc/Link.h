@@ -5,6 +5,7 @@
 
 #include "fetchkit/base/Text.h"
 #include "hosts/odbc/Sql.h"
+#include "hosts/odbc/Texts.h"
 
 namespace fetchkit::odbc {
 
@@ -29,8 +30,8 @@ void Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
 
 class Link {
  public:
-  // Error (Host). timeout: see OdbcSettings.
-  Link(TextView connectionString, std::chrono::seconds timeout);
+  // Error (Host). timeout: see OdbcSettings. encoding: of all texts to and fro.
+  Link(TextView connectionString, std::chrono::seconds timeout, Encoding encoding = Encoding::Utf8);
   ~Link();
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
@@ -43,10 +44,12 @@ class Link {
   void GiveUp() { givenUp_ = true; }
 
   SQLHDBC handle() const { return connection_.get(); }
+  Encoding encoding() const { return encoding_; }
 
  private:
   Handle<SQL_HANDLE_ENV> environment_{SQL_NULL_HANDLE};
   Handle<SQL_HANDLE_DBC> connection_{environment_.get()};
+  Encoding encoding_;
   bool givenUp_ = false;
 };
 

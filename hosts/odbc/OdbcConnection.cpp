@@ -84,17 +84,7 @@ class OdbcConnection::Session : public hosts::Catalog {
   void Prepare(TextView schema) {
     // Another schema begins with a connection of its own, on which nothing is set.
     if (link_ && (link_->IsDead() || (!schema_.empty() && schema != schema_))) link_.reset();
-    if (!link_) {
-      // Kept only when it is set as it has to be.
-      link_.emplace(connectionString_, settings_.loginTimeout);
-      schema_.clear();
-      try {
-        SetUp();
-      } catch (...) {
-        link_.reset();
-        throw;
-      }
-    }
+    if (!link_) Open();
     if (schema == schema_) return;
     for (const Text& statement : engine_.SchemaStatements(schema))
       OwnStatement().Change(statement);
@@ -102,13 +92,30 @@ class OdbcConnection::Session : public hosts::Catalog {
     schema_ = schema;
   }
 
-  void SetUp() {
+  // The connection is kept only when it is set as it has to be.
+  void Open() {
+    for (const odbc::Encoding encoding : odbc::EncodingsFor(settings_.engine)) {
+      link_.emplace(connectionString_, settings_.loginTimeout, encoding);
+      schema_.clear();
+      try {
+        if (SetUp()) return;
+      } catch (...) {
+        link_.reset();
+        throw;
+      }
+      link_.reset();
+    }
+    Fail(u"Texts do not come through the driver as Unicode: see docs/hosts.md for its settings.");
+  }
+
+  // False when texts do not come through.
+  bool SetUp() {
     for (const Text& statement : engine_.SessionStatements(settings_.readOnly))
       OwnStatement().Change(statement);
     const odbc::Rows echo = OwnStatement().Query(engine_.EchoQuery(kEcho));
-    if (ToTextOrEmpty(echo.cells.at(0)) != kEcho.substr(1, kEcho.size() - 2))
-      Fail(u"Texts do not come through the driver as UTF-8: see docs/hosts.md for its settings.");
+    if (ToTextOrEmpty(echo.cells.at(0)) != kEcho.substr(1, kEcho.size() - 2)) return false;
     Demand();
+    return true;
   }
 
   void Demand() {

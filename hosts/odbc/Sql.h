@@ -2,6 +2,10 @@
 #pragma once
 
 #ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define SQL_NOUNICODEMAP  // the names without a W are the narrow calls
 #include <windows.h>
 #endif
 #include <sql.h>

@@ -1,10 +1,8 @@
 #include "hosts/odbc/Statement.h"
 
 #include <algorithm>
-#include <string>
 
 #include "fetchkit/base/Error.h"
-#include "fetchkit/base/Utf8.h"
 #include "hosts/odbc/Columns.h"
 #include "hosts/odbc/Watchdog.h"
 
@@ -30,10 +28,7 @@ void Statement::Execute(TextView sql) {
   SQLHSTMT const statement = handle_.get();
   // What stands in braces is text and no escape sequence of ODBC; not every driver can be told.
   SQLSetStmtAttr(statement, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
-  std::string text = ToUtf8(sql);
-  Check(SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(text.data()),
-                      static_cast<SQLINTEGER>(text.size())),
-        SQL_HANDLE_STMT, statement);
+  Check(odbc::Execute(statement, sql, encoding_), SQL_HANDLE_STMT, statement);
 }
 
 Rows Statement::Query(TextView sql) {
@@ -41,14 +36,14 @@ Rows Statement::Query(TextView sql) {
   return Watched(statement, limit_, [&] {
     for (std::vector<SQLLEN> widths;;) {
       Execute(sql);
-      const std::vector<ColumnDescription> described = Describe(statement);
+      const std::vector<ColumnDescription> described = Describe(statement, encoding_);
       if (described.empty())
         throw Error(ErrorKind::Host, u"A statement that gives no rows cannot be opened.");
       Rows rows;
       for (const ColumnDescription& column : described)
         rows.names.push_back(column.name);
       widths.resize(described.size());
-      if (FetchAll(statement, described, widths, rows.cells)) return rows;
+      if (FetchAll(statement, described, encoding_, widths, rows.cells)) return rows;
       SQLFreeStmt(statement, SQL_CLOSE);
     }
   });
@@ -68,7 +63,7 @@ std::vector<Text> Statement::ColumnsOf(TextView query) {
   return Watched(handle_.get(), limit_, [&] {
     Execute(query);
     std::vector<Text> names;
-    for (ColumnDescription& column : Describe(handle_.get()))
+    for (ColumnDescription& column : Describe(handle_.get(), encoding_))
       names.push_back(std::move(column.name));
     SQLFreeStmt(handle_.get(), SQL_CLOSE);
     return names;

@@ -23,7 +23,8 @@ struct Rows {
 class Statement {
  public:
   // limit: see OdbcSettings::statementTimeout.
-  Statement(Link& link, std::chrono::milliseconds limit) : limit_(limit), handle_(link.handle()) {}
+  Statement(Link& link, std::chrono::milliseconds limit)
+      : limit_(limit), encoding_(link.encoding()), handle_(link.handle()) {}
 
   // Runs the statement and reads its rows to the end. The text may be run twice: see
   // OdbcConnection.
@@ -39,6 +40,7 @@ class Statement {
   void Execute(TextView sql);
 
   std::chrono::milliseconds limit_;
+  Encoding encoding_;
   Handle<SQL_HANDLE_STMT> handle_;
 };
 

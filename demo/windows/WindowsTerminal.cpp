@@ -1,6 +1,15 @@
-#include <algorithm>
-
+// The second needs the first.
+// clang-format off
 #include "component/Windows.h"
+#include <shellapi.h>
+// clang-format on
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <streambuf>
+
 #include "demo/console/Terminal.h"
 #include "fetchkit/base/Utf8.h"
 
@@ -9,6 +18,7 @@ namespace {
 
 // The system's handle of a standard stream; none for any other.
 HANDLE HandleOf(std::FILE* out) {
+  if (out == stdin) return GetStdHandle(STD_INPUT_HANDLE);
   if (out == stdout) return GetStdHandle(STD_OUTPUT_HANDLE);
   return out == stderr ? GetStdHandle(STD_ERROR_HANDLE) : INVALID_HANDLE_VALUE;
 }
@@ -18,13 +28,57 @@ bool IsConsole(HANDLE handle) {
   return GetConsoleMode(handle, &mode) != 0;
 }
 
+std::string Utf8Of(const wchar_t* text) {
+  return ToUtf8(reinterpret_cast<const char16_t*>(text));
+}
+
+// What is typed at the console, line by line.
+class ConsoleInput : public std::streambuf {
+ protected:
+  int_type underflow() override {
+    wchar_t units[1024];
+    DWORD read = 0;
+    if (!ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), units, 1024, &read, nullptr) || read == 0)
+      return traits_type::eof();
+    line_ = ToUtf8({reinterpret_cast<const char16_t*>(units), read});
+    std::erase(line_, '\r');
+    if (line_.empty() || line_.front() == '\x1A') return traits_type::eof();  // Ctrl+Z
+    setg(line_.data(), line_.data(), line_.data() + line_.size());
+    return traits_type::to_int_type(line_.front());
+  }
+
+ private:
+  std::string line_;
+};
+
 }  // namespace
+
+// The variable with the connection string, too, comes in the code page of the machine.
+std::vector<std::string> Arguments(int, char**) {
+  constexpr const wchar_t* kVariable = L"FETCHKIT_ODBC";
+  if (const wchar_t* string = _wgetenv(kVariable))
+    _putenv_s(Utf8Of(kVariable).c_str(), Utf8Of(string).c_str());
+  int count = 0;
+  const std::unique_ptr<wchar_t*, decltype(&LocalFree)> texts(
+      CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+  std::vector<std::string> arguments;
+  for (int i = 1; texts && i < count; ++i)
+    arguments.push_back(Utf8Of(texts.get()[i]));
+  return arguments;
+}
+
+std::istream& Input() {
+  static ConsoleInput typed;
+  static std::istream console(&typed);
+  return IsConsole(GetStdHandle(STD_INPUT_HANDLE)) ? console : std::cin;
+}
 
 bool IsTerminal(std::FILE* stream) {
 #ifndef ENABLE_VIRTUAL_TERMINAL_PROCESSING
   constexpr DWORD ENABLE_VIRTUAL_TERMINAL_PROCESSING = 4;
 #endif
   const HANDLE handle = HandleOf(stream);
+  if (stream == stdin) return IsConsole(handle);
   DWORD mode = 0;
   return GetConsoleMode(handle, &mode) != 0 &&
          SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
