@@ -30,6 +30,7 @@ struct Member {
 
 struct Kept {
   ComPtr<ITypeLib> library;
+  ComPtr<ITypeLib> second;
   std::map<GUID, ComPtr<ITypeInfo>, ById> described;
   std::map<GUID, ComPtr<IRecordInfo>, ById> records;
   std::map<Member, std::vector<VARTYPE>> referred;
@@ -50,18 +51,23 @@ void Check(HRESULT result) {
   if (FAILED(result)) throw ComError{result};
 }
 
+HRESULT Load(TextView resource, ComPtr<ITypeLib>& library) {
+  const Text path = Join(Module::Path(), resource);
+  return LoadTypeLibEx(reinterpret_cast<const OLECHAR*>(path.c_str()), REGKIND_NONE, library.Out());
+}
+
 ComPtr<ITypeLib> LibraryOf(Kept& all) {
-  if (!all.library) {
-    const Text path = Module::Path();
-    Check(LoadTypeLibEx(reinterpret_cast<const OLECHAR*>(path.c_str()), REGKIND_NONE,
-                        all.library.Out()));
-  }
+  if (!all.library) Check(Load(u"", all.library));
   return all.library;
 }
 
 ComPtr<ITypeInfo> Described(Kept& all, const GUID& id) {
   auto& entry = all.described[id];
-  if (!entry) Check(LibraryOf(all)->GetTypeInfoOfGuid(id, entry.Out()));
+  if (entry) return entry;
+  HRESULT result = LibraryOf(all)->GetTypeInfoOfGuid(id, entry.Out());
+  if (FAILED(result) && (all.second || SUCCEEDED(Load(u"\\2", all.second))))
+    result = all.second->GetTypeInfoOfGuid(id, entry.Out());
+  Check(result);
   return entry;
 }
 

@@ -12,7 +12,8 @@ namespace fetchkit::TypeLibrary {
 // refuses.
 ComPtr<ITypeLib> Library();
 
-// The description of an interface or a record in it, kept likewise.
+// The description of an interface or a record in it, kept likewise. A second library, resource 2,
+// may describe interfaces that the DLL implements but whose identifiers are others' to register.
 ComPtr<ITypeInfo> Describe(const GUID& id);
 
 // How records of that type are made and freed.

@@ -1,4 +1,5 @@
-// ADO's Recordset, Fields and Field, as far as they are read, in the order of their slots.
+// ADO's Recordset, Fields and Field, as far as they are read here or by hosts' scripts, in the
+// order of their slots.
 //
 // Members that nobody here calls keep their place under the number of their slot. They answer "not
 // implemented", so that a host without ADO implements what is named and nothing else.
@@ -24,7 +25,7 @@ struct Field : IDispatch {
   FETCHKIT_RESERVED_SLOT(9)
   FETCHKIT_RESERVED_SLOT(10)
   virtual HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) = 0;
-  FETCHKIT_RESERVED_SLOT(12)
+  virtual HRESULT STDMETHODCALLTYPE get_Type(long* type) = 0;       // a DataTypeEnum
   virtual HRESULT STDMETHODCALLTYPE get_Value(VARIANT* value) = 0;  // of the current row
   FETCHKIT_RESERVED_SLOT(14)
 };
@@ -33,7 +34,7 @@ struct Fields : IDispatch {
   static constexpr IID kId = {0x00000564, 0, 0x10, {0x80, 0, 0, 0xAA, 0, 0x6D, 0x2E, 0xA4}};
 
   virtual HRESULT STDMETHODCALLTYPE get_Count(long* count) = 0;
-  FETCHKIT_RESERVED_SLOT(8)
+  virtual HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown** enumeration) = 0;
   FETCHKIT_RESERVED_SLOT(9)
   virtual HRESULT STDMETHODCALLTYPE get_Item(VARIANT nameOrIndex, Field** field) = 0;
 };
@@ -68,14 +69,30 @@ struct Recordset : IDispatch {
   FETCHKIT_RESERVED_SLOT(29)
   FETCHKIT_RESERVED_SLOT(30)
   FETCHKIT_RESERVED_SLOT(31)
-  FETCHKIT_RESERVED_SLOT(32)
+  virtual HRESULT STDMETHODCALLTYPE Close() = 0;
   FETCHKIT_RESERVED_SLOT(33)
   FETCHKIT_RESERVED_SLOT(34)
   FETCHKIT_RESERVED_SLOT(35)
   virtual HRESULT STDMETHODCALLTYPE MoveNext() = 0;
-  FETCHKIT_RESERVED_SLOT(37)
+  virtual HRESULT STDMETHODCALLTYPE MovePrevious() = 0;
   virtual HRESULT STDMETHODCALLTYPE MoveFirst() = 0;
   virtual HRESULT STDMETHODCALLTYPE MoveLast() = 0;
+  FETCHKIT_RESERVED_SLOT(40)
+  FETCHKIT_RESERVED_SLOT(41)
+  FETCHKIT_RESERVED_SLOT(42)
+  FETCHKIT_RESERVED_SLOT(43)
+  FETCHKIT_RESERVED_SLOT(44)
+  FETCHKIT_RESERVED_SLOT(45)
+  FETCHKIT_RESERVED_SLOT(46)
+  FETCHKIT_RESERVED_SLOT(47)
+  FETCHKIT_RESERVED_SLOT(48)
+  FETCHKIT_RESERVED_SLOT(49)
+  FETCHKIT_RESERVED_SLOT(50)
+  FETCHKIT_RESERVED_SLOT(51)
+  FETCHKIT_RESERVED_SLOT(52)
+  FETCHKIT_RESERVED_SLOT(53)
+  FETCHKIT_RESERVED_SLOT(54)
+  virtual HRESULT STDMETHODCALLTYPE get_State(long* state) = 0;  // 1: open, 0: closed
 };
 
 #undef FETCHKIT_RESERVED_SLOT

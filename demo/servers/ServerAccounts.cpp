@@ -12,6 +12,7 @@
 #include "demo/SampleAccounts.h"
 #include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/Utf8.h"
+#include "hosts/odbc/Echo.h"
 #include "hosts/odbc/Link.h"
 #include "hosts/odbc/Statement.h"
 #include "hosts/sqlite/Database.h"
@@ -172,7 +173,8 @@ class ServerAccounts::Loader {
       : maker_(MakerFor(target.engine)),
         engine_(hosts::EngineOf(target.engine)),
         link_(FromUtf8(target.connectionString), std::chrono::seconds(15),
-              odbc::EncodingsFor(target.engine).front()) {
+              odbc::EncodingFor(FromUtf8(target.connectionString), target.engine,
+                                std::chrono::seconds(15))) {
     for (const Text& statement : engine_.SessionStatements(false))
       Run(statement);
     std::vector<Text> schemas;

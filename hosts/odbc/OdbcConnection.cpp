@@ -7,6 +7,7 @@
 
 #include "fetchkit/base/Error.h"
 #include "hosts/dialect/Dialect.h"
+#include "hosts/odbc/Echo.h"
 #include "hosts/odbc/Link.h"
 #include "hosts/odbc/ReadOnly.h"
 #include "hosts/odbc/Secrets.h"
@@ -14,9 +15,6 @@
 
 namespace fetchkit {
 namespace {
-
-// Characters of one and of several bytes in every encoding that a driver might take for UTF-8.
-constexpr TextView kEcho = u"'a\u90e8\u9580\u00e9'";
 
 [[noreturn]] void Fail(TextView what) {
   throw Error(ErrorKind::Host, what);
@@ -43,6 +41,11 @@ class OdbcConnection::Session : public hosts::Catalog {
     } catch (const Error& error) {
       throw Error(error.kind(), secrets_.Hide(error.description()));
     }
+  }
+
+  void Close() {
+    isClosed_ = true;
+    link_.reset();
   }
 
   const OdbcSettings& settings() const { return settings_; }
@@ -82,6 +85,7 @@ class OdbcConnection::Session : public hosts::Catalog {
 
  private:
   void Prepare(TextView schema) {
+    if (isClosed_) Fail(u"The connection was closed.");
     // Another schema begins with a connection of its own, on which nothing is set.
     if (link_ && (link_->IsDead() || (!schema_.empty() && schema != schema_))) link_.reset();
     if (!link_) Open();
@@ -112,8 +116,7 @@ class OdbcConnection::Session : public hosts::Catalog {
   bool SetUp() {
     for (const Text& statement : engine_.SessionStatements(settings_.readOnly))
       OwnStatement().Change(statement);
-    const odbc::Rows echo = OwnStatement().Query(engine_.EchoQuery(kEcho));
-    if (ToTextOrEmpty(echo.cells.at(0)) != kEcho.substr(1, kEcho.size() - 2)) return false;
+    if (!odbc::TextsComeThrough(OwnStatement(), engine_)) return false;
     Demand();
     return true;
   }
@@ -132,6 +135,7 @@ class OdbcConnection::Session : public hosts::Catalog {
   Text connectionString_;
   odbc::Secrets secrets_;
   std::optional<odbc::Link> link_;
+  bool isClosed_ = false;
   Text schema_;  // that is set on the connection; empty: what the connection string says
 };
 
@@ -141,6 +145,10 @@ OdbcConnection::OdbcConnection(TextView connectionString, OdbcSettings settings)
 }
 
 OdbcConnection::~OdbcConnection() = default;
+
+void OdbcConnection::Close() {
+  session_->Close();
+}
 
 std::shared_ptr<hosts::MemoryRecordset> OdbcConnection::Query(TextView sql, Text& adapted) {
   return session_->With(login.userId, [&] {

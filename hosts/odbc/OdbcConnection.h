@@ -52,6 +52,10 @@ class OdbcConnection : public TracedConnection {
   // needs it.
   explicit OdbcConnection(TextView connectionString, OdbcSettings settings = {});
   ~OdbcConnection() override;
+
+  // Ends the connection to the database; every later statement is refused, whoever still holds the
+  // object. Recordsets stay readable.
+  void Close();
   OdbcConnection(const OdbcConnection&) = delete;
   OdbcConnection& operator=(const OdbcConnection&) = delete;
 

@@ -21,7 +21,13 @@ MemoryRecordset::MemoryRecordset(std::vector<Text> names, std::vector<Value> cel
 
 void MemoryRecordset::MoveNext() {
   if (Eof()) Fail(u"The recordset has no current row.");
-  ++row_;
+  if (!std::exchange(isBefore_, false)) ++row_;
+}
+
+void MemoryRecordset::MovePrevious() {
+  if (Bof()) Fail(u"The recordset has no current row.");
+  isBefore_ = row_ == 0;
+  if (!isBefore_) --row_;
 }
 
 std::size_t MemoryRecordset::Column(TextView name) {
@@ -32,7 +38,7 @@ std::size_t MemoryRecordset::Column(TextView name) {
 }
 
 Value MemoryRecordset::At(std::size_t column) {
-  if (Eof()) Fail(u"The recordset has no current row.");
+  if (Eof() || isBefore_) Fail(u"The recordset has no current row.");
   if (column >= names_.size()) Fail(u"The recordset has no such column.");
   return cells_[row_ * names_.size() + column];
 }
@@ -60,6 +66,7 @@ MemoryRecordset& MemoryRecordset::Open() {
 void MemoryRecordset::MoveTo(std::size_t row) {
   if (Open().rows_ == 0) Fail(u"The recordset has no rows.");
   row_ = row;
+  isBefore_ = false;
 }
 
 }  // namespace fetchkit::hosts

@@ -18,14 +18,18 @@ class MemoryRecordset : public Recordset {
   MemoryRecordset(std::vector<Text> names, std::vector<Value> cells);
 
   bool Eof() override { return Open().row_ == rows_; }
-  bool Bof() override { return Open().rows_ == 0; }
+  bool Bof() override { return Open().rows_ == 0 || isBefore_; }
   void MoveFirst() override { MoveTo(0); }
   void MoveLast() override { MoveTo(rows_ - 1); }
   void MoveNext() override;
+  void MovePrevious();
   std::int32_t RecordCount() override { return static_cast<std::int32_t>(Open().rows_); }
   std::size_t Column(TextView name) override;
   std::vector<Text> ColumnNames() override { return Open().names_; }
   Value At(std::size_t column) override;
+
+  // All of them, row by row.
+  const std::vector<Value>& cells() { return Open().cells_; }
 
   // "column=value, ..." of the first row; Null is shown as -.
   Text FirstRow() const;
@@ -41,6 +45,7 @@ class MemoryRecordset : public Recordset {
   std::vector<Value> cells_;  // row by row
   std::size_t rows_;
   std::size_t row_ = 0;
+  bool isBefore_ = false;  // before the first row, which row_ then is
   bool open_ = true;
 };
 

@@ -69,14 +69,14 @@ class ContextObject : public ComObject<IHostContext, IID_IHostContext, HostConte
 class ConnectionObject
     : public ComObject<ISessionConnection, IID_ISessionConnection, SessionConnection> {
  public:
-  using ComObject::ComObject;
+  explicit ConnectionObject(SessionConnectionPtr connection)
+      : ComObject(connection), connection_(std::move(connection)) {}
 
   FETCHKIT_OBJECT(HostContext, ContextObject)
   STDMETHODIMP CloseRecordset(IDispatch** recordset) noexcept override {
     if (!recordset) return E_POINTER;
     return Run([&] {
-      RecordsetPtr rows = RowsOf(*recordset);
-      core().CloseRecordset(rows);
+      GiveBack(*recordset, core());
       std::exchange(*recordset, nullptr)->Release();
     });
   }
@@ -108,16 +108,18 @@ class ConnectionObject
  private:
   // What the caller's variable held is released once there is something to put in its place.
   template <class Opening>
-  static HRESULT Open(IDispatch** recordset, VARIANT_BOOL* result, Opening&& opening) noexcept {
+  HRESULT Open(IDispatch** recordset, VARIANT_BOOL* result, Opening&& opening) noexcept {
     if (!recordset) return E_POINTER;
     return Answer(result, [&] {
       RecordsetPtr rows;
       if (!opening(rows)) return false;
-      IDispatch* opened = ShellOf<RecordsetObject>(std::move(rows));
+      IDispatch* opened = RecordsetOf(std::move(rows), connection_);
       if (IDispatch* before = std::exchange(*recordset, opened)) before->Release();
       return true;
     });
   }
+
+  SessionConnectionPtr connection_;
 };
 
 inline ComPtr<ISessionConnection> ConnectionObjectOf(SessionConnectionPtr connection) {

@@ -1,17 +1,21 @@
 // The doors of FetchKitHost.dll.
 #include <memory>
 
+#include "component/RunTimeThreads.h"
 #include "component/Windows.h"
 #include "component/com/ClassFactory.h"
 #include "component/com/Module.h"
 #include "component/com/Registration.h"
 #include "component/com/TypeLibrary.h"
+#include "hosts/windows/OdbcObject.h"
 #include "hosts/windows/SampleObject.h"
 
 namespace fetchkit::hosts {
 namespace {
 
 const CreatableClass kClasses[] = {
+    {&CLSID_Odbc, L"FetchKitHost.Odbc", L"FetchKit on a database over ODBC",
+     []() -> IUnknown* { return ShellOf<OdbcObject>(std::make_shared<OdbcHost>()); }},
     {&CLSID_Sample, L"FetchKitHost.Sample", L"FetchKit's sample accounts",
      []() -> IUnknown* { return ShellOf<SampleObject>(std::make_shared<demo::SampleHost>()); }},
 };
@@ -19,8 +23,11 @@ const CreatableClass kClasses[] = {
 }  // namespace
 }  // namespace fetchkit::hosts
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+// Nothing at all is done when the whole process ends (reserved is not null then).
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {
   if (reason == DLL_PROCESS_ATTACH) fetchkit::Module::SetHandle(module, u"FetchKitHost");
+  if (reason == DLL_THREAD_DETACH) fetchkit::FreeThreadLocals();
+  if (reason == DLL_PROCESS_DETACH && !reserved) fetchkit::FreeRunTime();
   return TRUE;
 }
 

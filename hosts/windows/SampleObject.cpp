@@ -83,15 +83,12 @@ HRESULT SampleObject::OpenRecordset(BSTR strSql, IDispatch** result) noexcept {
     RecordsetPtr rows;
     if (!CurrentConnection().OpenRecordset(ViewOf(strSql), rows, 0, 0))
       throw Error(ErrorKind::Host, core().reports().back().error);
-    return ShellOf<RecordsetObject>(std::move(rows));
+    return RecordsetOf(std::move(rows), core().connection());
   });
 }
 
 HRESULT SampleObject::CloseRecordset(IDispatch* objRecordset) noexcept {
-  return Run([&] {
-    RecordsetPtr rows = RowsOf(objRecordset);
-    CurrentConnection().CloseRecordset(rows);
-  });
+  return Run([&] { GiveBack(objRecordset, CurrentConnection()); });
 }
 
 HRESULT SampleObject::get_Keywords(VARIANT* result) noexcept {

@@ -1,14 +1,19 @@
 #!/usr/bin/env bash
 # Runs the Windows component under Wine; the last line counts tests and checks.
-# Usage: tests/component/run-wine.sh BUILD-FOLDER DEMO, from the project's root. The folder is made by
-# the preset "component-x64", with the 32-bit build, or its DLL alone, in "../x86" beside it; DEMO is
-# the console demo, with which the sample script is compared.
+# Usage: tests/component/run-wine.sh BUILD-FOLDER DEMO [hosts], from the project's root. The folder is
+# made by the preset "component-x64", with the 32-bit build, or its DLL alone, in "../x86" beside it;
+# DEMO is the console demo, with which the sample script is compared.
+#
+# hosts: instead of all the rest FetchKitHost.Odbc and FetchKitDemo.exe on databases, through the
+# system's driver manager: SQLite's driver, and the servers that FETCHKIT_SERVERS tells of (a line each:
+# engine, a tab, connection string), to which the sample accounts are written.
 set -uo pipefail
 build=$(realpath "$1")
 demo=$(realpath "$2")
 here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 passed=0
 failed=0
+unset FETCHKIT_ODBC  # the tests never touch a user's own database
 
 # Everything of Wine's stays in the build folder. The locale chooses code page 936; it needs not be
 # generated for that, of which bash would complain at every start.
@@ -192,7 +197,37 @@ pictures() {
   done
 }
 
+# load ENGINE: by the program under Wine; what it says holds no connection string.
+load() { wine FetchKitDemo.exe load --replace --engine "$1" | grep '^[0-9]* tables with [0-9]* rows '; }
+by_script() {
+  local output
+  output=$(wine cscript //nologo host.vbs "$1")
+  echo "$output"
+  [[ ${output##*$'\n'} == "0 checks failed" ]]
+}
+
 check "a Wine prefix" prepare
+if [[ ${3:-} == hosts ]]; then
+  cp tests/component/host.vbs "$build"
+  rm -f "$build"/books.db*
+  check "registers FetchKit.dll" wine regsvr32 /s FetchKit.dll
+  check "registers FetchKitHost.dll" wine regsvr32 /s FetchKitHost.dll
+  while IFS=$'\t' read -r engine string; do
+    export FETCHKIT_ODBC=$string
+    check "FetchKitDemo.exe writes the sample accounts to $engine" load "$engine"
+    check "a script with FetchKitHost.Odbc on $engine" by_script "$engine"
+    for each in login "list --view 102 --rows 1000"; do
+      # shellcheck disable=SC2086
+      check "FetchKitDemo.exe prints the demo's $each on $engine" \
+        same_as_the_demo FetchKitDemo.exe for $each --engine "$engine"
+    done
+  done < <(printf 'sqlite\tDriver=SQLite3;Database=%s/books.db\n' "$build"
+    [[ -z ${FETCHKIT_SERVERS:-} ]] || echo "$FETCHKIT_SERVERS")
+  check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
+  check "removes FetchKit.dll" wine regsvr32 /s /u FetchKit.dll
+  echo "$passed passed, $failed failed"
+  exit $((failed > 0))
+fi
 x86=$build/../x86
 for each in x64 x86; do
   mapfile -t programs < <(compgen -G "$build/../$each/*.exe")
