@@ -238,13 +238,16 @@ Tokens DrawSequences(const Tokens& tokens, Catalog& catalog) {
 
 Tokens AdaptTokens(const Tokens& tokens, Catalog& catalog, const Engine* engine) {
   RefuseForeignWords(tokens);
-  const Tokens typed =
-      catalog.ConfusesTypes()
-          ? WithTypes(tokens, [&](TextView table) { return catalog.TypesOf(table); })
-          : tokens;
   const auto inWords = [&](const Tokens& adapted) {
     return engine == nullptr ? adapted : Translate(adapted, *engine);
   };
+  const Tokens typed =
+      catalog.ConfusesTypes()
+          ? WithTypes(
+                tokens,
+                [&](TextView table) { return catalog.TypesOf(ToSql(inWords(Tokenize(table)))); },
+                engine == nullptr ? TypedFor::Embedded : TypedFor::Server)
+          : tokens;
   return inWords(RewriteOuterJoins(OrderNulls(Expressions::Adapt(typed)), [&](TextView item) {
     return catalog.ColumnsOf(ToSql(inWords(Tokenize(item))));
   }));

@@ -12,13 +12,14 @@ enum class SqlEngine { Oracle, PostgreSql, MariaDb, Sqlite };
 
 namespace hosts {
 
-// A function of the library's dialect in terms of the engine: $1 to $9 stand for arguments, $* for
-// all of them with commas between.
+// A function of the library's dialect, or one that writes a conversion out (Types.h), in terms of
+// the engine: $1 to $9 stand for arguments, $* for all of them with commas between. An empty text
+// refuses.
 struct FunctionRule {
   TextView name;  // in upper case
   int arguments;  // -1: any number
   TextView text;
-  bool fromStart = false;  // holds only where the second argument is a number, and not 0
+  bool fromStart = false;  // holds only where the second argument is a whole number, and not 0
 };
 
 class Engine {
@@ -50,6 +51,14 @@ class Engine {
   // Functions that the engine lacks, or that treat Null and the empty text otherwise; the first
   // that fits counts. DECODE is not among them.
   virtual const std::vector<FunctionRule>& Functions() const = 0;
+
+  // What the engine said when a statement failed, in clearer words where the rules above made it
+  // fail.
+  virtual Text Explained(TextView words) const { return Text(words); }
+
+  // Whether its driver gives today for a date that it cannot read, such as infinity, and the last
+  // second of 9999 for an infinite time. As a whole number that date is no year.
+  virtual bool MistakesDates() const { return false; }
 
   // Between two operands: equal, or both Null. Empty when the engine has DECODE.
   virtual TextView NullSafeEqual() const { return {}; }

@@ -26,6 +26,7 @@ class PostgreSqlEngine : public Engine {
   }
 
   const std::vector<FunctionRule>& Functions() const override { return functions_; }
+  bool MistakesDates() const override { return true; }
   TextView NullSafeEqual() const override { return u"IS NOT DISTINCT FROM"; }
   TextView LikeEscape() const override { return u"ESCAPE ''"; }
   const std::vector<TextView>& Keywords() const override { return keywords_; }
@@ -61,6 +62,28 @@ class PostgreSqlEngine : public Engine {
        u"WHEN $2 = 0 THEN substr($1, 1, $3) "
        u"WHEN length($1) + $2 >= 0 THEN substr($1, length($1) + $2 + 1, $3) END, '')"},
       {u"REPLACE", 2, u"NULLIF(replace($1, COALESCE($2, ''), ''), '')"},
+      {u"NVL2", 3, u"CASE WHEN ($1) IS NOT NULL THEN $2 ELSE $3 END"},
+      {u"MOD", 2,
+       u"CASE WHEN $2 = 0 THEN CAST($1 AS numeric) ELSE mod(CAST($1 AS numeric), "
+       u"CAST($2 AS numeric)) END"},
+      {u"ROUND", 1, u"round(CAST($1 AS numeric))"},
+      {u"ROUND", 2, u"round(CAST($1 AS numeric), CAST(trunc($2) AS integer))"},
+      {u"TRUNC", 1, u"trunc(CAST($1 AS numeric))"},
+      {u"TRUNC", 2, u"trunc(CAST($1 AS numeric), CAST(trunc($2) AS integer))"},
+      {u"TO_CHAR", 1, u"($1)"},
+      {u"TO_NUMBER", 1, u"($1)"},
+      // NaN, infinity and what newer versions take, 0x10 and 1_000, are no numbers.
+      {u"TO_NUMBER", 2, u"CAST(translate(CAST($1 AS text), 'nNxX_', '#####') AS numeric)"},
+      // A floating number becomes one of 15 digits.
+      {u"EXACT", 1, u"CAST(CAST($1 AS numeric) AS double precision)"},
+      {u"QUOTIENT", 3, u"(CAST($1 AS double precision) / $2)"},
+      {u"TEXT_ONLY", 2, u"$1"},
+      {u"ONLY_ROW", -1, u"$1"},
+      {u"WHOLE_TEXT", 1, u"CAST($1 AS text)"},
+      // Larger numbers have another form in the dialect; here they are an overflow.
+      {u"DECIMAL_TEXT", 2,
+       u"regexp_replace(CAST(trim_scale(CAST($1 AS numeric(80,40))) AS text), '^(-?)0[.]', "
+       u"'\\1.')"},
       {u"REPLACE", 3, u"NULLIF(replace($1, COALESCE($2, ''), COALESCE($3, '')), '')"},
   };
   std::vector<TextView> keywords_ = {u"ANALYSE", u"ANALYZE",   u"ARRAY",   u"BINARY",  u"COLLATION",

@@ -159,7 +159,8 @@ class Translator {
     if (name == u"DECODE" && !engine_.NullSafeEqual().empty()) return Decode(tokens[i], arguments);
     const bool fromStart = arguments.size() > 1 && arguments[1].size() == 1 &&
                            arguments[1][0].kind == TokenKind::Number &&
-                           arguments[1][0].text != u"0";
+                           arguments[1][0].text != u"0" &&
+                           arguments[1][0].text.find_first_not_of(u"0123456789") == Text::npos;
     for (const FunctionRule& rule : engine_.Functions())
       if (rule.name == name && (fromStart || !rule.fromStart) &&
           (rule.arguments < 0 || static_cast<std::size_t>(rule.arguments) == arguments.size()))
@@ -183,6 +184,7 @@ class Translator {
   // The rule's text, each $ replaced by its argument.
   static Tokens Written(const FunctionRule& rule, const std::vector<Tokens>& arguments,
                         const Token& name) {
+    if (rule.text.empty()) Refuse(u"what it has no words for", name);
     Text text = u" ";
     for (std::size_t i = 0; i < rule.text.size(); ++i) {
       if (rule.text[i] != u'$') {

@@ -24,15 +24,21 @@ Node TypedStatement::Column(std::size_t end) {
   const fetchkit::Text schema = parts > 2 ? NameOf(tokens_[end - 5]) : fetchkit::Text();
   if (parts > 3) RefuseHere(u"a name of four parts");
   Node node;
-  node.type = TypeOfColumn(schema, table, name, first);
+  GoOnWith(node, TypeOfColumn(schema, table, name, first));
   while (at_ < end)
     Take(node.tokens);
   if (!AtEnd() && tokens_[at_].kind == TokenKind::OuterMark) Take(node.tokens);
   return node;
 }
 
-ValueType TypedStatement::TypeOfColumn(TextView schema, TextView table, TextView name,
-                                       const Token& first) {
+void TypedStatement::GoOnWith(Node& node, const TypedColumn& column) {
+  node.type = column.type;
+  node.kind = column.kind;
+  node.inexact = node.hasQuotient = column.type == Number && column.kind == NumberKind::Quotient;
+}
+
+TypedColumn TypedStatement::TypeOfColumn(TextView schema, TextView table, TextView name,
+                                         const Token& first) {
   for (Scope* scope = scope_; scope != nullptr; scope = scope->outer) {
     const Item* item = nullptr;
     if (scope->itemsVisible && table.empty())
@@ -52,7 +58,8 @@ ValueType TypedStatement::TypeOfColumn(TextView schema, TextView table, TextView
         id = {s, c};
       }
     }
-    if (item != nullptr && (found == nullptr || item->isColumn)) return item->type;
+    if (item != nullptr && (found == nullptr || item->isColumn))
+      return {item->alias, item->type, item->kind};
     if (found == nullptr) continue;
     if (item != nullptr) Refuse(u"a name of a column and of an expression", first);
     if (scope == scope_) scope->sawOwn = true;
@@ -61,7 +68,7 @@ ValueType TypedStatement::TypeOfColumn(TextView schema, TextView table, TextView
     const auto& grouped = scope->groupedColumns;
     if (!scope->insideAggregate && std::find(grouped.begin(), grouped.end(), id) == grouped.end())
       scope->bare.push_back(&first);
-    return found->type;
+    return *found;
   }
   NoColumn(table.empty() ? fetchkit::Text(name) : Join(table, u".", name));
 }
@@ -81,12 +88,13 @@ fetchkit::Text TypedStatement::KeyOf(std::size_t begin, std::size_t end) const {
   return key;
 }
 
-Selected TypedStatement::SelectInBrackets(Use use) {
+Selected TypedStatement::SelectInBrackets(Use use, bool keepsQuotients) {
   if (!AtSign(u"(")) RefuseHere(u"what should be a SELECT in brackets");
   const std::size_t close = ClosingBracket(tokens_, at_);
   Selected selected;
   Take(selected.tokens);
   if (!AtAny({u"SELECT", u"WITH"})) RefuseHere(u"what should be a SELECT");
+  keepsQuotients_ = keepsQuotients;
   Selected inner = Within(at_, close, [&] { return Query(close, use); });
   Append(selected.tokens, inner.tokens);
   selected.columns = std::move(inner.columns);
@@ -102,6 +110,7 @@ Selected TypedStatement::Query(std::size_t end, Use use) {
   if (use == Use::Value && (firstSet < order || order < end))
     Refuse(u"ORDER BY or a set of rows as one value", tokens_[std::min(firstSet, order)]);
   if (firstSet == order) return Select(end, use);
+  keepsQuotients_ = false;
 
   Selected all = Within(at_, firstSet, [&] { return Select(firstSet, use); });
   while (at_ < order) {
@@ -119,6 +128,7 @@ Selected TypedStatement::Query(std::size_t end, Use use) {
     for (std::size_t i = 0; i < more.columns.size(); ++i) {
       ValueType& type = all.columns[i].type;
       if (type == Null) type = more.columns[i].type;
+      all.columns[i].kind = std::max(all.columns[i].kind, more.columns[i].kind);
       if (more.columns[i].type != Null && more.columns[i].type != type)
         Refuse(u"a number beside a text in SELECTs", word);
     }
@@ -128,12 +138,13 @@ Selected TypedStatement::Query(std::size_t end, Use use) {
   // Of several SELECTs only columns can be ordered, by number or by name.
   Scope names;
   for (const TypedColumn& column : all.columns)
-    names.items.push_back({column.name, {}, column.type, true});
+    names.items.push_back({column.name, {}, column.type, column.kind, true});
   OrderBy(all.tokens, names, true);
   return all;
 }
 
 Selected TypedStatement::Select(std::size_t end, Use use) {
+  const bool keepsQuotients = std::exchange(keepsQuotients_, false);
   Scope scope;
   scope.outer = std::exchange(scope_, nullptr);
   scope_ = &scope;
@@ -156,7 +167,7 @@ Selected TypedStatement::Select(std::size_t end, Use use) {
   scope.bare.clear();
   scope.mayAggregate = true;
   Tokens list;
-  const bool distinct = Within(begin, from, [&] { return List(list, use); });
+  const bool distinct = Within(begin, from, [&] { return List(list, use, keepsQuotients); });
   Tokens havings;
   if (having < order) {
     havings.push_back(tokens_[having]);
@@ -181,7 +192,7 @@ Selected TypedStatement::Select(std::size_t end, Use use) {
        std::initializer_list<const Tokens*>{&sources, &conditions, &groups, &havings, &ordered})
     Append(selected.tokens, *part);
   for (const Item& item : scope.items)
-    selected.columns.push_back({item.alias, item.type});
+    selected.columns.push_back({item.alias, item.type, item.kind});
   scope_ = scope.outer;
   return selected;
 }
@@ -198,7 +209,7 @@ void TypedStatement::OneRow(Tokens& list, const Token& select) {
   list = std::move(written);
 }
 
-bool TypedStatement::List(Tokens& list, Use use) {
+bool TypedStatement::List(Tokens& list, Use use, bool keepsQuotients) {
   TakeWord(list, u"SELECT");
   const bool distinct = AtAny({u"DISTINCT", u"UNIQUE"});
   if (At(u"UNIQUE")) RefuseHere(u"UNIQUE");
@@ -210,8 +221,10 @@ bool TypedStatement::List(Tokens& list, Use use) {
       if (use == Use::Value) Refuse(u"* as one value", list.back());
     } else {
       const std::size_t begin = at_;
-      const Node node = Exact(Value());
-      Item item{{}, KeyOf(begin, at_), node.type, false};
+      Node node = Value();
+      if (!keepsQuotients || distinct || node.kind != NumberKind::Quotient)
+        node = Exact(std::move(node));
+      Item item{{}, KeyOf(begin, at_), node.type, node.kind, false};
       const bool isName = IsName(tokens_[begin]) && EndOfName(tokens_, begin) == at_;
       if (isName) item.alias = NameOf(tokens_[at_ - 1]);
       item.isColumn = isName;
@@ -261,7 +274,7 @@ void TypedStatement::Star(Tokens& list) {
     if (!table.empty() && !EqualFolded(source.name, table)) continue;
     found = true;
     for (const TypedColumn& column : source.columns)
-      scope_->items.push_back({column.name, {}, column.type, true});
+      scope_->items.push_back({column.name, {}, column.type, column.kind, true});
   }
   if (!found) RefuseHere(u"* of what is no table here");
   scope_->bare.push_back(&first);
@@ -308,7 +321,8 @@ void TypedStatement::OrderBy(Tokens& target, Scope& scope, bool fromItems) {
   for (bool more = true; more;) {
     const std::size_t begin = at_;
     const Node node = Exact(IsNameOfItem() ? NameOfItem() : Value());
-    if (node.type == Unknown) Refuse(u"ORDER BY a column whose type is not known", tokens_[begin]);
+    if (node.type == Unknown && !isServer_)
+      Refuse(u"ORDER BY a column whose type is not known", tokens_[begin]);
     const bool isPosition = node.isLiteral && node.type == Number && node.tokens.size() == 1;
     if (isPosition && !IsPosition(tokens_[begin].text, scope.items.size()))
       Refuse(u"ORDER BY the number of no column", tokens_[begin]);
@@ -343,7 +357,10 @@ Node TypedStatement::NameOfItem() {
   Node node;
   Take(node.tokens);
   for (const Item& item : scope_->items)
-    if (EqualFolded(item.alias, name)) node.type = item.type;
+    if (EqualFolded(item.alias, name)) {
+      node.type = item.type;
+      node.kind = item.kind;
+    }
   return node;
 }
 
@@ -393,7 +410,7 @@ void TypedStatement::SourceOf(Tokens& from) {
   if (AtSign(u"(")) {
     // A SELECT here does not see the other tables of this FROM.
     Scope* const own = std::exchange(scope_, scope_->outer);
-    Selected selected = SelectInBrackets(Use::Rows);
+    Selected selected = SelectInBrackets(Use::Rows, true);
     scope_ = own;
     Append(from, selected.tokens);
     source.columns = std::move(selected.columns);

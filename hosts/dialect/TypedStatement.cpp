@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <utility>
 
+#include "fetchkit/base/Date.h"
 #include "fetchkit/base/Error.h"
+#include "fetchkit/base/Numbers.h"
 #include "hosts/dialect/NumberTexts.h"
 
 namespace fetchkit::hosts::typing {
@@ -33,6 +35,13 @@ void TypedStatement::NoColumn(TextView name) {
 void TypedStatement::RefuseHere(TextView what) const {
   if (AtEnd()) Refuse(Join(what, u" behind"), tokens_[at_ - 1]);
   Refuse(what, tokens_[at_]);
+}
+
+void TypedStatement::RefuseNode(TextView what, const Node& node) const {
+  const auto sent =
+      std::lower_bound(tokens_.begin(), tokens_.end(), node.tokens[0].position,
+                       [](const Token& token, std::size_t at) { return token.position < at; });
+  Refuse(what, sent == tokens_.end() ? node.tokens[0] : *sent);
 }
 
 void TypedStatement::TakeWord(Tokens& target, TextView word) {
@@ -80,47 +89,110 @@ void TypedStatement::RequireValue(const Node& node) {
   if (node.isCondition) Refuse(u"a condition where a value should be", node.tokens[0]);
 }
 
-Node TypedStatement::Exact(Node node) {
+Node TypedStatement::Exact(Node node) const {
   RequireValue(node);
-  if (std::exchange(node.inexact, false)) Wrap(node.tokens, u"exact");
+  const bool isNoisy = !isServer_ || node.kind >= NumberKind::Double;
+  if (std::exchange(node.inexact, false) && isNoisy) Wrap(node.tokens, u"exact");
   return node;
 }
 
-Node TypedStatement::AsOperand(Node node) {
+Node TypedStatement::AsOperand(Node node) const {
   RequireValue(node);
+  if (node.type == Date) RefuseNode(u"a date where a number should be", node);
   if (node.type == Text && node.isLiteral) {
     const fetchkit::Text& text = node.tokens[0].text;
-    if (!NumberOf(TextView(text).substr(1, text.size() - 2)))
-      Refuse(u"a text that is no number where one should be", node.tokens[0]);
+    const auto number = NumberOf(TextView(text).substr(1, text.size() - 2));
+    if (!number) Refuse(u"a text that is no number where one should be", node.tokens[0]);
+    if (isServer_) {
+      node.type = Number;
+      SetNumber(node, *number);
+    }
   }
   if (node.type == Text || node.type == Unknown) {
     const Token place = node.tokens[0];
     Wrap(node.tokens, u"to_number", &place);
     node.inexact = node.isLiteral = false;
+    node.kind = NumberKind::Double;
   }
   node.type = Number;
   return node;
 }
 
-Node TypedStatement::AsText(Node node) {
+Node TypedStatement::AsText(Node node) const {
   node = Exact(std::move(node));
+  if (node.type == Date) RefuseNode(u"a date where a text should be", node);
   if (node.type == Number || node.type == Unknown) {
-    Wrap(node.tokens, u"to_char");
+    const Token place = node.tokens[0];
+    if (!isServer_) {
+      Wrap(node.tokens, u"to_char");
+    } else if (node.kind == NumberKind::Quotient) {
+      RefuseNode(u"a quotient as a text: it may have no end", node);
+    } else if (node.type == Number && node.kind == NumberKind::Whole) {
+      Wrap(node.tokens, u"whole_text");
+    } else {
+      Wrap(node.tokens, u"decimal_text", &place);
+    }
     node.isLiteral = false;
     node.type = Text;
   }
   return node;
 }
 
-Node TypedStatement::As(ValueType type, Node node) {
+void TypedStatement::SetNumber(Node& node, const std::variant<std::int64_t, double>& number) {
+  Token& token = node.tokens[0];
+  const auto* whole = std::get_if<std::int64_t>(&number);
+  const bool negative = whole != nullptr ? *whole < 0 : std::get<double>(number) < 0;
+  token.kind = TokenKind::Number;
+  token.text = whole != nullptr ? fetchkit::Text(Piece(*whole).view())
+                                : PlainDecimalText(std::get<double>(number));
+  node.kind =
+      token.text.find(u'.') == fetchkit::Text::npos ? NumberKind::Whole : NumberKind::Decimal;
+  if (!negative) return;
+  token.text.erase(0, 1);
+  Tokens written = {{TokenKind::Sign, u"(", token.position, token.blankBefore},
+                    {TokenKind::Sign, u"-", token.position, false},
+                    {TokenKind::Number, token.text, token.position, false},
+                    {TokenKind::Sign, u")", token.position, false}};
+  node.tokens = std::move(written);
+  node.isLiteral = false;
+}
+
+void TypedStatement::RequireDate(const Node& node) const {
+  if (node.type == Date || node.type == Null) return;
+  const Token& token = node.tokens[0];
+  const TextView text = TextView(token.text).substr(node.type == Text ? 1 : 0);
+  const auto number = [&](std::size_t from, std::size_t count) {
+    int value = 0;
+    for (const char16_t c : text.substr(from, count))
+      value = c >= u'0' && c <= u'9' ? value * 10 + (c - u'0') : -100'000;
+    return value;
+  };
+  // yyyy-MM-dd, with or without hh:mm:ss
+  bool isDate = node.type == Text && node.isLiteral && (text.size() == 11 || text.size() == 20) &&
+                text[4] == u'-' && text[7] == u'-' &&
+                DateFromYmd(number(0, 4), number(5, 2), number(8, 2));
+  if (isDate && text.size() == 20)
+    isDate = text[10] == u' ' && text[13] == u':' && text[16] == u':' && number(11, 2) >= 0 &&
+             number(11, 2) < 24 && number(14, 2) >= 0 && number(14, 2) < 60 && number(17, 2) >= 0 &&
+             number(17, 2) < 60;
+  if (!isDate) RefuseNode(u"what is no date where one should be", node);
+}
+
+Node TypedStatement::As(ValueType type, Node node) const {
   if (type == Number) return AsNumber(std::move(node));
   if (type == Text) return AsText(std::move(node));
+  if (type == Date) RequireDate(node);
   return Exact(std::move(node));
 }
 
-void TypedStatement::Unify(Node& left, Node& right) {
+void TypedStatement::Unify(Node& left, Node& right) const {
   left = Exact(std::move(left));
   right = Exact(std::move(right));
+  if (left.type == Date || right.type == Date) {
+    RequireDate(left);
+    RequireDate(right);
+    return;
+  }
   if (left.type == Number || right.type == Number) {
     if (left.type != Null) left = AsNumber(std::move(left));
     if (right.type != Null) right = AsNumber(std::move(right));

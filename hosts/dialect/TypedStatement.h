@@ -3,8 +3,11 @@
 // what is to be written.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "fetchkit/base/Text.h"
@@ -17,6 +20,7 @@ namespace fetchkit::hosts::typing {
 struct Node {
   Tokens tokens;
   ValueType type = ValueType::Null;
+  NumberKind kind = NumberKind::Whole;  // of a number
   bool isCondition = false;
   bool inexact = false;  // the result of arithmetic, whose last binary digits are noise
   bool isLiteral = false;
@@ -29,6 +33,7 @@ struct Node {
     reckonsOnQuotient =
         reckonsOnQuotient || part.reckonsOnQuotient || (reckons && part.hasQuotient);
     hasQuotient = hasQuotient || part.hasQuotient;
+    kind = std::max(kind, part.kind);
   }
 };
 
@@ -49,6 +54,7 @@ struct Item {
   Text alias;  // or the column's name, if it is one
   Text key;
   ValueType type;
+  NumberKind kind;
   bool isColumn;
 };
 
@@ -81,8 +87,8 @@ enum class Use { Rows, Value };
 class TypedStatement {
  public:
   // Both must outlive it.
-  TypedStatement(const Tokens& tokens, const TypesOf& typesOf)
-      : tokens_(tokens), typesOf_(typesOf) {}
+  TypedStatement(const Tokens& tokens, const TypesOf& typesOf, TypedFor whom)
+      : tokens_(tokens), typesOf_(typesOf), isServer_(whom == TypedFor::Server) {}
 
   // The statement with its conversions.
   Tokens Write();
@@ -101,6 +107,9 @@ class TypedStatement {
   // In the database's own words: statements that ask whether there is a column are usual.
   [[noreturn]] static void NoColumn(TextView name);
   [[noreturn]] void RefuseHere(TextView what) const;
+
+  // At what the statement has there, whatever is written around it.
+  [[noreturn]] void RefuseNode(TextView what, const Node& node) const;
   void Take(Tokens& target) { target.push_back(tokens_[at_++]); }
   void TakeWord(Tokens& target, TextView word);
   void TakeSign(Tokens& target, TextView sign);
@@ -125,17 +134,29 @@ class TypedStatement {
   // function(operand [, position]): what may be refused while rows are read says where it stands.
   static void Wrap(Tokens& operand, TextView function, const Token* place = nullptr);
   static void RequireValue(const Node& node);
-  static Node Exact(Node node);
+  Node Exact(Node node) const;
 
   // Inside of arithmetic, where the noise is cut once at the end.
-  static Node AsOperand(Node node);
-  static Node AsNumber(Node node) { return Exact(AsOperand(std::move(node))); }
-  static Node AsText(Node node);
-  static Node As(ValueType type, Node node);
+  Node AsOperand(Node node) const;
+  Node AsNumber(Node node) const { return Exact(AsOperand(std::move(node))); }
+  Node AsText(Node node) const;
+  Node As(ValueType type, Node node) const;
+
+  // Puts the number in the place of the text that stands for it.
+  static void SetNumber(Node& node, const std::variant<std::int64_t, double>& number);
+
+  // Where the value is a date, so have to be the others.
+  void RequireDateFor(ValueType type, const Node& node) const {
+    if (type == Date && node.type != Date && node.type != Null)
+      RefuseNode(u"what is no date beside one", node);
+  }
+
+  // A date is compared with a date or with the text of one, which is a literal.
+  void RequireDate(const Node& node) const;
 
   // As what two values are compared: a number with a text as numbers. An unknown value beside a
   // text must be one: as a number it would turn the text into a number, too.
-  static void Unify(Node& left, Node& right);
+  void Unify(Node& left, Node& right) const;
 
   // --- Expressions: conditions -------------------------------------------------------------------
 
@@ -188,11 +209,11 @@ class TypedStatement {
   Node Call();
 
   // Converts the arguments to what the function takes, and answers what it gives.
-  static ValueType Convert(const Token& name, std::vector<Node>& arguments);
+  ValueType Convert(const Token& name, std::vector<Node>& arguments) const;
 
   // Everything is converted to the type of the first value to be compared with, every result to
   // that of the first result; Null counts as a text.
-  static ValueType Decode(std::vector<Node>& arguments);
+  ValueType Decode(std::vector<Node>& arguments) const;
 
   // DECODE leaves alone what it does not choose, such as y / x in decode(x, 0, 0, y / x); a
   // function would be given all of it. A CASE finds no Null, which is among the values only as a
@@ -201,10 +222,13 @@ class TypedStatement {
   static Tokens AsCase(const std::vector<Node>& arguments);
   Node Aggregate();
 
+  // A number from a SELECT that keeps quotients.
+  static void GoOnWith(Node& node, const TypedColumn& column);
+
   // --- Columns -----------------------------------------------------------------------------------
 
   Node Column(std::size_t end);
-  ValueType TypeOfColumn(TextView schema, TextView table, TextView name, const Token& first);
+  TypedColumn TypeOfColumn(TextView schema, TextView table, TextView name, const Token& first);
   std::size_t BareColumns() const { return scope_ == nullptr ? 0 : scope_->bare.size(); }
 
   // Where the whole expression stands in GROUP BY, its columns are not bare.
@@ -215,7 +239,9 @@ class TypedStatement {
 
   // --- Queries -----------------------------------------------------------------------------------
 
-  Selected SelectInBrackets(Use use);
+  // keepsQuotients: what stands around it goes on with a quotient's digits, as with those of one
+  // that it makes itself; otherwise each is cut to 15.
+  Selected SelectInBrackets(Use use, bool keepsQuotients = false);
   Selected Query(std::size_t end, Use use);
   Selected Select(std::size_t end, Use use);
 
@@ -223,7 +249,7 @@ class TypedStatement {
   void OneRow(Tokens& list, const Token& select);
 
   // From SELECT to FROM; answers whether it is DISTINCT.
-  bool List(Tokens& list, Use use);
+  bool List(Tokens& list, Use use, bool keepsQuotients);
   static fetchkit::Text InDoubleQuotes(TextView name);
   bool IsStar() const;
   void Star(Tokens& list);
@@ -259,10 +285,12 @@ class TypedStatement {
   void WhereOfChange(Tokens& written);
   const Tokens& tokens_;
   const TypesOf& typesOf_;
+  const bool isServer_;
   std::size_t at_ = 0;
   std::size_t end_ = 0;
 
-  std::size_t oneItemEnd_ = 0;  // in a SELECT's list, behind its last expression
+  bool keepsQuotients_ = false;  // of the next SELECT
+  std::size_t oneItemEnd_ = 0;   // in a SELECT's list, behind its last expression
   Scope* scope_ = nullptr;
 };
 

@@ -55,9 +55,9 @@ Node TypedStatement::Sum() {
     Take(sign);
     Node next = Product();
     if (joins) {
-      // What is joined becomes a text by itself (Dialect.h).
-      sum = Exact(std::move(sum));
-      next = Exact(std::move(next));
+      // What is joined becomes a text by itself (Dialect.h), in the embedded database.
+      sum = isServer_ ? AsText(std::move(sum)) : Exact(std::move(sum));
+      next = isServer_ ? AsText(std::move(next)) : Exact(std::move(next));
     } else {
       sum = AsOperand(std::move(sum));
       next = AsOperand(std::move(next));
@@ -84,6 +84,9 @@ Node TypedStatement::Product() {
     Take(sign);
     product = AsOperand(std::move(product));
     const Node next = AsOperand(Signed());
+    if (isServer_ && IsSign(sign[0], u"/") && next.tokens[0].kind == TokenKind::Number &&
+        next.tokens[0].text.find_first_not_of(u"0.") == fetchkit::Text::npos)
+      Refuse(u"a division by zero", sign[0]);
     product.reckonsOnQuotient = product.reckonsOnQuotient || product.hasQuotient;
     product.TakeOver(next, true);
     product.hasQuotient = product.hasQuotient || IsSign(sign[0], u"/");
@@ -95,6 +98,7 @@ Node TypedStatement::Product() {
       Append(product.tokens, next.tokens);
       if (++divisions > kMostDivisions) Refuse(u"too many divisions in a row", sign[0]);
       Wrap(product.tokens, u"quotient", sign.data());
+      product.kind = NumberKind::Quotient;
     }
     product.inexact = true;
     product.isLiteral = false;
@@ -129,6 +133,9 @@ Node TypedStatement::Operand() {
   if (first.kind == TokenKind::Number) {
     if (!NumberOf(first.text)) RefuseHere(u"a number of more than 15 digits");
     node.type = Number;
+    node.kind = first.text.find_first_of(u"eE") != fetchkit::Text::npos ? NumberKind::Double
+                : first.text.find(u'.') != fetchkit::Text::npos         ? NumberKind::Decimal
+                                                                        : NumberKind::Whole;
     Take(node.tokens);
     return node;
   }
@@ -153,10 +160,10 @@ Node TypedStatement::Operand() {
 
 Node TypedStatement::Brackets() {
   if (at_ + 1 < end_ && IsAnyWord(tokens_[at_ + 1], {u"SELECT", u"WITH"})) {
-    Selected selected = SelectInBrackets(Use::Value);
+    Selected selected = SelectInBrackets(Use::Value, true);
     Node node;
     node.tokens = std::move(selected.tokens);
-    node.type = selected.columns[0].type;
+    GoOnWith(node, selected.columns[0]);
     return node;
   }
   const std::size_t begin = at_;
@@ -218,16 +225,18 @@ void TypedStatement::RequireOneType(ValueType& type, const Node& value) {
 Node TypedStatement::Call() {
   const std::size_t begin = at_;
   const std::size_t bare = BareColumns();
-  const Token& name = tokens_[at_];
-  if (!IsWord(name, name.text) || EndOfName(tokens_, at_) != at_ + 1)
-    RefuseHere(u"a function of a schema");
+  const std::size_t nameEnd = EndOfName(tokens_, at_);
+  const bool isOfSchema = nameEnd != at_ + 1;
+  if (isOfSchema && !isServer_) RefuseHere(u"a function of a schema");
+  const Token& name = tokens_[nameEnd - 1];
+  if (!isOfSchema && !IsWord(name, name.text)) RefuseHere(u"a function in quotes");
   Node node;
-  if (IsAnyWord(name, kAggregates)) {
+  if (!isOfSchema && IsAnyWord(name, kAggregates)) {
     node = Aggregate();
   } else {
     Tokens call;
-    Take(call);
-    Take(call);
+    while (at_ <= nameEnd)
+      Take(call);
     std::vector<Node> arguments;
     Tokens commas;
     while (!AtSign(u")")) {
@@ -237,23 +246,36 @@ Node TypedStatement::Call() {
       }
       arguments.push_back(Value());
     }
-    node.type = Convert(name, arguments);
-    if (!IsAnyWord(name, {u"ROUND", u"TRUNC", u"FLOOR", u"SIGN"}))
-      for (const Node& argument : arguments)
-        node.TakeOver(argument, false);
+    if (isOfSchema) {
+      for (Node& argument : arguments)
+        argument = Exact(std::move(argument));
+      node.type = Unknown;
+      node.kind = NumberKind::Double;
+    } else {
+      node.type = Convert(name, arguments);
+      const bool cuts = IsAnyWord(name, {u"ROUND", u"TRUNC", u"FLOOR", u"SIGN"});
+      if (!IsAnyWord(name, {u"LENGTH", u"INSTR"}))
+        for (const Node& argument : arguments) {
+          if (cuts) {
+            node.kind = std::max(node.kind, std::min(argument.kind, NumberKind::Double));
+          } else {
+            node.TakeOver(argument, false);
+          }
+        }
+    }
     for (std::size_t i = 0; i < arguments.size(); ++i) {
       if (i > 0) call.push_back(commas[i - 1]);
       Append(call, arguments[i].tokens);
     }
     Take(call);
-    node.tokens =
-        IsWord(name, u"DECODE") && IsLazy(arguments) ? AsCase(arguments) : std::move(call);
+    node.tokens = !isOfSchema && IsWord(name, u"DECODE") && IsLazy(arguments) ? AsCase(arguments)
+                                                                              : std::move(call);
   }
   Grouped(begin, bare);
   return node;
 }
 
-ValueType TypedStatement::Convert(const Token& name, std::vector<Node>& arguments) {
+ValueType TypedStatement::Convert(const Token& name, std::vector<Node>& arguments) const {
   const auto count = [&](std::size_t least, std::size_t most) {
     if (arguments.size() < least || arguments.size() > most)
       Refuse(u"a function with too few or too many arguments", name);
@@ -261,8 +283,10 @@ ValueType TypedStatement::Convert(const Token& name, std::vector<Node>& argument
   if (IsWord(name, u"NVL")) {
     count(2, 2);
     const ValueType type = arguments[arguments[0].type == Null ? 1 : 0].type;
-    for (Node& argument : arguments)
+    for (Node& argument : arguments) {
+      RequireDateFor(type, argument);
       argument = As(argument.type == Null ? Null : type, std::move(argument));
+    }
     return type;
   }
   if (IsWord(name, u"DECODE")) {
@@ -289,7 +313,7 @@ ValueType TypedStatement::Convert(const Token& name, std::vector<Node>& argument
   return function->result;
 }
 
-ValueType TypedStatement::Decode(std::vector<Node>& arguments) {
+ValueType TypedStatement::Decode(std::vector<Node>& arguments) const {
   const auto typeOf = [](const Node& node) {
     if (node.type == Unknown) Refuse(u"DECODE with a type that is not known", node.tokens[0]);
     return node.type == Null ? Text : node.type;
@@ -299,6 +323,7 @@ ValueType TypedStatement::Decode(std::vector<Node>& arguments) {
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const bool isLast = i + 1 == arguments.size();
     const bool isResult = i > 0 && (i % 2 == 0 || isLast);
+    if (isResult) RequireDateFor(result, arguments[i]);
     if (arguments[i].type != Null)
       arguments[i] = As(isResult ? result : compared, std::move(arguments[i]));
   }
@@ -345,6 +370,7 @@ Node TypedStatement::Aggregate() {
     TakeSign(node.tokens, u")");
     return node;
   }
+  if (isServer_ && IsWord(name, u"AVG") && At(u"DISTINCT")) RefuseHere(u"AVG of DISTINCT values");
   if (AtAny({u"DISTINCT", u"ALL"})) Take(node.tokens);
   scope_->insideAggregate = true;
   scope_->sawOwn = scope_->sawOuter = false;
@@ -358,7 +384,11 @@ Node TypedStatement::Aggregate() {
   if (!adds && !counts) node.type = argument.type;
   node.inexact = adds;
   node.TakeOver(argument, adds);
-  node.hasQuotient = node.hasQuotient || IsWord(name, u"AVG");
+  if (counts) node.kind = NumberKind::Whole;
+  if (IsWord(name, u"AVG")) {
+    node.hasQuotient = true;
+    node.kind = NumberKind::Quotient;
+  }
   Append(node.tokens, argument.tokens);
   TakeSign(node.tokens, u")");
   return node;

@@ -4,8 +4,8 @@
 
 namespace fetchkit::hosts {
 
-Tokens WithTypes(const Tokens& statement, const TypesOf& typesOf) {
-  return typing::TypedStatement(statement, typesOf).Write();
+Tokens WithTypes(const Tokens& statement, const TypesOf& typesOf, TypedFor whom) {
+  return typing::TypedStatement(statement, typesOf, whom).Write();
 }
 
 }  // namespace fetchkit::hosts

@@ -28,21 +28,41 @@ namespace fetchkit::hosts {
 
 enum class ValueType {
   Number,
-  Text,     // dates, too: they are kept as texts
+  Text,     // in the embedded database dates, too: they are kept as texts
+  Date,     // of a database that has them
   Null,     // nothing but Null
-  Unknown,  // what a view computes
+  Unknown,  // what a view of the embedded database computes, or a type of the database's own
 };
+
+// Of numbers, how they are kept; what is reckoned of two is of the later one's kind. A quotient has
+// more digits than a number here can hold.
+enum class NumberKind { Whole, Decimal, Double, Quotient };
 
 struct TypedColumn {
   Text name;
   ValueType type;
+  NumberKind kind = NumberKind::Double;
 };
+
+// Whose words the conversions are written in: the embedded database has functions for all of them
+// (hosts/sqlite/Functions.h). A server has what the rules of its Engine make of them
+// (Translation.h); it has types of its own, gives a second row of a value an error by itself, and
+// is spared what needs none or what can be said while the statement is read:
+//
+//   '5' + 1                  5 + 1
+//   whole || 'x'             whole_text(whole) || 'x'
+//   n || 'x'                 decimal_text(n, position) || 'x'
+//   a + b = 0.3              exact(a + b) = 0.3     of floating numbers alone
+//
+// A function of a schema, the user's own, is let through; what it gives is not known.
+enum class TypedFor { Embedded, Server };
 
 // The columns of a table or view, by its name as the statement has it. Throws when there is none.
 using TypesOf = std::function<std::vector<TypedColumn>(TextView table)>;
 
 // The statement, a query or a change, with its conversions. Error (Host) with the position for what
 // is refused, and whatever typesOf throws.
-Tokens WithTypes(const Tokens& statement, const TypesOf& typesOf);
+Tokens WithTypes(const Tokens& statement, const TypesOf& typesOf,
+                 TypedFor whom = TypedFor::Embedded);
 
 }  // namespace fetchkit::hosts

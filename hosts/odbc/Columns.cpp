@@ -30,6 +30,7 @@ constexpr SQLLEN kBufferBytes = 64 << 20;  // of all columns together, unless on
 enum class Kind { Long, Double, Timestamp, Number, Text, WideText };
 
 Kind KindOf(SQLSMALLINT type) {
+  if (IsDate(type)) return Kind::Timestamp;
   switch (type) {
     case SQL_INTEGER:
     case SQL_SMALLINT:
@@ -40,11 +41,6 @@ Kind KindOf(SQLSMALLINT type) {
     case SQL_FLOAT:
     case SQL_REAL:
       return Kind::Double;
-    case SQL_TYPE_DATE:
-    case SQL_TYPE_TIMESTAMP:
-    case SQL_DATE:
-    case SQL_TIMESTAMP:
-      return Kind::Timestamp;
     case SQL_DECIMAL:
     case SQL_NUMERIC:
     case SQL_BIGINT:
@@ -84,7 +80,9 @@ Value DateOf(const SQL_TIMESTAMP_STRUCT& parts, TextView column) {
 class Buffer {
  public:
   Buffer(const ColumnDescription& column, Encoding encoding, SQLLEN width)
-      : name_(column.name), kind_(KindOf(column.type)), width_(width) {
+      : name_(column.name),
+        kind_(column.yearAlone ? Kind::Long : KindOf(column.type)),
+        width_(width) {
     if (kind_ == Kind::Text && encoding == Encoding::Wide) kind_ = Kind::WideText;
     if (kind_ == Kind::Long) width_ = sizeof(SQLINTEGER);
     if (kind_ == Kind::Double) width_ = sizeof(SQLDOUBLE);
@@ -230,6 +228,11 @@ std::vector<ColumnDescription> Describe(SQLHSTMT statement, Encoding encoding) {
       column.type = SQL_BIGINT;  // may lie beyond a Long
   }
   return columns;
+}
+
+bool IsDate(SQLSMALLINT type) {
+  return type == SQL_TYPE_DATE || type == SQL_TYPE_TIMESTAMP || type == SQL_DATE ||
+         type == SQL_TIMESTAMP;
 }
 
 bool FetchAll(SQLHSTMT statement, const std::vector<ColumnDescription>& columns, Encoding encoding,

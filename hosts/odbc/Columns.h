@@ -13,8 +13,11 @@ namespace fetchkit::odbc {
 struct ColumnDescription {
   Text name;
   SQLSMALLINT type = SQL_UNKNOWN_TYPE;
-  SQLULEN size = 0;  // characters, digits; 0: not known. No bound, whatever the driver says.
+  bool yearAlone = false;  // of a date: read as a whole number (OdbcConnection.cpp)
+  SQLULEN size = 0;        // characters, digits; 0: not known. No bound, whatever the driver says.
 };
+
+bool IsDate(SQLSMALLINT type);
 
 // Of the statement that was run; empty when it gives no rows. Error (Host).
 std::vector<ColumnDescription> Describe(SQLHSTMT statement, Encoding encoding);

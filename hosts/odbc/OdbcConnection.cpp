@@ -1,11 +1,13 @@
 #include "hosts/odbc/OdbcConnection.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "fetchkit/base/Error.h"
+#include "fetchkit/platform/DateText.h"
 #include "hosts/dialect/Dialect.h"
 #include "hosts/odbc/Echo.h"
 #include "hosts/odbc/Link.h"
@@ -20,7 +22,44 @@ namespace {
   throw Error(ErrorKind::Host, what);
 }
 
+hosts::TypedColumn TypeOf(const odbc::ColumnDescription& column) {
+  using enum hosts::ValueType;
+  using hosts::NumberKind;
+  switch (column.type) {
+    case SQL_INTEGER:
+    case SQL_SMALLINT:
+    case SQL_TINYINT:
+    case SQL_BIGINT:
+      return {column.name, Number, NumberKind::Whole};
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+      return {column.name, Number, NumberKind::Decimal};
+    case SQL_DOUBLE:
+    case SQL_FLOAT:
+    case SQL_REAL:
+      return {column.name, Number, NumberKind::Double};
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_LONGVARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+    case SQL_WLONGVARCHAR:
+      return {column.name, Text};
+    default:
+      return {column.name, odbc::IsDate(column.type) ? Date : Unknown};
+  }
+}
+
 }  // namespace
+
+// A date that a driver may have put in the place of one that it cannot read: the day on which it
+// did so, without a time, and the last second of all. Midnight may have passed since.
+bool IsDoubtful(const Value& value) {
+  const auto* date = std::get_if<Date>(&value.data());
+  if (date == nullptr) return false;
+  const double today = SystemDate().serial;
+  return date->serial == today || date->serial == today - 1 || date->serial > 2'958'465.999;
+}
 
 // The connection to the database, opened again when it was lost, and what is set on it.
 class OdbcConnection::Session : public hosts::Catalog {
@@ -39,7 +78,8 @@ class OdbcConnection::Session : public hosts::Catalog {
       Prepare(schema);
       return work();
     } catch (const Error& error) {
-      throw Error(error.kind(), secrets_.Hide(error.description()));
+      types_.clear();  // what made it fail may be a table that has changed
+      throw Error(error.kind(), secrets_.Hide(engine_.Explained(error.description())));
     }
   }
 
@@ -62,12 +102,55 @@ class OdbcConnection::Session : public hosts::Catalog {
   // The statements for the database.
   hosts::AdaptedStatement Adapt(TextView sql) {
     using Kind = hosts::AdaptedStatement::Kind;
-    if (!engine_.SpeaksTheDialect()) return hosts::Adapt(sql, *this, &engine_);
+    if (!engine_.SpeaksTheDialect()) {
+      remembered_ = false;
+      try {
+        return hosts::Adapt(sql, *this, &engine_);
+      } catch (const Error&) {
+        // A table may have changed since its columns were asked for.
+        if (!remembered_) throw;
+        types_.clear();
+        return hosts::Adapt(sql, *this, &engine_);
+      }
+    }
     return {odbc::IsQuery(sql) ? Kind::Query : Kind::Change, {Text(sql)}};
   }
 
   std::vector<Text> ColumnsOf(TextView fromItem) override {
     return NewStatement().ColumnsOf(Join(u"SELECT * FROM ", fromItem, u" WHERE 1=0"));
+  }
+
+  odbc::Rows Query(TextView sql) {
+    odbc::Rows rows = NewStatement().Query(sql);
+    if (!engine_.MistakesDates() || std::none_of(rows.cells.begin(), rows.cells.end(), IsDoubtful))
+      return rows;
+    const odbc::Rows years = NewStatement().QueryYears(sql);
+    for (std::size_t i = 0; i < std::min(years.cells.size(), rows.cells.size()); ++i) {
+      if (!IsDoubtful(rows.cells[i]) || years.cells[i].IsNull()) continue;
+      const double year = ToDouble(years.cells[i]);
+      if (year < 100 || year > 9999)
+        Fail(Join(u"Column ", rows.names[i % rows.names.size()],
+                  u" holds a date outside of the years 100 to 9999."));
+    }
+    return rows;
+  }
+
+  bool ConfusesTypes() const override { return true; }
+
+  // Asked once; they are forgotten with the schema, and when a statement fails.
+  std::vector<hosts::TypedColumn> TypesOf(TextView table) override {
+    // Where it is no table, or none that can be looked at.
+    if (EqualFolded(table, u"DUAL")) return {{u"DUMMY", hosts::ValueType::Text}};
+    const auto known = types_.find(Text(table));
+    if (known != types_.end()) {
+      remembered_ = true;
+      return known->second;
+    }
+    std::vector<hosts::TypedColumn> columns;
+    for (const odbc::ColumnDescription& column :
+         NewStatement().Described(Join(u"SELECT * FROM ", table, u" WHERE 1=0")))
+      columns.push_back(TypeOf(column));
+    return types_.emplace(table, std::move(columns)).first->second;
   }
 
   // Of an engine without sequences: a table holds the numbers that were drawn last.
@@ -88,8 +171,12 @@ class OdbcConnection::Session : public hosts::Catalog {
     if (isClosed_) Fail(u"The connection was closed.");
     // Another schema begins with a connection of its own, on which nothing is set.
     if (link_ && (link_->IsDead() || (!schema_.empty() && schema != schema_))) link_.reset();
-    if (!link_) Open();
+    if (!link_) {
+      types_.clear();
+      Open();
+    }
     if (schema == schema_) return;
+    types_.clear();
     for (const Text& statement : engine_.SchemaStatements(schema))
       OwnStatement().Change(statement);
     Demand();
@@ -136,6 +223,8 @@ class OdbcConnection::Session : public hosts::Catalog {
   odbc::Secrets secrets_;
   std::optional<odbc::Link> link_;
   bool isClosed_ = false;
+  std::map<Text, std::vector<hosts::TypedColumn>> types_;  // of the columns of tables
+  bool remembered_ = false;  // whether the last Adapt took any of these
   Text schema_;  // that is set on the connection; empty: what the connection string says
 };
 
@@ -157,7 +246,7 @@ std::shared_ptr<hosts::MemoryRecordset> OdbcConnection::Query(TextView sql, Text
     if (statement.kind != hosts::AdaptedStatement::Kind::Query)
       Fail(u"A statement that gives no rows cannot be opened.");
     adapted = statement.statements[0];
-    odbc::Rows rows = session_->NewStatement().Query(adapted);
+    odbc::Rows rows = session_->Query(adapted);
     return std::make_shared<hosts::MemoryRecordset>(std::move(rows.names), std::move(rows.cells));
   });
 }

@@ -32,16 +32,26 @@ void Statement::Execute(TextView sql) {
 }
 
 Rows Statement::Query(TextView sql) {
+  return Read(sql, false);
+}
+
+Rows Statement::QueryYears(TextView sql) {
+  return Read(sql, true);
+}
+
+Rows Statement::Read(TextView sql, bool yearsAlone) {
   SQLHSTMT const statement = handle_.get();
   return Watched(statement, limit_, [&] {
     for (std::vector<SQLLEN> widths;;) {
       Execute(sql);
-      const std::vector<ColumnDescription> described = Describe(statement, encoding_);
+      std::vector<ColumnDescription> described = Describe(statement, encoding_);
       if (described.empty())
         throw Error(ErrorKind::Host, u"A statement that gives no rows cannot be opened.");
       Rows rows;
-      for (const ColumnDescription& column : described)
+      for (ColumnDescription& column : described) {
+        column.yearAlone = yearsAlone && IsDate(column.type);
         rows.names.push_back(column.name);
+      }
       widths.resize(described.size());
       if (FetchAll(statement, described, encoding_, widths, rows.cells)) return rows;
       SQLFreeStmt(statement, SQL_CLOSE);
@@ -59,15 +69,20 @@ std::int64_t Statement::Change(TextView sql) {
   });
 }
 
-std::vector<Text> Statement::ColumnsOf(TextView query) {
+std::vector<ColumnDescription> Statement::Described(TextView query) {
   return Watched(handle_.get(), limit_, [&] {
     Execute(query);
-    std::vector<Text> names;
-    for (ColumnDescription& column : Describe(handle_.get(), encoding_))
-      names.push_back(std::move(column.name));
+    std::vector<ColumnDescription> columns = Describe(handle_.get(), encoding_);
     SQLFreeStmt(handle_.get(), SQL_CLOSE);
-    return names;
+    return columns;
   });
+}
+
+std::vector<Text> Statement::ColumnsOf(TextView query) {
+  std::vector<Text> names;
+  for (ColumnDescription& column : Described(query))
+    names.push_back(std::move(column.name));
+  return names;
 }
 
 }  // namespace fetchkit::odbc

@@ -8,6 +8,7 @@
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
+#include "hosts/odbc/Columns.h"
 #include "hosts/odbc/Link.h"
 
 namespace fetchkit::odbc {
@@ -30,14 +31,19 @@ class Statement {
   // OdbcConnection.
   Rows Query(TextView sql);
 
+  // The same, of dates the years alone: what a driver makes of a date's text as a whole number.
+  Rows QueryYears(TextView sql);
+
   // Runs the statement; the number of rows that it changed, 0 where the driver cannot tell.
   std::int64_t Change(TextView sql);
 
-  // The names of the columns that the query would give.
+  // The columns that the query would give, and their names.
+  std::vector<ColumnDescription> Described(TextView query);
   std::vector<Text> ColumnsOf(TextView query);
 
  private:
   void Execute(TextView sql);
+  Rows Read(TextView sql, bool yearsAlone);
 
   std::chrono::milliseconds limit_;
   Encoding encoding_;

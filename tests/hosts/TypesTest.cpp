@@ -1,109 +1,45 @@
 // Statements that a user could type: each is answered as the dialect is documented, or refused.
 #include <gtest/gtest.h>
 
-#include <optional>
-
+#include "hosts/DialectStatements.h"
 #include "hosts/SmallAccount.h"
-#include "support/Lines.h"
 
 namespace fetchkit::hosts::test {
 namespace {
 
-using fetchkit::test::Lines;
-
-constexpr const char* kTables = R"(
-  CREATE TABLE t (id INTEGER, n REAL, i INTEGER, s TEXT, d TEXT);
-  INSERT INTO t VALUES (1, 94100, 7, '94100', '2004-03-17'), (2, 0.5, 0, 'abc', '2003-12-29'),
-                       (3, NULL, NULL, NULL, NULL), (4, -12.25, -3, 'Ａｂ上海', '2004-01-01');
-  CREATE TABLE u (id INTEGER, c TEXT, q REAL);
-  INSERT INTO u VALUES (1, '0100', 100), (2, '200', 200.5), (3, ' 300 ', 300), (4, NULL, NULL);
-  CREATE TABLE w (id INTEGER, s VARCHAR2(20), n NUMBER(10,2));
-  CREATE VIEW v AS SELECT id, n * 1 AS m, s FROM t;
-)";
-
 class TypesTest : public ::testing::Test {
  protected:
-  // "refused" says that the dialect has an error; what stands in brackets behind it would be its
-  // answer, which the adapter does not know.
-  void ExpectAnswer(const std::string& sql, const std::string& answer) {
-    const bool query = sql.starts_with("SELECT") || sql.starts_with("WITH");
-    const std::string given = query ? account.Rows(sql) : account.Execute(sql);
-    const bool answered = account.reports.back().answered;
-    if (answer.starts_with("refused")) {
-      EXPECT_FALSE(answered) << sql << " is answered with " << given;
-    } else {
-      EXPECT_TRUE(answered) << sql << ": " << given;
-      EXPECT_EQ(given, answer) << sql;
+  void ExpectAnswers(const std::vector<DialectStatement>& statements) {
+    for (const auto& [sql, answer] : statements) {
+      const DialectStatement statement{sql, answer};
+      const std::string given = statement.IsQuery() ? account.Rows(sql) : account.Execute(sql);
+      const bool answered = account.reports.back().answered;
+      if (answer.starts_with("refused")) {
+        EXPECT_FALSE(answered) << sql << " is answered with " << given;
+      } else {
+        EXPECT_TRUE(answered) << sql << ": " << given;
+        EXPECT_EQ(given, answer) << sql;
+      }
     }
   }
 
-  SmallAccount account{kTables};
+  SmallAccount account{kDialectTables};
 };
 
 TEST_F(TypesTest, Expressions) {
-  for (const auto& [expression, answer] : Lines<2>(
-#include "hosts/statements/Expressions.txt"
-           ))
-    ExpectAnswer("SELECT " + expression + " FROM t WHERE id = 1", answer);
+  ExpectAnswers(Expressions());
 }
 
 TEST_F(TypesTest, Conditions) {
-  for (const auto& [condition, ids] : Lines<2>(
-#include "hosts/statements/Conditions.txt"
-           ))
-    ExpectAnswer("SELECT id FROM t WHERE " + condition + " ORDER BY id", ids);
+  ExpectAnswers(Conditions());
 }
 
 TEST_F(TypesTest, WholeStatements) {
-  for (const auto& [sql, answer] : Lines<2>(
-#include "hosts/statements/Whole.txt"
-           ))
-    ExpectAnswer(sql, answer);
+  ExpectAnswers(WholeStatements());
 }
 
-// Everything beside everything: as numbers where one of the two is one, else as texts.
 TEST_F(TypesTest, Comparisons) {
-  struct Operand {
-    std::string sql;
-    std::string text;
-    std::optional<double> number;  // of a number, or of a text that is one
-    bool isNumber;
-  };
-  const std::vector<Operand> operands = {
-      {"n", "", 94100, true},
-      {"94100", "", 94100, true},
-      {"n + 0", "", 94100, true},
-      {"Nvl(n,0)", "", 94100, true},
-      {"Length(d)", "", 10, true},
-      {"Decode(id,1,i)", "", 7, true},
-      {"CASE WHEN id = 1 THEN n / 2 END", "", 47050, true},
-      {"(SELECT Max(n) FROM t)", "", 94100, true},
-      {"s", "94100", 94100, false},
-      {"'94100'", "94100", 94100, false},
-      {"'094100'", "094100", 94100, false},
-      {"'94100.0'", "94100.0", 94100, false},
-      {"'7'", "7", 7, false},
-      {"Substr(d,1,4)", "2004", 2004, false},
-      {"n || ''", "94100", 94100, false},
-      {"To_Char(n)", "94100", 94100, false},
-      {"Decode(id,1,'10')", "10", 10, false},
-      {"Nvl(s,'-')", "94100", 94100, false},
-      {"(SELECT Min(s) FROM t)", "94100", 94100, false},
-      {"d", "2004-03-17", std::nullopt, false},
-      {"'abc'", "abc", std::nullopt, false},
-  };
-  for (const Operand& left : operands)
-    for (const Operand& right : operands) {
-      const bool asNumbers = left.isNumber || right.isNumber;
-      const bool fails = asNumbers && (!left.number || !right.number);
-      const int order = asNumbers ? (left.number > right.number) - (left.number < right.number)
-                                  : left.text.compare(right.text);
-      for (const auto& [sign, holds] : {std::pair{" = ", order == 0}, std::pair{" < ", order < 0}})
-        ExpectAnswer("SELECT id FROM t WHERE id = 1 AND " + left.sql + sign + right.sql,
-                     fails   ? "refused"
-                     : holds ? "1"
-                             : "");
-    }
+  ExpectAnswers(Comparisons());
 }
 
 }  // namespace
