@@ -27,9 +27,8 @@ constexpr const char* kFooter =
     "\nEvery statement that the library sends is listed; --trace shows it whole with its answer.\n"
     "On a terminal the output has colour and columns; elsewhere it is plain text, tabs between\n"
     "columns. Without --odbc nothing is written to disk: the accounts are made anew in memory at\n"
-    "every start. What stands behind --odbc can be given in the variable FETCHKIT_ODBC, too, "
-    "where\n"
-    "no other user of the machine sees its password.";
+    "every start. What stands behind --odbc and --engine can be given in the variables\n"
+    "FETCHKIT_ODBC, where no other user of the machine sees its password, and FETCHKIT_ENGINE.";
 
 // Who answers the dialogs when nobody says it.
 #ifdef FETCHKIT_DEMO_WINDOWS

@@ -7,7 +7,7 @@ build=$1
 windows=${2:-}
 passed=0
 failed=0
-unset FETCHKIT_ODBC  # the tests never touch a user's own database
+unset FETCHKIT_ODBC FETCHKIT_ENGINE  # the tests never touch a user's own database
 
 # A test binary: its own report counts its tests.
 binary() {

@@ -30,6 +30,7 @@ void AddTargetOptions(CLI::App& app, OdbcTarget& target) {
     engines.emplace(hosts::NameOf(engine), engine);
   app.add_option("--engine", target.engine,
                  "What that database is: oracle, postgresql, mariadb or sqlite")
+      ->envname("FETCHKIT_ENGINE")
       ->transform(CLI::CheckedTransformer(engines, CLI::ignore_case))
       ->option_text("NAME [oracle]");
 }

@@ -47,6 +47,30 @@ class SqliteEngine : public Engine {
        u"WHEN length($1) + $2 >= 0 THEN substr($1, $2, $3) END, '')"},
       {u"REPLACE", 2, u"NULLIF(replace($1, IFNULL($2, ''), ''), '')"},
       {u"REPLACE", 3, u"NULLIF(replace($1, IFNULL($2, ''), IFNULL($3, '')), '')"},
+      {u"NVL2", 3, u"CASE WHEN ($1) IS NOT NULL THEN $2 ELSE $3 END"},
+      // Letters beyond ASCII have no other case here; the sum that is too large refuses them.
+      {u"UPPER", 1,
+       u"CASE WHEN $1 GLOB '*[\u00c0-\u058f\u1e00-\u1fff\uff21-\uff5a]*' THEN "
+       u"abs(-9223372036854775807 - ($1 IS NOT NULL)) ELSE upper($1) END"},
+      {u"LOWER", 1,
+       u"CASE WHEN $1 GLOB '*[\u00c0-\u058f\u1e00-\u1fff\uff21-\uff5a]*' THEN "
+       u"abs(-9223372036854775807 - ($1 IS NOT NULL)) ELSE lower($1) END"},
+      {u"MOD", 2, u""},
+      {u"ROUND", -1, u""},
+      {u"TRUNC", -1, u""},
+      {u"FLOOR", 1, u""},
+      {u"TO_CHAR", 1, u"($1)"},
+      {u"TO_NUMBER", 1, u"($1)"},
+      {u"TO_NUMBER", 2, u""},
+      {u"EXACT", 1, u"CAST(CASE WHEN $1 IS NOT NULL THEN printf('%.15g', $1) END AS REAL)"},
+      {u"QUOTIENT", 3, u"($1 / 1.0 / $2)", true},
+      {u"QUOTIENT", 3,
+       u"CASE WHEN $2 = 0 THEN abs(-9223372036854775807 - ($2 IS NOT NULL)) "
+       u"ELSE $1 / 1.0 / $2 END"},
+      {u"TEXT_ONLY", 2, u""},
+      {u"ONLY_ROW", -1, u""},  // the engine takes the first one in silence
+      {u"WHOLE_TEXT", 1, u"CAST($1 AS TEXT)"},
+      {u"DECIMAL_TEXT", 2, u""},
   };
   std::vector<TextView> keywords_ = {u"RIGHT"};
 };

@@ -1,12 +1,15 @@
 // The ODBC host on database servers: the demo's whole scenario, and the faults that only a server
-// makes. FETCHKIT_SERVERS holds a line for each: engine, a tab, connection string; its database
-// user may make and drop the sample accounts.
+// makes. The database user of each (Servers.h) may make and drop the sample accounts.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
+#include <filesystem>
 #include <future>
 #include <set>
 #include <sstream>
@@ -16,7 +19,9 @@
 #include "demo/commands/Commands.h"
 #include "demo/servers/ServerAccounts.h"
 #include "fetchkit/base/Error.h"
+#include "fetchkit/base/ThreadState.h"
 #include "fetchkit/base/Utf8.h"
+#include "fetchkit/host/Execution.h"
 #include "hosts/Servers.h"
 #include "hosts/odbc/Link.h"
 #include "hosts/odbc/OdbcConnection.h"
@@ -97,27 +102,13 @@ std::string Sorted(const std::string& line) {
   return sorted;
 }
 
-// The sample accounts as they are at first, then all of the demo's subcommands on them.
-std::vector<std::string> Scenario(const OdbcTarget& target) {
+// The lines that the commands print, in an order of their own: a statement may leave open in which
+// order its rows come.
+template <class Commands>
+std::vector<std::string> Printed(Commands&& commands) {
   std::FILE* paper = std::tmpfile();
   Console console(paper, ColourMode::Never);
-  const CommonOptions main{.target = target};
-  std::istringstream nobody;
-  RunLogin(console, main);
-  for (const char* login : {"leaf", "account-detail", "inactive"})
-    RunLogin(console, {.login = login, .target = target});
-  for (const char* login : {"main", "account"}) {
-    RunDates(console, {.login = login, .target = target}, "");
-    RunRights(console, {.login = login, .target = target});
-    RunFormat(console, {.login = login, .target = target});
-  }
-  RunSettings(console, main);
-  for (const int view : {101, 102, 104})
-    RunList(console, main, {.viewId = view, .rows = 1000, .where = {}});
-  RunFilter(console, main, {.rows = 1000}, nobody, false);
-  // Last, because a server keeps the conditions that are saved.
-  RunList(console, main,
-          {.viewId = 102, .rows = 1000, .where = {"金额 大于 100", "凭证日期 本年"}});
+  commands(console);
   std::rewind(paper);
   std::vector<std::string> lines;
   std::string line;
@@ -129,9 +120,31 @@ std::vector<std::string> Scenario(const OdbcTarget& target) {
     lines.push_back(Sorted(std::exchange(line, {})));
   }
   std::fclose(paper);
-  // A statement may leave open in which order its rows come.
   std::sort(lines.begin(), lines.end());
   return lines;
+}
+
+// The sample accounts as they are at first, then all of the demo's subcommands on them.
+std::vector<std::string> Scenario(const OdbcTarget& target) {
+  return Printed([&](Console& console) {
+    const CommonOptions main{.target = target};
+    std::istringstream nobody;
+    RunLogin(console, main);
+    for (const char* login : {"leaf", "account-detail", "inactive"})
+      RunLogin(console, {.login = login, .target = target});
+    for (const char* login : {"main", "account"}) {
+      RunDates(console, {.login = login, .target = target}, "");
+      RunRights(console, {.login = login, .target = target});
+      RunFormat(console, {.login = login, .target = target});
+    }
+    RunSettings(console, main);
+    for (const int view : {101, 102, 104})
+      RunList(console, main, {.viewId = view, .rows = 1000, .where = {}});
+    RunFilter(console, main, {.rows = 1000}, nobody, false);
+    // Last, because a server keeps the conditions that are saved.
+    RunList(console, main,
+            {.viewId = 102, .rows = 1000, .where = {"金额 大于 100", "凭证日期 本年"}});
+  });
 }
 
 TEST_P(Server, TheWholeScenarioAnswersAsTheEmbeddedDatabaseDoes) {
@@ -283,6 +296,76 @@ TEST_P(Server, ALockedTableIsWaitedForNoLongerThanTheLimit) {
               std::string::npos);
   }
   EXPECT_EQ(Rows(*impatient, u"SELECT max(intLevel) FROM Class1"), "3") << "both were taken back";
+}
+
+// Lets the server's process write no larger files; those of its log have 16 MB. Only the account
+// that it runs under may say so.
+bool LimitFilesOf(pid_t process) {
+  struct stat owner {};
+  if (stat(("/proc/" + std::to_string(process)).c_str(), &owner) != 0) return false;
+  const pid_t child = fork();
+  if (child == 0) {
+    const rlimit limit{24 << 20, 24 << 20};
+    _exit(setgid(owner.st_gid) == 0 && setuid(owner.st_uid) == 0 &&
+                  prlimit(process, RLIMIT_FSIZE, &limit, nullptr) == 0
+              ? 0
+              : 1);
+  }
+  int status = 1;
+  return waitpid(child, &status, 0) == child && status == 0;
+}
+
+// What storage says when nothing more fits: PostgreSQL fails to write a file, because its process
+// may write no larger ones; MariaDB has a table in memory of a limited size.
+TEST_P(Server, AFullDiskIsToldInTheServersWordsAndNothingHalfDoneStays) {
+  Directly(u"DROP TABLE IF EXISTS acc01.heap");
+  const auto connection = Connect();
+  if (IsPostgreSql()) {
+    Directly(u"CREATE TABLE acc01.heap (s text)");
+    EXPECT_EQ(Rows(*connection, u"SELECT count(*) FROM heap"), "0");
+    ASSERT_TRUE(LimitFilesOf(std::stoi(NewestSession())));
+  } else {
+    odbc::Link link(FromUtf8(GetParam().connectionString), 5s);
+    odbc::Statement(link, 10s).Change(u"SET SESSION max_heap_table_size = 65536");
+    odbc::Statement(link, 10s).Change(u"CREATE TABLE acc01.heap (s varchar(1000)) ENGINE=MEMORY");
+  }
+  struct Sink : DiagnosticsSink {
+    void OnFailure(const Failure& failure) override { told = failure.databaseText; }
+    Text told;
+  } sink;
+  DiagnosticsSink* const before = SetDiagnosticsSink(&sink);
+  EXPECT_FALSE(Execute(
+      connection,
+      Join(u"Begin Insert into Class1 (lngClassID,strClassCode,strClassName) Values (78,'a','b'); "
+           u"Insert into heap (s) Select '",
+           Text(1000, u'x'), u"' From VoucherDetail a, VoucherDetail b; End;")));
+  SetDiagnosticsSink(before);
+  EXPECT_THAT(ToUtf8(sink.told),
+              testing::HasSubstr(IsPostgreSql() ? "could not extend file" : "is full"));
+  EXPECT_EQ(Rows(*connection, u"SELECT count(*) FROM Class1"), "10");
+  EXPECT_EQ(Rows(*Connect(), u"SELECT count(*) FROM Class1"), "10");
+  Directly(u"DROP TABLE acc01.heap");
+}
+
+// Through a driver without a server: the accounts are written, a login comes in, a list has its
+// rows.
+TEST(SqliteOverOdbc, HasTheListsThatTheEmbeddedDatabaseHas) {
+  if (Servers().empty()) return;  // the driver comes with those of the servers
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() / ("fetchkit-sqlite-" + std::to_string(getpid()));
+  std::filesystem::create_directory(folder);
+  const OdbcTarget target{"Driver=SQLite3;Database=" + (folder / "books.db").string(),
+                          SqlEngine::Sqlite};
+  EXPECT_GT(ServerAccounts(target).Load().rows, 10000U);
+  const auto printed = [](const OdbcTarget& where) {
+    return Printed([&](Console& console) {
+      RunLogin(console, {.target = where});
+      RunList(console, {.target = where}, {.viewId = 101, .rows = 1000, .where = {}});
+      RunRights(console, {.target = where});
+    });
+  };
+  EXPECT_EQ(printed(target), printed({}));
+  std::filesystem::remove_all(folder);
 }
 
 TEST_P(Server, AReadOnlyConnectionChangesNothing) {
