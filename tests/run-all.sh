@@ -42,7 +42,7 @@ check() {
 
 # Only the rims may know an operating system's header.
 no_windows_headers() {
-  ! git ls-files -co --exclude-standard -- 'src/*' 'hosts/*' 'tests/*' 'demo/*' 'bench/*' |
+  ! git ls-files -co --exclude-standard -- 'src/*' 'hosts/*' 'tests/*' 'demo/*' 'bench/*' 'tools/*' |
     grep -E '\.(h|cpp)$' | grep -vE '^(tests/component|demo/windows|hosts/(odbc|windows))/' |
     xargs grep -niE '#\s*include\s*[<"](windows|ole2|oleauto|objbase|unknwn|commctrl|ocidl|winuser|windef|winbase)[a-z]*\.h'
 }

@@ -97,14 +97,14 @@ start_mariadb() {
     as "$who" mariadb-install-db --no-defaults --datadir="$data/data" --skip-test-db \
       --auth-root-authentication-method=socket >"$folder/mariadb.log" 2>&1 ||
       { cat "$folder/mariadb.log" >&2; return 1; }
-    as "$who" bash -c "umask 077; cat >'$data/users.sql'" <<SQL
-CREATE OR REPLACE USER '$user'@'127.0.0.1' IDENTIFIED BY '$(kept password password)';
-GRANT ALL ON *.* TO '$user'@'127.0.0.1';
-SQL
   fi
   [[ -s $data/pid ]] && runs mariadb "$(cat "$data/pid")" && return
   rm -f "$data/pid"
   rm -f "$folder/mariadb.port"
+  as "$who" bash -c "umask 077; cat >'$data/users.sql'" <<SQL
+CREATE OR REPLACE USER '$user'@'127.0.0.1' IDENTIFIED BY '$(kept password password)';
+GRANT ALL ON *.* TO '$user'@'127.0.0.1' WITH GRANT OPTION;
+SQL
   port=$(kept mariadb.port free_port $((28000 + RANDOM % 4000)))
   as "$who" bash -c "cd '$data'; exec setsid mariadbd --no-defaults --datadir='$data/data' --port=$port \
     --bind-address=127.0.0.1 --socket='$data/socket' --pid-file='$data/pid' --skip-name-resolve \

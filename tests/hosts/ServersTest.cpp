@@ -8,20 +8,25 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <future>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <thread>
 
 #include "demo/SampleHost.h"
 #include "demo/commands/Commands.h"
+#include "demo/commands/DemoSession.h"
 #include "demo/servers/ServerAccounts.h"
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/ThreadState.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/host/Execution.h"
+#include "hosts/DocumentedGrants.h"
 #include "hosts/Servers.h"
 #include "hosts/odbc/Link.h"
 #include "hosts/odbc/OdbcConnection.h"
@@ -147,12 +152,17 @@ std::vector<std::string> Scenario(const OdbcTarget& target) {
   });
 }
 
+const std::vector<std::string>& EmbeddedScenario() {
+  static const std::vector<std::string> embedded = Scenario({});
+  return embedded;
+}
+
 TEST_P(Server, TheWholeScenarioAnswersAsTheEmbeddedDatabaseDoes) {
   ServerAccounts again(GetParam());
   EXPECT_FALSE(again.made().empty());
   EXPECT_TRUE(again.foreign().empty());
   EXPECT_GT(again.Load().rows, 10000U);
-  static const std::vector<std::string> embedded = Scenario({});
+  const std::vector<std::string>& embedded = EmbeddedScenario();
   ASSERT_GT(embedded.size(), 1000U);
   const std::vector<std::string> answered = Scenario(GetParam());
   std::vector<std::string> different;
@@ -410,6 +420,155 @@ TEST_P(Server, NoPasswordIsInAnyText) {
   Rows(*connection, Join(u"SELECT 1 FROM \"", secret, u"\""));
   EXPECT_NE(told.find(u"***"), Text::npos);
   EXPECT_EQ(told.find(secret), Text::npos);
+}
+
+std::string Lower(std::string text) {
+  for (char& c : text)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return text;
+}
+
+// A database user who has but what is granted here.
+class Clerk : public Server {
+ protected:
+  static constexpr const char* kUser = "fetchkit_clerk";
+
+  void Do(const std::string& statement) const { Directly(FromUtf8(statement)); }
+
+  std::string Who() const { return IsPostgreSql() ? kUser : std::string("'fetchkit_clerk'@'%'"); }
+  void Give(const Grant& grant) const {
+    Do("GRANT " + grant.privilege + " ON " + grant.kind + grant.table + " TO " + Who());
+  }
+  void Take(const Grant& grant) const {
+    Do("REVOKE " + grant.privilege + " ON " + grant.kind + grant.table + " FROM " + Who());
+  }
+
+  // Commands that together need every grant, the quick ones first.
+  std::vector<std::function<void(Console&)>> Commands(const OdbcTarget& target) const {
+    const CommonOptions main{.trace = true, .target = target};
+    return {
+        [=](Console& console) {
+          DemoSession session(console, true, target);
+          session.Switch("main");
+          session.Run([&] { session.entry().Initialize(session.connection()); });
+        },
+        [=](Console& console) { RunRights(console, main); },
+        [=](Console& console) { RunSettings(console, main); },
+        [=](Console& console) { RunList(console, main, {.viewId = 103, .rows = 1, .where = {}}); },
+        [=](Console& console) {
+          // Opens columns that are chosen from tables which nothing else reads, and leaves.
+          std::istringstream answers("f 凭证状态\n\n\nf 单位类型\n\n\nf 部门\n\n\nq\nq\n");
+          RunFilter(console, main, {.rows = 1, .user = DialogUser::Asked}, answers, true);
+        },
+        [=, this](Console& console) {
+          // A list that was never saved.
+          Do("DELETE FROM acc01.list WHERE lngViewID = 103");
+          RunList(console, main, {.viewId = 103, .rows = 1, .where = {"科目级次 大于 1"}});
+        },
+        [=](Console& console) {
+          RunList(console, main, {.viewId = 101, .rows = 1, .where = {"凭证号 大于 2"}});
+        },
+    };
+  }
+
+  // A database user without any rights, and who connects as that user.
+  OdbcTarget NewUser() const {
+    const std::string password = "kl3rk";
+    if (IsPostgreSql()) {
+      Do(std::string("DO 'BEGIN DROP OWNED BY ") + kUser + "; DROP ROLE " + kUser +
+         "; EXCEPTION WHEN undefined_object THEN NULL; END'");
+      Do(std::string("CREATE ROLE ") + kUser + " LOGIN PASSWORD '" + password + "'");
+    } else {
+      Do("CREATE OR REPLACE USER " + Who() + " IDENTIFIED BY '" + password + "'");
+    }
+    OdbcTarget target = GetParam();
+    target.connectionString =
+        std::regex_replace(target.connectionString, std::regex("UID=[^;]*;PWD=[^;]*"),
+                           std::string("UID=") + kUser + ";PWD=" + password);
+    return target;
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, Clerk, testing::ValuesIn(Servers()), [](const auto& server) {
+  return std::string(hosts::NameOf(server.param.engine));
+});
+
+// What a command prints, its failures and notes included.
+std::string Paper(const std::function<void(Console&)>& command) {
+  std::FILE* paper = std::tmpfile();
+  Console console(paper, ColourMode::Never);
+  try {
+    command(console);
+  } catch (const std::exception& error) {
+    console.Line(error.what());
+  }
+  std::string text(static_cast<std::size_t>(std::ftell(paper)), '\0');
+  std::rewind(paper);
+  text.resize(std::fread(text.data(), 1, text.size(), paper));
+  std::fclose(paper);
+  return text;
+}
+
+// Whether a line that tells of a failure or a note says in the server's words that the table is
+// refused.
+bool TellsOf(const std::string& printed, const std::string& table) {
+  std::istringstream lines(printed);
+  for (std::string line; std::getline(lines, line);)
+    if ((line.starts_with("failed: ") || line.starts_with("note: ")) &&
+        line.find("denied") != std::string::npos && Lower(line).find(table) != std::string::npos)
+      return true;
+  return false;
+}
+
+// Whether the name stands there, and not a longer one.
+bool Names(const std::string& text, const std::string& name) {
+  const auto isLetter = [&](std::size_t at) {
+    return at < text.size() &&
+           (std::isalnum(static_cast<unsigned char>(text[at])) != 0 || text[at] == '_');
+  };
+  for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1))
+    if (!isLetter(at - 1) && !isLetter(at + name.size())) return true;
+  return false;
+}
+
+TEST_P(Clerk, NeedsTheDocumentedGrantsAndNoneIsTooMany) {
+  if (!IsPostgreSql() && !IsMariaDb()) GTEST_SKIP() << "an engine without users";
+  ServerAccounts(GetParam()).Load();
+  const OdbcTarget clerk = NewUser();
+  const std::vector<std::string> statements =
+      DocumentedGrants(IsPostgreSql() ? "PostgreSQL" : "MariaDB", kUser);
+  for (const std::string& each : statements) {
+    Do(each);
+    // The demo logs in to another account, too.
+    if (each.find("acc01.") != std::string::npos)
+      Do(std::regex_replace(
+          std::regex_replace(each, std::regex("system\\.gabaseinfo, ", std::regex::icase), ""),
+          std::regex("acc01"), "acc02"));
+  }
+  if (IsPostgreSql()) Do(std::string("GRANT USAGE ON SCHEMA acc02 TO ") + kUser);
+  EXPECT_THAT(Scenario(clerk), testing::ElementsAreArray(EmbeddedScenario()));
+
+  const auto commands = Commands(clerk);
+  std::vector<std::string> healthy;
+  for (const auto& command : commands)
+    healthy.push_back(Lower(Paper(command)));
+  int revoked = 0;
+  for (const Grant& grant : Single(statements)) {
+    if (grant.kind == "SCHEMA ") continue;
+    std::string table = Lower(grant.table.substr(grant.table.find('.') + 1));
+    std::erase_if(table, [](char c) { return c == '"' || c == '`'; });
+    Take(grant);
+    bool told = false;
+    for (std::size_t i = 0; i < commands.size() && !told; ++i) {
+      // Only the last ones write.
+      const std::size_t at = grant.privilege == "SELECT" ? i : commands.size() - 1 - i;
+      told = Names(healthy[at], table) && TellsOf(Paper(commands[at]), table);
+    }
+    EXPECT_TRUE(told) << grant.privilege << " on " << grant.table << " is missed by nothing";
+    Give(grant);
+    ++revoked;
+  }
+  EXPECT_GT(revoked, 50);
 }
 
 }  // namespace

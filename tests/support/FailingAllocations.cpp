@@ -45,6 +45,15 @@ void* operator new(std::size_t size) {
   return fetchkit::test::Allocate(size);
 }
 
+// The sanitizer has one of its own, which does not go with the deletes below.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return fetchkit::test::Allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
