@@ -3,9 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <map>
 #include <set>
+#include <stdexcept>
 
 #include "fetchkit/base/TextSearch.h"
 #include "fetchkit/base/Utf8.h"
@@ -244,12 +245,14 @@ std::string TablesText(const Shape& shape) {
     tables[name].insert(need.privilege);
   }
   std::string text;
+  std::string_view before;
   for (const auto& [table, privileges] : tables) {
     const Privilege most = *privileges.rbegin();
     const std::string_view verb = most == Privilege::Select     ? "reads "
                                   : most == Privilege::Sequence ? "draws from "
                                                                 : "writes ";
-    text += fmt::format("{}{}{}", text.empty() ? "" : ", ", text.empty() ? verb : "", table);
+    text += fmt::format("{}{}{}", text.empty() ? "" : ", ", verb == before ? "" : verb, table);
+    before = verb;
   }
   return text;
 }
@@ -286,6 +289,8 @@ std::string StatementsText(const Recording& recording) {
     }
     text += fmt::format("\n```sql\n{}```\n", block);
   }
+  if (number != static_cast<int>(shapes.size()))
+    throw std::logic_error("a member that sends something belongs to no group of the document");
   return text;
 }
 
@@ -430,8 +435,7 @@ sent. Do not edit it; `./run test` compares.
   list or presses OK in the filter dialog; numbers are drawn from sequences. Nothing else: no table
   is made, changed or locked.
 - **What to grant**: [the smallest set](#the-smallest-set-of-grants), at the end.
-- **Transactions**: each change is one of its own, of milliseconds. Nothing is held open while a
-  dialog is.
+- **Transactions**: each change is one of its own. Nothing is held open while a dialog is.
 
 Values stand as `?`, what may be left out in `[ ]`. ACCOUNT is the account's schema. Statements are
 in the library's dialect, Oracle's; for another engine the host rewrites them, with the same tables
