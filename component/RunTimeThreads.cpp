@@ -1,4 +1,4 @@
-// Thread-local objects of the statically linked C++ run-time.
+// Thread-local objects and one-time work of the statically linked C++ run-time.
 //
 // The run-time of this tool chain takes an index of the system's thread-local storage when the
 // first exception is thrown, and never gives it back: a host that loads and unloads the DLL about a
@@ -78,6 +78,29 @@ extern "C" void* __emutls_get_address(ThreadLocal* object) {
       std::memset(at, 0, object->size);
   }
   return at;
+}
+
+// state: 0 at first, as the library has it. A thread that comes while another one is at it waits.
+extern "C" int __wrap_pthread_once(LONG* state, void (*work)()) {
+  constexpr LONG kNotYet = 0;
+  constexpr LONG kDone = 1;
+  constexpr LONG kAtWork = 2;
+  // An exception passes on, and the next one to come tries again.
+  struct Attempt {
+    ~Attempt() { InterlockedExchange(state, result); }
+    LONG* state;
+    LONG result = kNotYet;
+  };
+  for (;;) {
+    const LONG before = InterlockedCompareExchange(state, kAtWork, kNotYet);
+    if (before == kDone) return 0;
+    if (before == kNotYet) break;
+    Sleep(0);
+  }
+  Attempt attempt{state};
+  work();
+  attempt.result = kDone;
+  return 0;
 }
 
 namespace fetchkit {

@@ -8,7 +8,9 @@
 namespace fetchkit::ui {
 namespace {
 
-// Functions that only newer systems have.
+// Functions that only newer systems have. They are looked for at each call, a few times a dialog: a
+// static object that keeps one would have to be guarded, and a guard costs memory at every load
+// that the compiler's run-time never gives back.
 template <class Function>
 Function Newer(const char* name) {
   const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32.dll"), name);
@@ -45,14 +47,13 @@ UINT SystemDpi() {
 }
 
 UINT DpiOf(HWND window) {
-  static const auto ofWindow = Newer<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+  const auto ofWindow = Newer<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
   const UINT dpi = ofWindow && window ? ofWindow(window) : 0;
   return dpi != 0 ? dpi : SystemDpi();
 }
 
 void ScaleByOneself(HWND dialog) {
-  static const auto setBehavior =
-      Newer<BOOL(WINAPI*)(HWND, int, int)>("SetDialogDpiChangeBehavior");
+  const auto setBehavior = Newer<BOOL(WINAPI*)(HWND, int, int)>("SetDialogDpiChangeBehavior");
   constexpr int kDisableAll = 1;
   if (setBehavior) setBehavior(dialog, kDisableAll, kDisableAll);
 }

@@ -26,8 +26,11 @@ void ControlWindow::Listen() {
   SetWindowSubclass(window_, Subclass, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
-LRESULT CALLBACK ControlWindow::Subclass(HWND, UINT message, WPARAM first, LPARAM second, UINT_PTR,
-                                         DWORD_PTR self) {
+LRESULT CALLBACK ControlWindow::Subclass(HWND window, UINT message, WPARAM first, LPARAM second,
+                                         UINT_PTR, DWORD_PTR self) {
+  // The last message: what is not taken off now stays in memory, because the window is gone when
+  // its holder goes.
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Subclass, kSubclass);
   LRESULT result = 0;
   Step(u"dialog", [&] {
     result = reinterpret_cast<ControlWindow*>(self)->OnOwnMessage(message, first, second);

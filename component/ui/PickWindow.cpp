@@ -196,6 +196,7 @@ LRESULT PickWindow::OnOwnMessage(UINT message, WPARAM first, LPARAM second) {
 
 LRESULT CALLBACK PickWindow::ListSubclass(HWND list, UINT message, WPARAM first, LPARAM second,
                                           UINT_PTR, DWORD_PTR selfPointer) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(list, ListSubclass, kListSubclass);
   if (message != LB_GETTEXT && message != LB_GETTEXTLEN)
     return DefSubclassProc(list, message, first, second);
   LRESULT result = LB_ERR;

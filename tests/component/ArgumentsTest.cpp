@@ -121,7 +121,7 @@ TEST_F(Arguments, NullPointersAreRefusedAndNothingElseHappens) {
     for (UINT i = 0; i < count; ++i) {
       const ELEMDESC& parameter = member.function.lprgelemdescParam[i];
       types[i] = parameter.tdesc.vt == VT_USERDEFINED ? VARTYPE{VT_I4} : parameter.tdesc.vt;
-      if (types[i] == VT_PTR) types[i] = VT_I8;
+      if (types[i] == VT_PTR) types[i] = sizeof(void*) == 8 ? VT_I8 : VT_I4;
       values[i] = {};
       pointers[i] = &values[i];
       // An object by value is described as a pointer too.

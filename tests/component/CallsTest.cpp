@@ -51,17 +51,6 @@ struct WindowForCalls {
                                 nullptr, nullptr, nullptr);
 };
 
-// Cancels every dialog and message box that the thread shows while it lives.
-struct CancelsDialogs {
-  ~CancelsDialogs() { UnhookWindowsHookEx(hook); }
-  static LRESULT CALLBACK Cancel(int code, WPARAM window, LPARAM) {
-    if (code == HCBT_ACTIVATE)
-      PostMessageW(reinterpret_cast<HWND>(window), WM_COMMAND, IDCANCEL, 0);
-    return 0;
-  }
-  HHOOK hook = SetWindowsHookExW(WH_CBT, Cancel, nullptr, GetCurrentThreadId());
-};
-
 TEST_F(EveryMember, DoesWhatItDid) {
   const WindowForCalls window;
   const CancelsDialogs cancels;

@@ -205,6 +205,8 @@ struct Footprint {
 };
 
 TEST_F(Lifetime, ActivationsLeaveNothing) {
+  const CancelsDialogs cancels;
+  const Bstr range(u"自定义:2004-02-01,2004-02-29");
   for (const bool unloads : {false, true}) {
     SCOPED_TRACE(unloads ? "the library goes with its last object and comes back" : "it stays");
     const auto activate = [&](int times) {
@@ -214,6 +216,19 @@ TEST_F(Lifetime, ActivationsLeaveNothing) {
           short year = 0;
           Get(entry, &IInterface::get_LoginOrganization)->get_BeginYear(&year);  // raises
           Call(entry.get(), "LoginDate", DISPATCH_PROPERTYGET, {});
+          DATE first = 0;
+          DATE last = 0;
+          VARIANT_BOOL answer = VARIANT_FALSE;
+          EXPECT_EQ(Get(entry, &IInterface::get_Activity)
+                        ->GetDateRange(range.get(), &first, &last, &answer),
+                    S_OK);
+          EXPECT_EQ(answer, VARIANT_TRUE);
+          if (unloads) {
+            const auto lists = Get(entry, &IInterface::get_ListSet);
+            EXPECT_EQ(lists->put_ViewId(5), S_OK);
+            EXPECT_EQ(lists->ShowFilter(0, &answer), S_OK);
+            EXPECT_EQ(answer, VARIANT_FALSE);
+          }
           host_->TakeSent();
         }
         if (unloads) CoFreeUnusedLibrariesEx(0, 0);
@@ -225,11 +240,15 @@ TEST_F(Lifetime, ActivationsLeaveNothing) {
     const Footprint before;
     activate(unloads ? 100 : 1000);
     const Footprint after;
-    EXPECT_LT(after.blocks, before.blocks + 20);
-    EXPECT_LT(after.bytes, before.bytes + 10000);
+    // Not ours: Wine's labels, of which the dialog has seven, never free their 24 bytes, nor does
+    // the 32-bit run-time a lock of 20 that it makes at each load.
+    const int foreign = unloads ? 700 + (sizeof(void*) == 4 ? 100 : 0) : 0;
+    EXPECT_LT(after.blocks, before.blocks + foreign + 20);
+    EXPECT_LT(after.bytes, before.bytes + foreign * 24 + 10000);
     EXPECT_LE(after.handle, before.handle);
     EXPECT_EQ(after.freeSlots, before.freeSlots);
     EXPECT_GT(after.blocks, 1000) << "the heaps were not walked";
+    EXPECT_GE(CancelsDialogs::shown, unloads ? 100 : 0);
   }
 }
 

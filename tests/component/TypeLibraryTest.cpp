@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <regex>
 #include <sstream>
 #include <string>
 
@@ -110,7 +111,14 @@ TEST(TypeLibrary, IsTheOneThatWasPromised) {
       << "\"\n";
   library->ReleaseTLibAttr(attributes);
   ForEachType([&](ITypeInfo* info, const TYPEATTR& each) { WriteType(out, info, each); });
-  ExpectKept("typelib.txt", out.str());
+  if constexpr (sizeof(void*) == 8) {
+    ExpectKept("typelib.txt", out.str());
+  } else {
+    // Sizes and offsets are kept as 64-bit callers have them.
+    const std::regex layout(" (size|at) [0-9]+");
+    EXPECT_EQ(std::regex_replace(out.str(), layout, ""),
+              std::regex_replace(Kept("typelib.txt"), layout, ""));
+  }
 }
 
 }  // namespace

@@ -7,9 +7,14 @@
 # hosts: instead of all the rest FetchKitHost.Odbc and FetchKitDemo.exe on databases, through the
 # system's driver manager: SQLite's driver, and the servers that FETCHKIT_SERVERS tells of (a line each:
 # engine, a tab, connection string), to which the sample accounts are written.
+#
+# Usage: tests/component/run-wine.sh BUILD-FOLDER --wine32 FOLDER, for the preset "component-x86" with its
+# tests, in the 32-bit Wine that tools/wine32.sh has made in FOLDER: without the console demo's checks.
 set -uo pipefail
 build=$(realpath "$1")
-demo=$(realpath "$2")
+demo=
+wine32=
+if [[ $2 == --wine32 ]]; then wine32=$(realpath "$3"); else demo=$(realpath "$2"); fi
 here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 passed=0
 failed=0
@@ -18,14 +23,20 @@ unset FETCHKIT_ODBC  # the tests never touch a user's own database
 # Everything of Wine's stays in the build folder. The locale chooses code page 936; it needs not be
 # generated for that, of which bash would complain at every start.
 export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
-wine=$(command -v wine64 || command -v /usr/lib/wine/wine64 || command -v wine)
-server=$(command -v wineserver || command -v /usr/lib/wine/wineserver64)
+if [[ -n $wine32 ]]; then
+  export WINEARCH=win32
+  wine=("$here/../../tools/wine32.sh" "$wine32" wine)
+  server=("$here/../../tools/wine32.sh" "$wine32" server)
+else
+  wine=("$(command -v wine64 || command -v /usr/lib/wine/wine64 || command -v wine)")
+  server=("$(command -v wineserver || command -v /usr/lib/wine/wineserver64)")
+fi
 # On a busy machine the system's own starter now and then cannot start a program, and says so in
 # place of the program's output: that is tried again, and told.
 wine() {
   local output=$build/wine.out try status
   for try in 1 2 3; do
-    (cd "$build" && timeout --kill-after=10 300 env LC_ALL=zh_CN.UTF-8 "$wine" "$@" </dev/null 2>/dev/null) >"$output"
+    (cd "$build" && timeout --kill-after=10 300 env LC_ALL=zh_CN.UTF-8 "${wine[@]}" "$@" </dev/null 2>/dev/null) >"$output"
     status=$?
     grep -qa '^ShellExecuteEx ' "$output" || break
     echo "Wine did not start $1 (try $try of 3)" >&2
@@ -33,7 +44,7 @@ wine() {
   tr -d '\r' <"$output"
   return $status
 }
-server() { timeout 60 "$server" "$@"; }
+server() { timeout 60 "${server[@]}" "$@"; }
 
 # One X server for all of it; without one, Wine draws into nothing.
 if [[ -z ${FETCHKIT_X_SERVER:-} ]]; then
@@ -41,6 +52,10 @@ if [[ -z ${FETCHKIT_X_SERVER:-} ]]; then
   if command -v xvfb-run >/dev/null; then
     FETCHKIT_X_SERVER=xvfb exec xvfb-run -a -s "-screen 0 1920x1200x24" "${BASH_SOURCE[0]}" "$@"
   fi
+fi
+# All of it inside the folder's own view of the system.
+if [[ -n $wine32 && -z ${FETCHKIT_BOUND:-} ]]; then
+  FETCHKIT_BOUND=yes exec "$here/../../tools/wine32.sh" "$wine32" run "${BASH_SOURCE[0]}" "$@"
 fi
 trap 'server -k >/dev/null 2>&1' EXIT
 
@@ -97,6 +112,11 @@ prepare() {
   if [[ ! -f $WINEPREFIX/.ready ]]; then
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
+    if [[ -n $wine32 ]]; then
+      # Not one of Wine's own; a system with all of its packages would have it elsewhere.
+      mkdir -p "$WINEPREFIX/drive_c/windows/system32"
+      cp "$wine32/root/usr/i686-w64-mingw32/lib/zlib1.dll" "$WINEPREFIX/drive_c/windows/system32"
+    fi
     wine wineboot -i
     # What Windows always has, and what the script host enters for itself at its first start; then
     # fonts that every Windows has: one with Chinese characters, and the signs on title bars.
@@ -228,13 +248,18 @@ if [[ ${3:-} == hosts ]]; then
   echo "$passed passed, $failed failed"
   exit $((failed > 0))
 fi
-x86=$build/../x86
-for each in x64 x86; do
-  mapfile -t programs < <(compgen -G "$build/../$each/*.exe")
-  check "the images for $each import the system's DLLs alone" \
-    tools/check-imports.sh $each "$build/../$each"/*.dll "${programs[@]}"
-done
-mapfile -t libraries < <(ls -d "$build"/FetchKit*.dll "$x86"/FetchKit*.dll 2>/dev/null)
+if [[ -n $wine32 ]]; then
+  libraries=("$build/FetchKit.dll")
+  check "the images import the system's DLLs alone" tools/check-imports.sh x86 "$build"/*.dll "$build"/*.exe
+else
+  x86=$build/../x86
+  for each in x64 x86; do
+    mapfile -t programs < <(compgen -G "$build/../$each/*.exe")
+    check "the images for $each import the system's DLLs alone" \
+      tools/check-imports.sh $each "$build/../$each"/*.dll "${programs[@]}"
+  done
+  mapfile -t libraries < <(ls -d "$build"/FetchKit*.dll "$x86"/FetchKit*.dll 2>/dev/null)
+fi
 check "type library and version inside ${#libraries[@]} libraries" resources "${libraries[@]}"
 binary fetchkit-component-tests
 rm -rf "$build/pictures"
@@ -242,29 +267,33 @@ mkdir -p "$build/pictures"
 binary fetchkit-dialog-tests
 # What Wine draws into without a server is too small for the dialogs at these.
 scalings=()
-[[ $FETCHKIT_X_SERVER == none ]] || scalings=(144 192)
+[[ $FETCHKIT_X_SERVER == none || -n $wine32 ]] || scalings=(144 192)
 for dots in "${scalings[@]}"; do
   check "a screen of $dots dots per inch" resolution $dots
   binary fetchkit-dialog-tests '*AUserSets*:*AreChosen*:*Smallest*:RealInput.*'
 done
-check "a screen of 96 dots per inch" resolution 96
-check "pictures of the dialogs in build/pictures" pictures
+if [[ -z $wine32 ]]; then
+  check "a screen of 96 dots per inch" resolution 96
+  check "pictures of the dialogs in build/pictures" pictures
+fi
 # What an interrupted run may have left.
 wine regsvr32 /s /u FetchKit.dll
 wine regsvr32 /s /u /n /i:user FetchKit.dll
 before=$(entries)
 check "registers for the machine" registered_for_machine
 check "a script drives it" late_bound
-cp demo/windows/sample.vbs "$build"
-check "enters FetchKitHost.dll" wine regsvr32 /s FetchKitHost.dll
-for each in dates rights format; do
-  check "a script on the sample accounts prints the demo's $each" \
-    same_as_the_demo cscript //nologo sample.vbs for "$each"
-done
-for each in dates rights format login list; do
-  check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"
-done
-check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
+if [[ -n $demo ]]; then
+  cp demo/windows/sample.vbs "$build"
+  check "enters FetchKitHost.dll" wine regsvr32 /s FetchKitHost.dll
+  for each in dates rights format; do
+    check "a script on the sample accounts prints the demo's $each" \
+      same_as_the_demo cscript //nologo sample.vbs for "$each"
+  done
+  for each in dates rights format login list; do
+    check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"
+  done
+  check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
+fi
 check "leaves no key behind" unregistered
 check "registers for the user alone" registered_for_user
 check "leaves no key of the user's behind" unregistered /n /i:user

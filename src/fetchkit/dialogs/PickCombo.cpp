@@ -6,6 +6,12 @@
 #include "fetchkit/base/Numbers.h"
 
 namespace fetchkit {
+namespace {
+
+// Not inside of a function: guarding it there costs a Windows host at every load (Fonts.cpp).
+const fetchkit::Text kNoText;
+
+}  // namespace
 
 void PickCombo::ColumnSet(fetchkit::Text columnSet) {
   if (columnSet == columnSet_) return;
@@ -30,8 +36,7 @@ void PickCombo::ColumnSet(fetchkit::Text columnSet) {
 }
 
 const fetchkit::Text& PickCombo::Cell(int row, int col) const {
-  static const fetchkit::Text kEmpty;
-  if (row < 0 || row >= ListCount() || col < 0 || col >= Cols()) return kEmpty;
+  if (row < 0 || row >= ListCount() || col < 0 || col >= Cols()) return kNoText;
   return cells_[static_cast<std::size_t>(row) * columns_ + static_cast<std::size_t>(col)];
 }
 

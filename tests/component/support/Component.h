@@ -109,6 +109,21 @@ std::map<std::string, Value> PropertiesOf(const Objects& objects);
 std::string Kept(const std::string& file);
 void ExpectKept(const std::string& file, const std::string& text);
 
+// Cancels every dialog and message box that the thread shows while it lives.
+struct CancelsDialogs {
+  CancelsDialogs() { shown = 0; }
+  ~CancelsDialogs() { UnhookWindowsHookEx(hook); }
+  static LRESULT CALLBACK Cancel(int code, WPARAM window, LPARAM) {
+    if (code == HCBT_ACTIVATE) {
+      ++shown;
+      PostMessageW(reinterpret_cast<HWND>(window), WM_COMMAND, IDCANCEL, 0);
+    }
+    return 0;
+  }
+  static inline int shown = 0;
+  HHOOK hook = SetWindowsHookExW(WH_CBT, Cancel, nullptr, GetCurrentThreadId());
+};
+
 // A test that logs in. Afterwards the library must be willing to go, with every reference to the
 // host's objects given back.
 class ComponentTest : public testing::Test {
