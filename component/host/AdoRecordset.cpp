@@ -12,28 +12,14 @@
 
 namespace fetchkit {
 
-AdoRecordset::AdoRecordset(HostPtr<IDispatch> object) : object_(std::move(object)) {
-  Refresh();
-}
-
-IDispatch** AdoRecordset::GiveBack() {
+void AdoRecordset::Unbind() {
   fields_.clear();
   columns_.clear();
   rows_ = {};
-  return object_.InOut();
-}
-
-IDispatch** AdoRecordset::InOut() {
-  return object_.InOut();
-}
-
-void AdoRecordset::Refresh() {
-  rows_ = object_.As<ado::Recordset>(ado::Recordset::kId);
-  if (!rows_) rows_ = object_.As<ado::Recordset>(ado::Recordset::kNewerId);
 }
 
 ado::Recordset& AdoRecordset::Rows() const {
-  if (!rows_) throw Error(ErrorKind::Host, u"what the host opened is no ADO recordset");
+  if (!rows_) throw Error(ErrorKind::Host, u"the recordset was given back");
   return *rows_.get();
 }
 

@@ -2,29 +2,22 @@
 #pragma once
 
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "component/Windows.h"
 #include "component/host/Ado.h"
+#include "component/host/HostRecordset.h"
 #include "component/platform/HostPtr.h"
-#include "fetchkit/host/Recordset.h"
 
 namespace fetchkit {
 
-// Columns are asked for by name, once each. An object that is no ADO recordset can be given back
-// like any other, but every reading of it is Error (Host).
-class AdoRecordset : public Recordset {
+// Columns are asked for by name, once each.
+class AdoRecordset : public HostRecordset {
  public:
-  explicit AdoRecordset(HostPtr<IDispatch> object);
-
-  // The reference, for a call of the host's that takes it away; reading is over then.
-  IDispatch** GiveBack();
-
-  // The same for a call that looks at it and may exchange it.
-  IDispatch** InOut();
-
-  // To be called after InOut: follows an exchange.
-  void Refresh();
+  // rows: the same object under ADO's interface.
+  AdoRecordset(HostPtr<IDispatch> object, HostPtr<ado::Recordset> rows)
+      : HostRecordset(std::move(object)), rows_(std::move(rows)) {}
 
   bool Eof() override;
   bool Bof() override;
@@ -37,11 +30,11 @@ class AdoRecordset : public Recordset {
   Value At(std::size_t column) override;
 
  private:
+  void Unbind() override;
   ado::Recordset& Rows() const;
   HostPtr<ado::Fields> Fields() const;
 
-  HostPtr<IDispatch> object_;
-  HostPtr<ado::Recordset> rows_;  // the same object under ADO's interface; empty when it has none
+  HostPtr<ado::Recordset> rows_;  // empty once it was given back
   std::vector<HostPtr<ado::Field>> fields_;
   std::map<Text, std::size_t, std::less<>> columns_;  // index in fields_ by the name as asked for
 };

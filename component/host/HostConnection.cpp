@@ -4,124 +4,13 @@
 
 #include "component/com/Bstr.h"
 #include "component/com/Variants.h"
-#include "component/host/AdoRecordset.h"
+#include "component/host/ContextOfHost.h"
 #include "component/host/HostCalls.h"
-#include "fetchkit/base/Error.h"
+#include "component/host/HostRecordset.h"
+#include "component/host/NamedConnection.h"
 
 namespace fetchkit {
 namespace {
-
-// A part of the login context under the host's interface, whatever interface pointer the host
-// handed out; empty for null and for an object without it.
-template <class I>
-HostPtr<I> Part(HostPtr<I> handedOut, const IID& id) {
-  return handedOut.template As<I>(id);
-}
-
-Value TextValue(const Bstr& text) {
-  return Value(text.view());
-}
-
-class AccountTypeOfHost : public HostAccountType {
- public:
-  explicit AccountTypeOfHost(HostPtr<IHostAccountType> host) : host_(std::move(host)) {}
-
-  Value AccountType() override {
-    long type = 0;
-    Called(host_->get_AccountType(&type), host_.get());
-    return Value(static_cast<std::int32_t>(type));
-  }
-
- private:
-  HostPtr<IHostAccountType> host_;
-};
-
-class AccountLoginOfHost : public HostAccountLogin {
- public:
-  explicit AccountLoginOfHost(HostPtr<IHostAccountLogin> host) : host_(std::move(host)) {}
-
-  Value ServerName() override {
-    Bstr name;
-    Called(host_->get_ServerName(name.Out()), host_.get());
-    return TextValue(name);
-  }
-
-  Value UserId() override {
-    Bstr id;
-    Called(host_->get_UserId(id.Out()), host_.get());
-    return TextValue(id);
-  }
-
- private:
-  HostPtr<IHostAccountLogin> host_;
-};
-
-class LoginContextOfHost : public HostLoginContext {
- public:
-  explicit LoginContextOfHost(HostPtr<IHostLoginContext> host) : host_(std::move(host)) {}
-
-  Value LoginDate() override {
-    Bstr date;
-    Called(host_->get_LoginDate(date.Out()), host_.get());
-    return TextValue(date);
-  }
-
-  Value OrganizationId() override {
-    long id = 0;
-    Called(host_->get_OrganizationId(&id), host_.get());
-    return Value(static_cast<std::int32_t>(id));
-  }
-
-  Value OperatorId() override {
-    long id = 0;
-    Called(host_->get_OperatorId(&id), host_.get());
-    return Value(static_cast<std::int32_t>(id));
-  }
-
-  Value Password() override {
-    Bstr password;
-    Called(host_->get_Password(password.Out()), host_.get());
-    return TextValue(password);
-  }
-
-  Value Item(TextView name) override {
-    Variant item;
-    Called(host_->get_Item(Bstr(name).get(), item.Out()), host_.get());
-    return ValueOf(item.get());
-  }
-
- private:
-  HostPtr<IHostLoginContext> host_;
-};
-
-class ContextOfHost : public HostContext {
- public:
-  explicit ContextOfHost(HostPtr<IHostContext> host) : host_(std::move(host)) {}
-
-  std::shared_ptr<HostAccountType> AccountTypeInfo() override {
-    HostPtr<IHostAccountType> part;
-    Called(host_->get_AccountTypeInfo(part.Out()), host_.get());
-    part = Part(std::move(part), IID_IHostAccountType);
-    return part ? std::make_shared<AccountTypeOfHost>(std::move(part)) : nullptr;
-  }
-
-  std::shared_ptr<HostAccountLogin> AccountLogin() override {
-    HostPtr<IHostAccountLogin> part;
-    Called(host_->get_AccountLogin(part.Out()), host_.get());
-    part = Part(std::move(part), IID_IHostAccountLogin);
-    return part ? std::make_shared<AccountLoginOfHost>(std::move(part)) : nullptr;
-  }
-
-  std::shared_ptr<HostLoginContext> LoginContext() override {
-    HostPtr<IHostLoginContext> part;
-    Called(host_->get_LoginContext(part.Out()), host_.get());
-    part = Part(std::move(part), IID_IHostLoginContext);
-    return part ? std::make_shared<LoginContextOfHost>(std::move(part)) : nullptr;
-  }
-
- private:
-  HostPtr<IHostContext> host_;
-};
 
 // What an open operation answered: the recordset is taken over also when the answer is False, and
 // then let go.
@@ -129,33 +18,24 @@ bool TakeOpened(HRESULT result, ISessionConnection* host, VARIANT_BOOL answer,
                 HostPtr<IDispatch> opened, RecordsetPtr& recordset) {
   Called(result, host);
   if (answer == VARIANT_FALSE || !opened) return false;
-  recordset = std::make_shared<AdoRecordset>(std::move(opened));
+  recordset = HostRecordset::Bind(std::move(opened));
   return true;
-}
-
-AdoRecordset& AdoOf(const RecordsetPtr& recordset) {
-  auto* ado = dynamic_cast<AdoRecordset*>(recordset.get());
-  if (!ado) throw Error(ErrorKind::InvalidCall, u"the recordset is not one of this connection");
-  return *ado;
 }
 
 }  // namespace
 
-std::shared_ptr<HostConnection> HostConnection::Bind(IUnknown* object) {
+std::shared_ptr<SessionConnection> HostConnection::Bind(IUnknown* object) {
   if (!object) return nullptr;
-  HostPtr<ISessionConnection> host =
-      ComPtr<IUnknown>(object).As<ISessionConnection>(IID_ISessionConnection);
-  if (!host)
-    throw Error(ErrorKind::TypeMismatch,
-                u"the object has not the interface of a host's connection");
-  return std::make_shared<HostConnection>(std::move(host));
+  const ComPtr<IUnknown> given(object);
+  if (HostPtr<ISessionConnection> host = given.As<ISessionConnection>(IID_ISessionConnection))
+    return std::make_shared<HostConnection>(std::move(host));
+  return NamedConnection::Bind(given.As<IDispatch>(IID_IDispatch));
 }
 
 std::shared_ptr<HostContext> HostConnection::HostContext() {
   HostPtr<IHostContext> context;
   Called(host_->get_HostContext(context.Out()), host_.get());
-  context = Part(std::move(context), IID_IHostContext);
-  return context ? std::make_shared<ContextOfHost>(std::move(context)) : nullptr;
+  return ContextOfHost(context);
 }
 
 void HostConnection::CloseRecordset(RecordsetPtr& recordset) {
@@ -163,16 +43,16 @@ void HostConnection::CloseRecordset(RecordsetPtr& recordset) {
   // Let go whatever the host answers; what it left in the variable goes with it.
   const RecordsetPtr closing = std::move(recordset);
   recordset = nullptr;
-  Called(host_->CloseRecordset(AdoOf(closing).GiveBack()), host_.get());
+  Called(host_->CloseRecordset(HostRecordset::Of(closing).GiveBack()), host_.get());
 }
 
 void HostConnection::RecordsetIsEmpty(RecordsetPtr& recordset, bool& isEmpty) {
-  AdoRecordset& ado = AdoOf(recordset);
+  HostRecordset& rows = HostRecordset::Of(recordset);
   VARIANT_BOOL empty = isEmpty ? VARIANT_TRUE : VARIANT_FALSE;
-  IDispatch** object = ado.InOut();
+  IDispatch** object = rows.InOut();
   const IDispatch* before = *object;
   const HRESULT result = host_->RecordsetIsEmpty(object, &empty);
-  if (*object != before) ado.Refresh();
+  if (*object != before) recordset = HostRecordset::Bind(rows.Take());
   Called(result, host_.get());
   isEmpty = empty != VARIANT_FALSE;
 }
@@ -201,6 +81,11 @@ bool HostConnection::ExecuteSql(TextView sql, std::int32_t option, Value& out) {
   VARIANT_BOOL answer = VARIANT_FALSE;
   Called(host_->ExecuteSql(Bstr(sql).get(), option, outValue.InOut(), &answer), host_.get());
   return answer != VARIANT_FALSE;
+}
+
+Text HostConnection::LastRefusal() {
+  NamedObject names{HostPtr<IDispatch>(ComPtr<IDispatch>(host_.get()))};
+  return NamedConnection::LastRefusalOf(names);
 }
 
 }  // namespace fetchkit

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "component/Windows.h"
 #include "component/platform/HostPtr.h"
@@ -12,9 +13,9 @@ namespace fetchkit {
 
 class HostConnection : public SessionConnection {
  public:
-  // Binds to the host's interface. Null for no object; Error (TypeMismatch) when the object lacks
-  // the interface.
-  static std::shared_ptr<HostConnection> Bind(IUnknown* object);
+  // Binds to the host's interface, or to its names when the object has no such interface. Null for
+  // no object; Error (TypeMismatch) for an object that has neither.
+  static std::shared_ptr<SessionConnection> Bind(IUnknown* object);
 
   explicit HostConnection(HostPtr<ISessionConnection> host) : host_(std::move(host)) {}
 
@@ -27,6 +28,7 @@ class HostConnection : public SessionConnection {
   bool OpenRecordset(TextView sql, RecordsetPtr& recordset, std::int32_t option1,
                      std::int32_t option2) override;
   bool ExecuteSql(TextView sql, std::int32_t option, Value& out) override;
+  Text LastRefusal() override;
 
  private:
   HostPtr<ISessionConnection> host_;

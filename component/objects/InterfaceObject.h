@@ -16,10 +16,10 @@
 namespace fetchkit {
 
 // The connection to hand to the core: null, which the core takes for a failed step, for no object
-// and for one without the host's interface.
+// and for one that is no connection.
 inline SessionConnectionPtr ConnectionOrNull(IUnknown* object) {
   return Guarded(u"Interface.Initialize: SessionConnection", SessionConnectionPtr(),
-                 [&]() -> SessionConnectionPtr { return HostConnection::Bind(object); });
+                 [&] { return HostConnection::Bind(object); });
 }
 
 class InterfaceObject : public ComObject<IInterface, IID_IInterface, fetchkit::Interface> {

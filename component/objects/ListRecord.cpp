@@ -5,7 +5,7 @@
 #include "component/com/Boundary.h"
 #include "component/com/Bstr.h"
 #include "component/com/TypeLibrary.h"
-#include "component/host/AdoRecordset.h"
+#include "component/host/HostRecordset.h"
 #include "fetchkit/base/Error.h"
 
 namespace fetchkit {
@@ -157,7 +157,7 @@ void Clear(::ListType& record) {
 
 RecordsetPtr RowsOf(IDispatch* recordset) {
   if (!recordset) return nullptr;
-  return std::make_shared<AdoRecordset>(ComPtr<IDispatch>(recordset));
+  return HostRecordset::Bind(ComPtr<IDispatch>(recordset));
 }
 
 }  // namespace fetchkit

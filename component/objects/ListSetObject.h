@@ -5,7 +5,7 @@
 #pragma once
 
 #include "component/com/Members.h"
-#include "component/host/AdoRecordset.h"
+#include "component/host/HostRecordset.h"
 #include "component/objects/ListRecord.h"
 #include "component/ui/Win32FormView.h"
 #include "fetchkit/listset/ListSet.h"
