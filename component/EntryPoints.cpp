@@ -7,6 +7,7 @@
 #include "component/com/Module.h"
 #include "component/com/Registration.h"
 #include "component/com/TypeLibrary.h"
+#include "component/objects/DiagnosticsObject.h"
 #include "component/objects/InterfaceObject.h"
 #include "component/objects/TypeDefObject.h"
 #include "component/objects/UtilityObject.h"
@@ -28,6 +29,8 @@ const CreatableClass kClasses[] = {
     {&CLSID_Utility, L"FetchKit.Utility", L"FetchKit Utility", Create<UtilityObject, Utility>},
     {&CLSID_ListSet, L"FetchKit.ListSet", L"FetchKit ListSet", Create<ListSetObject, ListSet>},
     {&CLSID_TypeDef, L"FetchKit.TypeDef", L"FetchKit TypeDef", Create<TypeDefObject, TypeDef>},
+    {&CLSID_Diagnostics, L"FetchKit.Diagnostics", L"FetchKit Diagnostics",
+     Create<DiagnosticsObject, Diagnostics>},
 };
 
 }  // namespace

@@ -63,6 +63,11 @@ inline void Leave(TextView value, BSTR* out) {
 inline void Leave(const Value& value, VARIANT* out) {
   ToVariant(value, out);
 }
+template <class E>
+requires std::is_enum_v<E>
+void Leave(E value, E* out) {
+  *out = value;
+}
 template <class I>
 void Leave(I* reference, I** out) {
   *out = reference;

@@ -158,11 +158,12 @@ resources() {
   done
 }
 
-late_bound() {
+# A script whose last line must say so.
+script() {
   local output
-  output=$(wine cscript //nologo "$(windows_path late-bound.vbs)")
+  output=$(wine cscript //nologo "$(windows_path "$1")")
   echo "$output"
-  [[ ${output##*$'\n'} == "0 late-bound checks failed" ]]
+  [[ ${output##*$'\n'} == "0 $2 failed" ]]
 }
 
 # How often the DLL, and how often its names with their class, stand in a part of these entries.
@@ -170,13 +171,13 @@ registered() {
   grep -c "^$2.reg .*\\(FetchKit\\.dll\"$\\|\\\\FetchKit\\.[A-Za-z]*\\\\\\\\CLSID\\] @=\\)" <<<"$1"
 }
 
-# Five classes with their names, and the type library.
+# Six classes with their names, and the type library.
 registered_for_machine() {
   local after
   wine regsvr32 /s FetchKit.dll
   after=$(entries)
   grep FetchKit <<<"$after"
-  [[ $(registered "$after" system) -eq 11 && $(registered "$after" user) -eq 0 ]]
+  [[ $(registered "$after" system) -eq 13 && $(registered "$after" user) -eq 0 ]]
 }
 # Wine enters a user's type library for the machine; the classes must be the user's alone.
 registered_for_user() {
@@ -184,7 +185,7 @@ registered_for_user() {
   wine regsvr32 /s /n /i:user FetchKit.dll
   after=$(entries)
   grep FetchKit <<<"$after"
-  [[ $(registered "$after" system) -le 1 && $(registered "$after" user) -ge 10 ]]
+  [[ $(registered "$after" system) -le 1 && $(registered "$after" user) -ge 12 ]]
 }
 unregistered() {
   wine regsvr32 /s /u "$@" FetchKit.dll
@@ -281,7 +282,8 @@ wine regsvr32 /s /u FetchKit.dll
 wine regsvr32 /s /u /n /i:user FetchKit.dll
 before=$(entries)
 check "registers for the machine" registered_for_machine
-check "a script drives it" late_bound
+check "a script drives it" script late-bound.vbs "late-bound checks"
+check "a script is its host" script script-host.vbs "checks of a script's host"
 if [[ -n $demo ]]; then
   cp demo/windows/sample.vbs "$build"
   check "enters FetchKitHost.dll" wine regsvr32 /s FetchKitHost.dll

@@ -34,4 +34,8 @@ void SetThreadSlot(void* state) {
   tss_set(endKey, state);
 }
 
+std::unique_ptr<DiagnosticsSink> SystemDiagnostics() {
+  return nullptr;
+}
+
 }  // namespace fetchkit

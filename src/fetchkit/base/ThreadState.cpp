@@ -9,6 +9,7 @@ namespace fetchkit {
 ThreadState& CurrentThread() {
   if (void* state = GetThreadSlot()) return *static_cast<ThreadState*>(state);
   auto fresh = std::make_unique<ThreadState>();
+  fresh->systemDiagnostics = SystemDiagnostics();
   SetThreadSlot(fresh.get());
   return *fresh.release();
 }
@@ -42,8 +43,18 @@ DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink) {
 
 void TellDiagnostics(TextView what, TextView description, TextView statement, Severity severity,
                      TextView databaseText) {
-  if (DiagnosticsSink* sink = CurrentThread().diagnostics)
-    sink->OnFailure({Text(what), Text(description), Text(statement), Text(databaseText), severity});
+  if (!IsHeard(severity)) return;
+  const Failure failure{Text(what), Text(description), Text(statement), Text(databaseText),
+                        severity};
+  const ThreadState& thread = CurrentThread();
+  if (thread.systemDiagnostics && severity == Severity::Failure)
+    thread.systemDiagnostics->OnFailure(failure);
+  if (thread.diagnostics) thread.diagnostics->OnFailure(failure);
+}
+
+bool IsHeard(Severity severity) {
+  const ThreadState& thread = CurrentThread();
+  return thread.diagnostics || (thread.systemDiagnostics && severity == Severity::Failure);
 }
 
 }  // namespace fetchkit

@@ -46,9 +46,11 @@ struct ThreadState {
   bool memberAtWork = false;  // whether a public member is being run
   Text failingStatement;      // noted while an error passes its statement's owner
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
-  int hostCalls = 0;                       // HostCalls in scope
-  std::unique_ptr<ThreadOwned> session;    // floor 3 knows its type
-  std::unique_ptr<ThreadOwned> services;   // utility/WindowServices.cpp knows its type
+  std::unique_ptr<DiagnosticsSink>
+      systemDiagnostics;                  // hears failures too; null where there is none
+  int hostCalls = 0;                      // HostCalls in scope
+  std::unique_ptr<ThreadOwned> session;   // floor 3 knows its type
+  std::unique_ptr<ThreadOwned> services;  // utility/WindowServices.cpp knows its type
 };
 
 // The calling thread's state, created on first use.
@@ -76,9 +78,16 @@ bool ReleaseThread();
 // outlive its installation. Without memory for a thread's first call none is installed.
 DiagnosticsSink* SetDiagnosticsSink(DiagnosticsSink* sink);
 
-// Tells the sink; does not touch the last error.
+// Tells the sink, and of a failure the system's too; does not touch the last error.
 void TellDiagnostics(TextView what, TextView description, TextView statement,
                      Severity severity = Severity::Failure, TextView databaseText = {});
+
+// Whether anybody hears what is told.
+bool IsHeard(Severity severity);
+
+// What the system itself wants to hear of a thread, beside the thread's own sink: failures, no
+// notes. Asked once for each thread's state, which owns the answer; null for nothing.
+std::unique_ptr<DiagnosticsSink> SystemDiagnostics();
 
 // The slot itself. Get answers null before the first Set on a thread. A state that is in the slot
 // when its thread ends is given to EndThreadState.

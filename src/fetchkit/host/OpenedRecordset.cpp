@@ -19,7 +19,7 @@ StatementTrace::~StatementTrace() {
 
 void TellRefusal(SessionConnection& connection, TextView operation, TextView sql,
                  Severity severity) {
-  if (CurrentThread().diagnostics == nullptr) return;
+  if (!IsHeard(severity)) return;
   Text reason;
   Step(
       u"LastRefusal", [&] { reason = connection.LastRefusal(); }, Severity::Note);

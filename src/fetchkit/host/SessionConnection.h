@@ -40,7 +40,7 @@ class SessionConnection {
   virtual bool ExecuteSql(TextView sql, std::int32_t option, Value& out) = 0;
 
   // The database's own error text for the operation that has just answered False, for the
-  // diagnostics sink; asked only while one is installed. Hosts that have none leave it empty.
+  // diagnostics; asked only when somebody hears them. Hosts that have none leave it empty.
   virtual Text LastRefusal() { return {}; }
 };
 

@@ -149,7 +149,8 @@ void ForEachMember(const std::function<void(const Member&)>& visit) {
 Objects ObjectsOf(const ComPtr<IInterface>& entry) {
   Objects found;
   std::vector<ComPtr<IDispatch>> all = {entry.As<IDispatch>(IID_IDispatch),
-                                        CreateUtility().As<IDispatch>(IID_IDispatch)};
+                                        CreateUtility().As<IDispatch>(IID_IDispatch),
+                                        Create<IDispatch>(CLSID_Diagnostics, IID_IDispatch)};
   ForEachMember([&](const Member& member) {
     if (member.interfaceName == "IInterface" && member.function.invkind == INVOKE_PROPERTYGET) {
       const Called got = Call(entry.get(), member.name, DISPATCH_PROPERTYGET, {});

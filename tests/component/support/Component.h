@@ -96,7 +96,8 @@ struct Member {
 };
 void ForEachMember(const std::function<void(const Member& member)>& visit);
 
-// The entry, what can be got from it and a Utility, each by the name of its interface.
+// The entry, what can be got from it, a Utility and a Diagnostics, each by the name of its
+// interface.
 using Objects = std::map<std::string, ComPtr<IDispatch>>;
 Objects ObjectsOf(const ComPtr<IInterface>& entry);
 

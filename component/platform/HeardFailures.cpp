@@ -1,0 +1,65 @@
+#include "component/platform/HeardFailures.h"
+
+#include <limits>
+#include <utility>
+
+#include "component/platform/FailureLog.h"
+
+namespace fetchkit {
+
+std::unique_ptr<DiagnosticsSink> SystemDiagnostics() {
+  return std::make_unique<HeardFailures>();
+}
+
+HeardFailures& HeardFailures::OfThread() {
+  return static_cast<HeardFailures&>(*CurrentThread().systemDiagnostics);
+}
+
+void HeardFailures::OnFailure(const Failure& failure) {
+  if (count_ < std::numeric_limits<std::int32_t>::max()) ++count_;
+  try {
+    // What a refusal ends tells it once more, without the database's words.
+    Text databaseText = failure.databaseText;
+    if (databaseText.empty() && !failure.statement.empty() && failure.statement == last_.statement)
+      databaseText = last_.databaseText;
+    last_ = failure;
+    last_.databaseText = std::move(databaseText);
+    if (const Text file = LogFile(); !file.empty()) AppendToLog(file, last_);
+    if (!telling_ && !listeners_.empty()) TellListeners();
+  } catch (...) {
+    // Without memory it is counted alone.
+  }
+}
+
+void HeardFailures::TellListeners() {
+  std::vector<std::shared_ptr<DiagnosticsSink>> told;
+  std::erase_if(listeners_, [&](const std::weak_ptr<DiagnosticsSink>& each) {
+    auto listener = each.lock();
+    if (!listener) return true;
+    told.push_back(std::move(listener));
+    return false;
+  });
+  // The listener is the caller's: it may do anything but end the thread's state, and what it does
+  // may fail, which makes that the last one.
+  const HostCall call;
+  const Failure failure = last_;
+  telling_ = true;
+  for (const auto& listener : told)
+    listener->OnFailure(failure);
+  telling_ = false;
+}
+
+void HeardFailures::Clear() {
+  count_ = 0;
+  last_ = {};
+}
+
+void HeardFailures::Tell(const std::shared_ptr<DiagnosticsSink>& listener) {
+  listeners_.push_back(listener);
+}
+
+Text HeardFailures::LogFile() const {
+  return logFile_ ? *logFile_ : LogFileOfRegistry();
+}
+
+}  // namespace fetchkit
