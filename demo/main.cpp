@@ -67,9 +67,11 @@ int Run(std::vector<std::string> arguments) {
   CLI::App* lists = app.add_subcommand("list", "A saved list: its conditions, texts and rows");
   AddListOptions(*lists, list.viewId, list.rows);
   lists
-      ->add_option("--where", list.where,
-                   "Change a condition, save, and read back, such as \"金额 大于 100\";\n"
-                   "\"金额 任意\" removes it. May be given more than once.")
+      ->add_option(
+          "--where", list.where,
+          "Change a condition, save, and read back, in the words of the filter dialog:\n"
+          "\"金额 大于 100\", \"凭证日期 本月\", codes with commas between; \"金额 任意\"\n"
+          "removes it. May be given more than once.")
       ->allow_extra_args(false);
   FilterOptions filter;
   CLI::App* filters =

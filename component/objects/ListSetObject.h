@@ -64,6 +64,16 @@ class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet
   FETCHKIT_METHOD(ModifyTableName, 4)
   FETCHKIT_METHOD(SaveList, 0)
   FETCHKIT_METHOD(CondStrToNum, 2)
+  FETCHKIT_METHOD(SetCondition, 4)
+  FETCHKIT_METHOD(ClearConditions, 0)
+  STDMETHODIMP get_Conditions(VARIANT* result) noexcept override {
+    return Answer(result, [&] {
+      ValueArray conditions{true, 0, {}};
+      for (Text& each : core().Conditions())
+        conditions.items.emplace_back(std::move(each));
+      return Value(std::move(conditions));
+    });
+  }
 };
 
 }  // namespace fetchkit

@@ -8,119 +8,21 @@
 #include "demo/commands/Commands.h"
 #include "demo/commands/DemoSession.h"
 #include "demo/commands/ListOutput.h"
-#include "fetchkit/activity/DateRanges.h"
-#include "fetchkit/base/Numbers.h"
 #include "fetchkit/base/Utf8.h"
 #include "fetchkit/listset/ListSet.h"
-#include "fetchkit/listset/model/ConditionText.h"
-#include "fetchkit/listset/model/FieldType.h"
-#include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/Interface.h"
 
 namespace fetchkit::demo {
 namespace {
 
-[[noreturn]] void Reject(TextView why) {
-  throw std::invalid_argument("--where: " + ToUtf8(why));
-}
-
-ListFieldType& FieldByCaption(ListType& list, TextView caption) {
-  Text captions;
-  for (ListFieldType& field : list.ListField) {
-    if (field.strListFieldDesc == caption) return field;
-    if (field.blnIsFilter)
-      captions.append(captions.empty() ? u"" : u", ").append(field.strListFieldDesc);
-  }
-  Reject(Join(u"no column \"", caption, u"\"; there are: ", captions));
-}
-
-// Two values written "f,t".
-void RequireTwo(TextView value) {
-  if (Split(value, u",").size() != 2)
-    Reject(Join(u"two values with a comma between, not \"", value, u"\""));
-}
-
-void SetScalar(ListFieldType& field, bool number, TextView word, TextView value) {
-  if (word == words::kNull || word == words::kZeroOrNull) {
-    field.strFilter = Text(word);
-    field.strExtValue.clear();
-    return;
-  }
-  if (CondStrToNum(word).empty())
-    Reject(Join(u"\"", word, u"\" is no operator, such as 大于 or 介于"));
-  if (value.empty()) Reject(Join(word, u" needs a value"));
-  if (word == words::kBetween) RequireTwo(value);
-  if (number)
-    for (const TextView each : Split(value, u","))
-      if (!IsNumericText(each)) Reject(Join(u"\"", each, u"\" is no number"));
-  field.strFilter = ConditionRowText(word, value);
-  field.strExtValue = Text(value);
-}
-
-void SetPeriod(ListFieldType& field, TextView word, TextView value) {
-  Date begin;
-  Date end;
-  const Text range = value.empty() ? Text(word) : Join(word, u":", value);
-  if (!MActivity::GetDateRange(MAction::CurrentSession(), range, begin, end))
-    Reject(
-        Join(u"\"", word, u"\" names no date range, such as 本月 or 自定义 2004-01-01,2004-01-31"));
-  const Text from = FormatDate(begin);
-  const Text to = FormatDate(end);
-  field.strFilter = value.empty() ? Text(word) : CustomPeriodText(from, to);
-  field.strExtValue = PairText(from, to);
-}
-
-// "caption word value", as a person would say it; "caption 任意" or "caption 所有" removes the
-// condition.
-void Apply(ListType& list, TextView text) {
-  text = TrimBlanks(text);
-  const std::size_t first = std::min(text.find(u' '), text.size());
-  const TextView rest = TrimBlanks(text.substr(first));
-  const std::size_t second = std::min(rest.find(u' '), rest.size());
-  const TextView word = rest.substr(0, second);
-  const TextView value = TrimBlanks(rest.substr(second));
-  ListFieldType& field = FieldByCaption(list, text.substr(0, first));
-  if (word.empty()) Reject(u"write \"caption word value\", such as \"金额 大于 100\"");
-
-  field.strFilter.clear();
-  field.strExtValue.clear();
-  field.strCodeID.clear();
-  field.blnIsMuliCond = false;
-  if (word == words::kAny || word == words::kAll) return;
-  const FieldType* type = FieldTypeOf(field.strFieldType);
-  if (type == nullptr) Reject(Join(u"\"", field.strListFieldDesc, u"\" cannot be filtered"));
-  const bool several = rest.find(u',') != TextView::npos;
-  using Editor = FieldType::Editor;
-  switch (type->EditedBy()) {
-    case Editor::Texts:
-    case Editor::Numbers:
-      SetScalar(field, type->EditedBy() == Editor::Numbers, word, value);
-      break;
-    case Editor::YesNo:
-      if (word != words::kYes && word != words::kNo) Reject(u"是 or 否");
-      field.strFilter = field.strExtValue = Text(word);
-      break;
-    case Editor::Periods:
-      SetPeriod(field, word, value);
-      break;
-    case Editor::Dates:
-      field.strFilter = field.strExtValue = ToDateText(word);
-      break;
-    case Editor::Codes:
-      // By ids here; the filter dialog lets the user choose by code and name.
-      field.strFilter = field.strCodeID = Text(rest);
-      field.blnIsMuliCond = several;
-      field.strExtValue = ChoiceText(several, rest);
-      break;
-    case Editor::Values: {
-      field.strFilter = Text(rest);
-      Text values;
-      for (const TextView each : Split(rest, u","))
-        values.append(Join(values.empty() ? u"'" : u",'", TrimBlanks(each), u"'"));
-      field.strExtValue = ChoiceText(several, values);
-      break;
-    }
-  }
+// "caption condition", as a person would say it.
+void Apply(ListSet& set, const std::string& where) {
+  const Text text = FromUtf8(where);
+  const TextView trimmed = TrimBlanks(text);
+  const std::size_t end = std::min(trimmed.find(u' '), trimmed.size());
+  Text reason;
+  if (!set.SetCondition(trimmed.substr(0, end), trimmed.substr(end), reason))
+    throw std::invalid_argument(fmt::format("--where \"{}\": {}", where, ToUtf8(reason)));
 }
 
 }  // namespace
@@ -144,13 +46,13 @@ int RunList(Console& console, const CommonOptions& options, const ListOptions& l
   ShowRows(console, session, set.List(), TextsOf(set), list.rows);
   if (list.where.empty()) return 0;
 
-  ListType edited = set.List();
-  for (const std::string& each : list.where)
-    Apply(edited, FromUtf8(each));
-  set.List(edited);
+  session.Run([&] {
+    for (const std::string& each : list.where)
+      Apply(set, each);
+  });
   console.Heading("Changed conditions, saved");
   session.Run([&] { set.SaveList(); });
-  edited = set.List();
+  const ListType edited = set.List();
 
   console.Heading("A second login reads back");
   session.LogInAfresh();

@@ -105,6 +105,23 @@ TEST_F(Arguments, RecordsAreCopiesAllTheWayDown) {
   EXPECT_EQ(empty.ListField->rgsabound[0].cElements, 0U);
 }
 
+TEST_F(Arguments, ConditionsAreAnArrayOfTexts) {
+  const auto lists = Get(LogIn(), &IInterface::get_ListSet);
+  const auto conditions = [&] {
+    std::vector<Text> texts;
+    const Value array = Call(lists.get(), "Conditions", DISPATCH_PROPERTYGET, {}).result;
+    const auto& held = std::get<Value::Array>(array.data());
+    EXPECT_EQ(held->lowerBound, 0);
+    for (const Value& item : held->items)
+      texts.push_back(std::get<Text>(item.data()));
+    return texts;
+  };
+  EXPECT_EQ(lists->put_ViewId(5), S_OK);
+  EXPECT_EQ(conditions(), std::vector<Text>());
+  Call(lists.get(), "SetCondition", DISPATCH_METHOD, {u"值strViewFieldDesc", u"等于 x", u""});
+  EXPECT_EQ(conditions(), std::vector<Text>{u"值strViewFieldDesc\t等于 x"});
+}
+
 // Each function through its slot with zeros and null pointers. Where there are references there is
 // a place for the result, so that it is theirs that are refused.
 TEST_F(Arguments, NullPointersAreRefusedAndNothingElseHappens) {

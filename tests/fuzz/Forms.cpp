@@ -247,6 +247,20 @@ void CheckStored(const ListFieldType& field) {
   EXPECT_EQ(squeezed(sql), squeezed(predicate));
 }
 
+// What the dialog left is set again by its words.
+void CheckTold(const ListType& list) {
+  ListSet from, to;
+  from.List(list);
+  to.List(AnyList());
+  for (const Text& each : from.Conditions()) {
+    const std::size_t tab = each.find(u'\t');
+    Text reason;
+    EXPECT_TRUE(to.SetCondition(each.substr(0, tab), each.substr(tab + 1), reason))
+        << ToUtf8(each + u": " + reason);
+  }
+  EXPECT_EQ(to.List().ListField, list.ListField);
+}
+
 void CheckFilter(RandomUser& user, FakeConnection& host) {
   Session& session = MAction::CurrentSession();
   ListType list = AnyList();
@@ -259,6 +273,7 @@ void CheckFilter(RandomUser& user, FakeConnection& host) {
   }
   for (const ListFieldType& field : list.ListField)
     if (!field.strFilter.empty()) CheckStored(field);
+  CheckTold(list);
   host.TakeSent();
   MListSet::SaveConditions(session, list);
   const auto sent = host.TakeSent();

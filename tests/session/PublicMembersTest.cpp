@@ -37,6 +37,17 @@ class PublicMembers : public testing::Test {
     organization_ = interface_.LoginOrganization();
     organization_->NextLevelOrganizationId(Text(20, u'7'));
     list_.ViewId(7);
+    ListType whole;
+    for (const auto& [caption, type] :
+         {std::pair(u"名称", u"STRING"), {u"期间", u"PERIOD"}, {u"部门", u"CODE"}}) {
+      ListFieldType& field = whole.ListField.emplace_back();
+      field.strListFieldDesc = caption;
+      field.strFieldType = type;
+      field.strKeyField = u"Person";
+      field.strFilter = u"a longer condition";
+      field.blnIsFilter = true;
+    }
+    filtered_.List(std::move(whole));
     for (const auto& service : kServices)
       members_.push_back({"a service", [this, service] { service(service_); }});
   }
@@ -112,6 +123,9 @@ class PublicMembers : public testing::Test {
       CALL(list_.ModifyTableName(u"FROM Voucher V", u"V ", u"W ")),
       CALL(list_.CondStrToNum(u"等于")),
       CALL(list_.ShowFilter(0)),
+      CALL(filtered_.SetCondition(u"名称", u"等于 a longer text", text_)),
+      CALL(filtered_.SetCondition(u"期间", u"本年", text_)),
+      CALL(filtered_.SetCondition(u"部门", u"01-1", text_)),
       CALL(list_.ShowMultiChoose(nullptr, u"a", u"b", text_, false, array_, yes_, 0)),
   };
 
@@ -131,6 +145,7 @@ class PublicMembers : public testing::Test {
       CALL(organization_->OrganizationProperty()),
       CALL(organization_->LowerOrganizationId()),
       CALL(list_.List()),
+      CALL(filtered_.Conditions()),
       CALL(SetFormView(nullptr)),
       CALL(SetDiagnosticsSink(nullptr)),
       CALL(Utility::WriteLog(u"a", u"b", 1)),
@@ -166,7 +181,7 @@ class PublicMembers : public testing::Test {
 
   Interface interface_;
   Activity activity_;
-  ListSet list_;
+  ListSet list_, filtered_;
   std::shared_ptr<Organization> organization_;
   OperatorRight operatorRight_;
   OrganizationRight organizationRight_;

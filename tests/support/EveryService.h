@@ -55,6 +55,8 @@ inline constexpr void (*kServices[])(ServiceCall& in) = {
     [](ServiceCall& in) { in.list.RefreshListField(); },
     [](ServiceCall& in) { in.list.SaveList(); },
     [](ServiceCall& in) { in.list.FindAllKeyID(in.text, u"01 02"); },
+    [](ServiceCall& in) { in.list.SetCondition(in.text, u"大于 100", in.told); },
+    [](ServiceCall& in) { in.list.ClearConditions(); },
 };
 
 // Calls one of them; service counts from 0 and goes round.

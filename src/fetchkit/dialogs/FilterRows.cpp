@@ -6,7 +6,6 @@
 namespace fetchkit {
 namespace {
 
-constexpr int kMost = 26;
 constexpr int kMany = 20;
 
 }  // namespace

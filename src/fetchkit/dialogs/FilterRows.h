@@ -10,6 +10,11 @@ namespace fetchkit {
 // Fields are indexes into the record's; rows are the grid's, -1 for none.
 class FilterRows {
  public:
+  // How many conditions there may be, and what is said of one more.
+  static constexpr int kMost = 26;
+  static constexpr TextView kFullWarning =
+      u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
+
   // The grid must outlive the object.
   explicit FilterRows(MSFlexGrid& grid) : grid_(grid) {}
 

@@ -1,6 +1,9 @@
 // The conditions of the filter dialog's grid as SQL.
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include "fetchkit/base/Text.h"
 #include "fetchkit/dialogs/ControlModels.h"
 #include "fetchkit/listset/model/TypeDef.h"
@@ -16,6 +19,14 @@ struct FilterColumns {
   static constexpr int kValue = 4;  // strExtValue
 };
 
+// The same of a row without a grid.
+struct FilterRow {
+  std::size_t field;
+  Text type;
+  Text text;
+  Text value;
+};
+
 // Clears the conditions of all fields, also of those without a row, writes the rows back into their
 // fields, and returns the predicates in the order of the rows, joined by " And ", without "Where";
 // empty for no row and when no row has a predicate. A row of none of the nine types is skipped; one
@@ -23,5 +34,6 @@ struct FilterColumns {
 // back and restricts nothing. Values are inserted as they stand, quotes included. Error
 // (TypeMismatch) or std::out_of_range for a row that points to no field.
 Text ConditionsToSql(const MSFlexGrid& conditions, ListType& list);
+Text ConditionsToSql(const std::vector<FilterRow>& conditions, ListType& list);
 
 }  // namespace fetchkit

@@ -9,7 +9,6 @@ namespace fetchkit {
 namespace {
 
 constexpr TextView kNumberWarning = u"请输入一个数字！";
-constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
 constexpr TextView kOrderWarning = u"终止值不应大于起始值，请正确输入！";
 
 constexpr double kLargestNumber = 1E125;

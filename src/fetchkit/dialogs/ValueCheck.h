@@ -5,6 +5,9 @@
 
 namespace fetchkit {
 
+// Of a value with a character that none may hold.
+inline constexpr TextView kCharacterWarning = u"输入了非法字符,如:'.";
+
 // Whether the text is a number, in the sense of the text helpers, that a database can hold: at most
 // 1E125, whatever its sign.
 bool IsDatabaseNumber(TextView text);

@@ -17,9 +17,6 @@
 namespace fetchkit {
 namespace {
 
-constexpr TextView kFullWarning =
-    u"你设置的条件已经有25个之多了,你将不能再多设条件,只能修改或者减少已设条件.";
-
 using Editor = FieldType::Editor;
 
 bool NeedsValue(TextView word) {
@@ -166,7 +163,7 @@ void frmFilter::OpenColumn(int field) {
     if (!refused || field != field_) OpenEditor(field);
     return;
   }
-  RefuseSilently(kFullWarning);
+  RefuseSilently(FilterRows::kFullWarning);
   const Busy busy(busy_);
   CloseEditor();
   msgFilter.Row(rows_.RowOf(field));

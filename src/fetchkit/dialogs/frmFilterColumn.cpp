@@ -6,13 +6,13 @@
 
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/TextSearch.h"
+#include "fetchkit/listset/model/ConditionText.h"
 #include "fetchkit/listset/model/FieldType.h"
 
 namespace fetchkit {
 namespace {
 
 constexpr int kMostChosen = 250;  // one more is still taken
-constexpr TextView kManyWarning = u"已选条件项目个数已经很多,不能再增加了!";
 constexpr int kTextWidth = 2195;
 
 struct ItemColumns {
@@ -105,19 +105,12 @@ void frmFilterColumn::Refresh() {
 }
 
 void frmFilterColumn::Ok() {
-  // One that an error cut short may have left something.
-  ids_.clear();
-  names_.clear();
-  const TextView quote = isCode_ ? u"" : u"'";
-  const TextView between = isCode_ ? u" " : u",";
-  for (int row = 0; row < msgSelected.Rows(); ++row) {
-    if (row > 0) {
-      ids_.push_back(u',');
-      names_.append(between);
-    }
-    ids_.append(quote).append(msgSelected.TextMatrix(row, ItemColumns::kId)).append(quote);
-    names_.append(msgSelected.TextMatrix(row, ItemColumns::kName));
-  }
+  ItemTexts chosen(isCode_);
+  for (int row = 0; row < msgSelected.Rows(); ++row)
+    chosen.Add(msgSelected.TextMatrix(row, ItemColumns::kId),
+               msgSelected.TextMatrix(row, ItemColumns::kName));
+  ids_ = std::move(chosen.ids);
+  names_ = std::move(chosen.names);
   confirmed_ = true;
   Close();
 }

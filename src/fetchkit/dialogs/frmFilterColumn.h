@@ -21,6 +21,9 @@ class frmFilterColumn final : public TwoListForm {
   static constexpr TextView kAllItems = u"所有";
   static constexpr TextView kChooseItems = u"选择项目";
 
+  // What is said of too many.
+  static constexpr TextView kManyWarning = u"已选条件项目个数已经很多,不能再增加了!";
+
   // The view must outlive the form; the owner is where the chooser is opened from.
   frmFilterColumn(FormView& view, const frmFilter& owner);
 

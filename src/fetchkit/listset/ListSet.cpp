@@ -3,8 +3,10 @@
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/ThreadState.h"
+#include "fetchkit/dialogs/FilterSql.h"
 #include "fetchkit/dialogs/frmFilter.h"
 #include "fetchkit/dialogs/frmMultiChoose.h"
+#include "fetchkit/listset/Conditions.h"
 #include "fetchkit/listset/ListQuery.h"
 #include "fetchkit/listset/Saving.h"
 #include "fetchkit/listset/ViewLoading.h"
@@ -147,8 +149,52 @@ Text ListSet::CondStrToNum(TextView strOperate) const {
                  [&] { return Text(fetchkit::CondStrToNum(strOperate)); });
 }
 
+bool ListSet::SetCondition(TextView strListFieldDesc, TextView strCondition, Text& strReason) {
+  constexpr TextView kWhat = u"ListSet.SetCondition";
+  const MemberScope scope;
+  Text reason;
+  const bool done = Guarded(kWhat, false, [&] {
+    if (!IsWhole())
+      reason = Join(u"列表没有完整读入，请重新",
+                    loaded_.view ? u"调用 RefreshListField" : u"设置 ViewId");
+    RequireWhole();
+    ListType record = list_;
+    reason =
+        MListSet::SetCondition(MAction::CurrentSession(), record, strListFieldDesc, strCondition);
+    if (reason.empty() && record.lngViewID != list_.lngViewID)
+      reason = u"设条件时列表换成了另一个视图";
+    if (!reason.empty()) {
+      CurrentThread().lastError = reason;
+      TellDiagnostics(kWhat, reason, {}, Severity::Note);
+      return false;
+    }
+    Keep(std::move(record));
+    return true;
+  });
+  if (!done && reason.empty()) Step(kWhat, [&] { reason = CurrentThread().lastError; });
+  strReason = std::move(reason);
+  return done;
+}
+
+void ListSet::ClearConditions() {
+  Step(u"ListSet.ClearConditions", [&] {
+    RequireWhole();
+    list_.strListPureWhere = ConditionsToSql(std::vector<FilterRow>(), list_);
+  });
+}
+
+std::vector<Text> ListSet::Conditions() const {
+  return Guarded(
+      u"ListSet.Conditions", std::vector<Text>(), [&] { return MListSet::ConditionsOf(list_); },
+      LastError::Kept);
+}
+
+bool ListSet::IsWhole() const {
+  return loaded_.view && loaded_.list && loaded_.fields;
+}
+
 void ListSet::RequireWhole() const {
-  if (loaded_.view && loaded_.list && loaded_.fields) return;
+  if (IsWhole()) return;
   throw Error(ErrorKind::InvalidCall,
               Join(u"The list did not come in whole, so it is neither filtered nor saved: ",
                    loaded_.view ? u"call RefreshListField again." : u"set ViewId again."));

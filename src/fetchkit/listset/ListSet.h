@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/Value.h"
@@ -20,9 +21,10 @@ class FormView;
 // told. One per thread from Interface.ListSet; hosts may create more.
 //
 // Whether the view, the list and its columns came in whole is remembered. When a refused statement
-// or an error cut one of them short, ShowFilter and SaveList do nothing but tell the diagnostics
-// until it has been loaded again: they would replace what is stored by the part that was read. A
-// list that was never loaded is whole, and so is a view or a list without a row.
+// or an error cut one of them short, ShowFilter, SaveList and the members that set conditions do
+// nothing but tell the diagnostics until it has been loaded again: they would replace what is
+// stored by the part that was read. A list that was never loaded is whole, and so is a view or a
+// list without a row.
 //
 // The host may call back while a member waits for it. Each call works on a record of its own and
 // puts it into the object when it ends; a call other than ViewId leaves an object alone that has
@@ -89,7 +91,24 @@ class ListSet {
   // The code that an operator or date word is stored as; empty for any other word.
   Text CondStrToNum(TextView strOperate) const;
 
+  // Sets a column's condition as the filter dialog would, by the same words and checks: "大于 100",
+  // "介于 1,5", "本月", codes; "任意" and "所有" take it away. See listset/Conditions.h for what is
+  // taken. True: the record and its ListPureWhere hold it; SaveList saves it. False, and the record
+  // as it was: it was refused, the list did not come in whole, or the host has gone to another view
+  // meanwhile. strReason then says why, for a user to read; empty with True, and for want of
+  // memory. The diagnostics sink hears of a refusal as a note.
+  bool SetCondition(TextView strListFieldDesc, TextView strCondition, Text& strReason);
+
+  // Takes all conditions away, as the dialog's button and its OK would; SaveList saves that. Does
+  // nothing but tell the diagnostics for a list that did not come in whole.
+  void ClearConditions();
+
+  // The conditions that are set, in the order of the columns, each "caption", a tab and what
+  // SetCondition takes for it. Empty on failure.
+  std::vector<Text> Conditions() const;
+
  private:
+  bool IsWhole() const;
   void RequireWhole() const;
   void Keep(ListType record) noexcept;
 

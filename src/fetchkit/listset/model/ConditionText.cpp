@@ -60,6 +60,15 @@ Text ChoiceText(bool several, TextView items) {
   return Join(several ? kSeveralMark : kOneMark, items);
 }
 
+void ItemTexts::Add(TextView id, TextView name) {
+  if (count++ > 0) {
+    ids.push_back(u',');
+    names.push_back(areCodes ? u' ' : u',');
+  }
+  ids.append(areCodes ? Text(id) : Join(u"'", id, u"'"));
+  names.append(name);
+}
+
 bool IsMarked(TextView text) {
   return text.starts_with(kSeveralMark) || text.starts_with(kOneMark);
 }

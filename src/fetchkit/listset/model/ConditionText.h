@@ -49,6 +49,22 @@ struct Choice {
 Choice ReadChoice(TextView strExtValue);
 Text ChoiceText(bool several, TextView items);
 
+// The items of a choice as they are joined one by one: ids bare with their names between blanks for
+// codes, values quoted and their names between commas for an enumeration.
+struct ItemTexts {
+  explicit ItemTexts(bool ofCodes) : areCodes(ofCodes) {}
+
+  void Add(TextView id, TextView name);
+
+  // The names; the ids when none has one, because an empty text would mean no condition.
+  const Text& Shown() const { return TrimBlanks(names).empty() ? ids : names; }
+
+  bool areCodes;
+  int count = 0;
+  Text ids;
+  Text names;
+};
+
 // Whether the text begins with one of the two marks.
 bool IsMarked(TextView text);
 
