@@ -143,14 +143,9 @@ class Faults : public testing::Test {
           field.strExtValue, field.lngDisplayWidth);
   }
 
-  void SetCondition(TextView type, TextView filter, TextView value) {
-    ListType list = set().List();
-    for (ListFieldType& field : list.ListField) {
-      if (field.strFieldType != type) continue;
-      field.strFilter = filter;
-      field.strExtValue = value;
-    }
-    set().List(list);
+  bool SetCondition(TextView caption, TextView condition) {
+    Text reason;
+    return set().SetCondition(caption, condition, reason);
   }
 
   // What the database may well have answered.
@@ -263,7 +258,7 @@ TEST_F(Faults, LoadingAndSavingAList) {
   Scenario scenario;
   scenario.act = [&] {
     set().ViewId(101);
-    SetCondition(u"LONG", u"大于 7", u"7");
+    SetCondition(u"凭证号", u"大于 7");
     set().SaveList();
     SeeList();
   };
@@ -321,6 +316,24 @@ TEST_F(Faults, Filtering) {
     SeeList();
   };
   scenario.between = [&](Fault) { set().RefreshListField(); };
+  TryAll(scenario);
+}
+
+TEST_F(Faults, FilteringWithoutADialog) {
+  Scenario scenario;
+  scenario.before = [&] {
+    LogIn();
+    set().ViewId(101);
+  };
+  scenario.act = [&] {
+    See(SetCondition(u"部门", u"国内销售科"));
+    SeeList();
+  };
+  // Which codes the operator may see is asked once a login.
+  scenario.between = [&](Fault) {
+    ReleaseThread();
+    scenario.before();
+  };
   TryAll(scenario);
 }
 
