@@ -11,7 +11,7 @@ Sub Check(what, got, wanted)
   WScript.Echo "FAILED: " & what & ": " & got & " (" & TypeName(got) & ") instead of " & wanted
 End Sub
 
-Dim utility, message, number
+Dim utility, message, number, list, reason
 Set utility = CreateObject("FetchKit.Utility")
 Check "FetchKit.Activity", IsObject(CreateObject("FetchKit.Activity")), True
 Check "FetchKit.ListSet", IsObject(CreateObject("FetchKit.ListSet")), True
@@ -22,6 +22,10 @@ Check "an array", utility.FormatString("{0}-{1}", Array("a", "b")), "a-b"
 message = "before"
 Check "a text by reference", utility.CellIsValid("A1", message), True
 Check "the message", message, ""
+Set list = CreateObject("FetchKit.ListSet")
+Check "a condition of no column", list.SetCondition("a", "b", reason), False
+Check "why", Len(reason) > 0, True
+Check "no conditions", UBound(list.Conditions) < 0, True
 On Error Resume Next
 number = CreateObject("FetchKit.Interface").LoginOrganization.BeginYear
 Check "type mismatch", Err.Source & " " & Err.Number, "FetchKit 13"
