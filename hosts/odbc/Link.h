@@ -6,6 +6,7 @@
 #include "fetchkit/base/Text.h"
 #include "hosts/odbc/Sql.h"
 #include "hosts/odbc/Texts.h"
+#include "hosts/odbc/Watchdog.h"
 
 namespace fetchkit::odbc {
 
@@ -45,12 +46,14 @@ class Link {
 
   SQLHDBC handle() const { return connection_.get(); }
   Encoding encoding() const { return encoding_; }
+  Watchdog& watchdog() { return watchdog_; }
 
  private:
   Handle<SQL_HANDLE_ENV> environment_{SQL_NULL_HANDLE};
   Handle<SQL_HANDLE_DBC> connection_{environment_.get()};
   Encoding encoding_;
   bool givenUp_ = false;
+  Watchdog watchdog_;
 };
 
 // A transaction of its own on a connection that commits each statement otherwise.

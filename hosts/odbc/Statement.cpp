@@ -4,19 +4,18 @@
 
 #include "fetchkit/base/Error.h"
 #include "hosts/odbc/Columns.h"
-#include "hosts/odbc/Watchdog.h"
 
 namespace fetchkit::odbc {
 namespace {
 
 // Runs the work under a watchdog and says so when that has ended it.
 template <class Work>
-auto Watched(SQLHSTMT statement, std::chrono::milliseconds limit, Work&& work) {
-  Watchdog watchdog(statement, limit);
+auto Watched(Watchdog& watchdog, SQLHSTMT statement, std::chrono::milliseconds limit, Work&& work) {
+  Watchdog::Watch watch(watchdog, statement, limit);
   try {
     return work();
   } catch (const Error& error) {
-    if (!watchdog.HasCancelled()) throw;
+    if (!watch.HasCancelled()) throw;
     throw Error(ErrorKind::Host, Join(u"The statement took longer than ", limit.count(),
                                       u" ms and was cancelled: ", error.description()));
   }
@@ -41,7 +40,7 @@ Rows Statement::QueryYears(TextView sql) {
 
 Rows Statement::Read(TextView sql, bool yearsAlone) {
   SQLHSTMT const statement = handle_.get();
-  return Watched(statement, limit_, [&] {
+  return Watched(watchdog_, statement, limit_, [&] {
     for (std::vector<SQLLEN> widths;;) {
       Execute(sql);
       std::vector<ColumnDescription> described = Describe(statement, encoding_);
@@ -60,7 +59,7 @@ Rows Statement::Read(TextView sql, bool yearsAlone) {
 }
 
 std::int64_t Statement::Change(TextView sql) {
-  return Watched(handle_.get(), limit_, [&] {
+  return Watched(watchdog_, handle_.get(), limit_, [&] {
     Execute(sql);
     SQLLEN rows = 0;
     SQLRowCount(handle_.get(), &rows);
@@ -70,7 +69,7 @@ std::int64_t Statement::Change(TextView sql) {
 }
 
 std::vector<ColumnDescription> Statement::Described(TextView query) {
-  return Watched(handle_.get(), limit_, [&] {
+  return Watched(watchdog_, handle_.get(), limit_, [&] {
     Execute(query);
     std::vector<ColumnDescription> columns = Describe(handle_.get(), encoding_);
     SQLFreeStmt(handle_.get(), SQL_CLOSE);

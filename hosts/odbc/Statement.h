@@ -25,7 +25,10 @@ class Statement {
  public:
   // limit: see OdbcSettings::statementTimeout.
   Statement(Link& link, std::chrono::milliseconds limit)
-      : limit_(limit), encoding_(link.encoding()), handle_(link.handle()) {}
+      : watchdog_(link.watchdog()),
+        limit_(limit),
+        encoding_(link.encoding()),
+        handle_(link.handle()) {}
 
   // Runs the statement and reads its rows to the end. The text may be run twice: see
   // OdbcConnection.
@@ -45,6 +48,7 @@ class Statement {
   void Execute(TextView sql);
   Rows Read(TextView sql, bool yearsAlone);
 
+  Watchdog& watchdog_;
   std::chrono::milliseconds limit_;
   Encoding encoding_;
   Handle<SQL_HANDLE_STMT> handle_;

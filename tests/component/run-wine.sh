@@ -200,6 +200,17 @@ same_as_the_demo() {
   wanted=$("$demo" "$@" </dev/null) || return 1
   [[ -n $wanted ]] && diff <(echo "$wanted") <(wine "${program[@]}" "$@")
 }
+# Its windows are asked to close, which is Cancel, until the program has ended.
+filter_opens_windows() {
+  local output closing
+  (for _ in {1..60}; do sleep 1; "$wine" taskkill /im FetchKitDemo.exe; done) >/dev/null 2>&1 &
+  closing=$!
+  output=$(wine FetchKitDemo.exe filter)
+  kill $closing
+  echo "$output"
+  grep -q $'^ShowFilter\tFalse$' <<<"$output" && grep -q '^[0-9]* of [0-9]* rows$' <<<"$output" &&
+    grep -q $'^bOk\tFalse$' <<<"$output"
+}
 # The resolution of the screen in dots per inch, for the programs that start after it.
 resolution() {
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
@@ -291,6 +302,7 @@ if [[ -n $demo ]]; then
     check "a script on the sample accounts prints the demo's $each" \
       same_as_the_demo cscript //nologo sample.vbs for "$each"
   done
+  check "FetchKitDemo.exe opens windows" filter_opens_windows
   for each in dates rights format login list; do
     check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"
   done
