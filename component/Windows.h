@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <ocidl.h>
 #include <oleauto.h>
 #include <windowsx.h>
 

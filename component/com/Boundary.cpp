@@ -58,10 +58,11 @@ InOutText::~InOutText() {
 
 InOutValue::InOutValue(VARIANT* argument) : argument_(argument) {
   if (!argument) throw ComError{E_POINTER};
-  value_ = ValueOf(*argument);
+  value_ = before_ = ValueOf(*argument);
 }
 
 InOutValue::~InOutValue() {
+  if (IsSame(value_, before_)) return;
   VARIANT fresh;
   const HRESULT made = Run([&] { ToVariant(value_, &fresh); });
   if (FAILED(made)) return;

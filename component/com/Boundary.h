@@ -124,7 +124,7 @@ using InOutSingle = ByReference<float, float>;
 using InOutDate = ByReference<Date, DATE>;
 
 // The same for texts and any-values. The caller's old one is freed once the new one is there; when
-// memory runs out the old one stays.
+// memory runs out the old one stays, and so does one that the member left alone.
 class InOutText {
  public:
   explicit InOutText(BSTR* argument);
@@ -149,6 +149,7 @@ class InOutValue {
  private:
   VARIANT* argument_;
   Value value_;
+  Value before_;
 };
 
 }  // namespace fetchkit

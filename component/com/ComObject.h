@@ -16,7 +16,7 @@ namespace fetchkit {
 // DLL loaded; the core object does not keep it. While it lives, asking for the same core object
 // again gives the same shell (ShellOf below).
 template <class I, const IID& id, class CoreObject>
-class ComObject : public I, public ISupportErrorInfo {
+class ComObject : public I, public ISupportErrorInfo, public IProvideClassInfo {
  public:
   using Dual = I;
   using Core = CoreObject;
@@ -35,6 +35,8 @@ class ComObject : public I, public ISupportErrorInfo {
       *object = static_cast<I*>(this);
     else if (asked == IID_ISupportErrorInfo)
       *object = static_cast<ISupportErrorInfo*>(this);
+    else if (asked == IID_IProvideClassInfo)
+      *object = static_cast<IProvideClassInfo*>(this);
     else
       return E_NOINTERFACE;
     AddRef();
@@ -57,18 +59,22 @@ class ComObject : public I, public ISupportErrorInfo {
   STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
     return DispatchTypeInfo(id, index, info);
   }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) noexcept override {
-    return DispatchIdsOfNames(id, names, count, ids);
+    return DispatchIdsOfNames(id, reserved, names, count, ids);
   }
-  STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+  STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept override {
-    return DispatchInvoke(id, static_cast<I*>(this), member, flags, parameters, result, exception,
-                          badArgument);
+    return DispatchInvoke(id, reserved, static_cast<I*>(this), member, flags, parameters, result,
+                          exception, badArgument);
   }
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID asked) noexcept override {
     return asked == id ? S_OK : S_FALSE;
+  }
+
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) noexcept override {
+    return DispatchClassInfo(id, info);
   }
 
  protected:

@@ -18,6 +18,8 @@ class Between {
   // argument: in the call's own list, where the reference takes its place.
   Between(VARIANT& argument, VARTYPE type) : original_(argument) {
     VariantInit(&variable_);
+    // The system's copying looks behind every reference.
+    if ((argument.vt & VT_BYREF) != 0 && !argument.byref) throw ComError{DISP_E_TYPEMISMATCH};
     if (type == VT_VARIANT) {
       Check(VariantCopyInd(&variable_, &argument));
       reference_.pvarVal = &variable_;
@@ -99,8 +101,15 @@ HRESULT DispatchTypeInfo(const IID& interfaceId, UINT index, ITypeInfo** info) n
   return Run([&] { *info = TypeLibrary::Describe(interfaceId).Detach(); });
 }
 
-HRESULT DispatchIdsOfNames(const IID& interfaceId, LPOLESTR* names, UINT count,
+HRESULT DispatchClassInfo(const IID& interfaceId, ITypeInfo** info) noexcept {
+  if (!info) return E_POINTER;
+  *info = nullptr;
+  return Run([&] { *info = TypeLibrary::ClassOf(interfaceId).Detach(); });
+}
+
+HRESULT DispatchIdsOfNames(const IID& interfaceId, REFIID reserved, LPOLESTR* names, UINT count,
                            DISPID* ids) noexcept {
+  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (!names || !ids) return E_POINTER;
   return Run([&] {
     const HRESULT result = TypeLibrary::Describe(interfaceId)->GetIDsOfNames(names, count, ids);
@@ -108,30 +117,32 @@ HRESULT DispatchIdsOfNames(const IID& interfaceId, LPOLESTR* names, UINT count,
   });
 }
 
-HRESULT DispatchInvoke(const IID& interfaceId, IDispatch* object, DISPID member, WORD flags,
-                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+HRESULT DispatchInvoke(const IID& interfaceId, REFIID reserved, IDispatch* object, DISPID member,
+                       WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                        UINT* badArgument) noexcept {
+  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (!parameters) return E_POINTER;
   return Run([&] {
     const ComPtr<ITypeInfo> info = TypeLibrary::Describe(interfaceId);
-    // Arguments stand last first; named ones, which only a property's new value is here, stand in
-    // front of the others.
+    // Arguments stand last first, and the named ones in front of the others, each with the number
+    // of its parameter. A property's new value has a number that is none: it is left to the system.
     std::deque<Between> betweens;
     std::vector<VARIANT> arguments(parameters->rgvarg, parameters->rgvarg + parameters->cArgs);
     DISPPARAMS converted = *parameters;
     converted.rgvarg = arguments.data();
-    if (parameters->cNamedArgs == 0) {
-      const std::vector<VARTYPE>& referred = TypeLibrary::Referred(interfaceId, member, flags);
-      for (UINT position = 0; position < std::min<std::size_t>(parameters->cArgs, referred.size());
-           ++position) {
-        if (referred[position] == VT_EMPTY) continue;
-        const UINT index = parameters->cArgs - 1 - position;
-        try {
-          betweens.emplace_back(arguments[index], referred[position]);
-        } catch (const ComError&) {
-          if (badArgument) *badArgument = index;
-          throw;
-        }
+    const std::vector<VARTYPE>& referred = TypeLibrary::Referred(interfaceId, member, flags);
+    // From the first argument on, so that the first one that does not fit is the one that is named.
+    for (UINT index = parameters->cArgs; index-- > 0;) {
+      const DISPID parameter = index < parameters->cNamedArgs
+                                   ? parameters->rgdispidNamedArgs[index]
+                                   : static_cast<DISPID>(parameters->cArgs - 1 - index);
+      const auto position = static_cast<std::size_t>(parameter);
+      if (parameter < 0 || position >= referred.size() || referred[position] == VT_EMPTY) continue;
+      try {
+        betweens.emplace_back(arguments[index], referred[position]);
+      } catch (const ComError&) {
+        if (badArgument) *badArgument = index;
+        throw;
       }
     }
     const HRESULT called =
@@ -140,6 +151,20 @@ HRESULT DispatchInvoke(const IID& interfaceId, IDispatch* object, DISPID member,
     for (Between& each : betweens)
       each.WriteBack();
   });
+}
+
+HRESULT AsException(HRESULT result, EXCEPINFO* exception) noexcept {
+  ComPtr<IErrorInfo> described;
+  if (SUCCEEDED(result) || HRESULT_FACILITY(result) != FACILITY_CONTROL ||
+      GetErrorInfo(0, described.Out()) != S_OK)
+    return result;
+  if (exception) {
+    *exception = {};
+    exception->scode = result;
+    described->GetSource(&exception->bstrSource);
+    described->GetDescription(&exception->bstrDescription);
+  }
+  return DISP_E_EXCEPTION;
 }
 
 }  // namespace fetchkit

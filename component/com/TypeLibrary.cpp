@@ -101,6 +101,22 @@ std::vector<VARTYPE> ReadReferred(ITypeInfo& info, DISPID member, WORD flags) {
   return types;
 }
 
+GUID IdOf(ITypeInfo& info) {
+  TYPEATTR* attributes = nullptr;
+  Check(info.GetTypeAttr(&attributes));
+  const GUID id = attributes->guid;
+  info.ReleaseTypeAttr(attributes);
+  return id;
+}
+
+GUID ImplementedBy(ITypeInfo& info) {
+  HREFTYPE reference = 0;
+  ComPtr<ITypeInfo> implemented;
+  Check(info.GetRefTypeOfImplType(0, &reference));
+  Check(info.GetRefTypeInfo(reference, implemented.Out()));
+  return IdOf(*implemented.get());
+}
+
 }  // namespace
 
 ComPtr<ITypeLib> Library() {
@@ -111,6 +127,20 @@ ComPtr<ITypeLib> Library() {
 ComPtr<ITypeInfo> Describe(const GUID& id) {
   const Locked held(lock);
   return Described(All(), id);
+}
+
+ComPtr<ITypeInfo> ClassOf(const IID& interfaceId) {
+  const Locked held(lock);
+  const ComPtr<ITypeLib> library = LibraryOf(All());
+  for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
+    TYPEKIND kind{};
+    ComPtr<ITypeInfo> info;
+    Check(library->GetTypeInfoType(index, &kind));
+    if (kind != TKIND_COCLASS) continue;
+    Check(library->GetTypeInfo(index, info.Out()));
+    if (ImplementedBy(*info.get()) == interfaceId) return info;
+  }
+  throw ComError{TYPE_E_ELEMENTNOTFOUND};
 }
 
 ComPtr<IRecordInfo> Record(const GUID& id) {

@@ -16,6 +16,9 @@ ComPtr<ITypeLib> Library();
 // may describe interfaces that the DLL implements but whose identifiers are others' to register.
 ComPtr<ITypeInfo> Describe(const GUID& id);
 
+// The class whose default interface that is. TYPE_E_ELEMENTNOTFOUND when the library has none.
+ComPtr<ITypeInfo> ClassOf(const IID& interfaceId);
+
 // How records of that type are made and freed.
 ComPtr<IRecordInfo> Record(const GUID& id);
 

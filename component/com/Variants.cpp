@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -13,8 +15,16 @@
 namespace fetchkit {
 namespace {
 
-[[noreturn]] void ThrowTypeMismatch() {
-  throw ConvertError(ErrorKind::TypeMismatch, u"a value of a type that is not known here");
+// A copy of its own, for values that give it back later. Null for what the system does not copy.
+std::shared_ptr<const Variant> Copied(const VARIANT& variant) {
+  const auto copy = std::make_shared<Variant>();
+  const HRESULT result = VariantCopyInd(copy->InOut(), const_cast<VARIANT*>(&variant));
+  if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+  return SUCCEEDED(result) ? copy : nullptr;
+}
+
+Value Opaque(const VARIANT& variant, bool isArray = false) {
+  return Value(OpaqueValue{isArray, Copied(variant)});
 }
 
 Value ObjectValue(IUnknown* object) {
@@ -27,35 +37,55 @@ Value ChangedToDouble(const VARIANT& variant) {
   VARIANT changed;
   VariantInit(&changed);
   if (FAILED(VariantChangeType(&changed, const_cast<VARIANT*>(&variant), 0, VT_R8)))
-    ThrowTypeMismatch();
+    return Opaque(variant);
   return Value(changed.dblVal);
 }
 
-Value ArrayValue(SAFEARRAY* array, VARTYPE itemType) {
+// Items whose type a value keeps.
+bool ComesBackAsItWas(VARTYPE type) {
+  constexpr VARTYPE kKept[] = {VT_EMPTY, VT_NULL, VT_BOOL, VT_UI1,  VT_I2,      VT_I4,
+                               VT_R4,    VT_R8,   VT_DATE, VT_BSTR, VT_DISPATCH};
+  return std::find(std::begin(kKept), std::end(kKept), type) != std::end(kKept);
+}
+
+// Items that stand in the array as they stand in a variant, and of which ValueOf knows the type.
+bool IsPlainItem(VARTYPE type) {
+  constexpr VARTYPE kPlain[] = {VT_VARIANT, VT_BOOL, VT_UI1,   VT_I1,       VT_I2,     VT_UI2,
+                                VT_I4,      VT_UI4,  VT_INT,   VT_UINT,     VT_I8,     VT_UI8,
+                                VT_R4,      VT_R8,   VT_CY,    VT_DECIMAL,  VT_DATE,   VT_BSTR,
+                                VT_ERROR,   VT_NULL, VT_EMPTY, VT_DISPATCH, VT_UNKNOWN};
+  return std::find(std::begin(kPlain), std::end(kPlain), type) != std::end(kPlain);
+}
+
+// whole: the variant in which the array stands.
+Value ArrayValue(const VARIANT& whole, SAFEARRAY* array, VARTYPE itemType) {
   ValueArray values;
   // Without a descriptor, or with one that has no data: never dimensioned.
   if (!array || SafeArrayGetDim(array) == 0) return Value(std::move(values));
-  if (SafeArrayGetDim(array) != 1) ThrowTypeMismatch();
   LONG lower = 0;
   LONG upper = -1;
-  if (FAILED(SafeArrayGetLBound(array, 1, &lower)) || FAILED(SafeArrayGetUBound(array, 1, &upper)))
-    ThrowTypeMismatch();
-  values.dimensioned = true;
-  values.lowerBound = static_cast<std::int32_t>(lower);
   void* data = nullptr;
-  if (FAILED(SafeArrayAccessData(array, &data))) ThrowTypeMismatch();
+  if (SafeArrayGetDim(array) != 1 || !IsPlainItem(itemType) ||
+      FAILED(SafeArrayGetLBound(array, 1, &lower)) ||
+      FAILED(SafeArrayGetUBound(array, 1, &upper)) || FAILED(SafeArrayAccessData(array, &data)))
+    return Opaque(whole, true);
   const std::unique_ptr<SAFEARRAY, HRESULT(STDAPICALLTYPE*)(SAFEARRAY*)> access(
       array, SafeArrayUnaccessData);
+  values.dimensioned = true;
+  values.lowerBound = static_cast<std::int32_t>(lower);
   const UINT size = SafeArrayGetElemsize(array);
   values.items.reserve(upper < lower ? 0 : static_cast<std::size_t>(upper - lower) + 1);
   auto* item = static_cast<std::uint8_t*>(data);
+  bool comesBack = itemType == VT_VARIANT;
   for (LONG index = lower; index <= upper; ++index, item += size) {
     VARIANT view;
     VariantInit(&view);
     view.vt = static_cast<VARTYPE>(itemType | VT_BYREF);
     view.byref = item;
+    comesBack = comesBack && ComesBackAsItWas(view.pvarVal->vt);
     values.items.push_back(ValueOf(view));
   }
+  if (!comesBack) values.original = Copied(whole);
   return Value(std::move(values));
 }
 
@@ -67,15 +97,19 @@ Variant::Variant(const Value& value) : Variant() {
 
 Value ValueOf(const VARIANT& variant) {
   if (variant.vt == (VT_BYREF | VT_VARIANT)) {
-    // One level is what the system produces; more would be somebody's mistake.
-    if (!variant.pvarVal || variant.pvarVal->vt == (VT_BYREF | VT_VARIANT)) ThrowTypeMismatch();
-    return ValueOf(*variant.pvarVal);
+    // A caller's variable, or one in a list of arguments that he hands on: more levels would be
+    // somebody's mistake, and may have no end.
+    const VARIANT* inner = variant.pvarVal;
+    for (int level = 0; level < 2 && inner && inner->vt == (VT_BYREF | VT_VARIANT); ++level)
+      inner = inner->pvarVal;
+    if (!inner || inner->vt == (VT_BYREF | VT_VARIANT)) return Value(OpaqueValue{});
+    return ValueOf(*inner);
   }
   const bool byReference = (variant.vt & VT_BYREF) != 0;
-  if (byReference && !variant.byref) ThrowTypeMismatch();
+  if (byReference && !variant.byref) return Value(OpaqueValue{});
   if (variant.vt & VT_ARRAY) {
     const auto itemType = static_cast<VARTYPE>(variant.vt & VT_TYPEMASK);
-    return ArrayValue(byReference ? *variant.pparray : variant.parray, itemType);
+    return ArrayValue(variant, byReference ? *variant.pparray : variant.parray, itemType);
   }
   // The data stand at the same place for every plain type.
   const auto& data =
@@ -93,7 +127,7 @@ Value ValueOf(const VARIANT& variant) {
       return Value(NullValue{});
     case VT_ERROR:
       if (read(SCODE{}) == DISP_E_PARAMNOTFOUND) return Value(MissingValue{});
-      ThrowTypeMismatch();
+      return Opaque(variant);
     case VT_BOOL:
       return Value(read(VARIANT_BOOL{}) != VARIANT_FALSE);
     case VT_UI1:
@@ -132,7 +166,7 @@ Value ValueOf(const VARIANT& variant) {
     case VT_UNKNOWN:
       return ObjectValue(read(static_cast<IUnknown*>(nullptr)));
     default:
-      ThrowTypeMismatch();
+      return Opaque(variant);
   }
 }
 
@@ -179,7 +213,12 @@ struct VariantWriter {
     to.bstrVal = NewBstr(value);
     to.vt = VT_BSTR;
   }
+  void operator()(const OpaqueValue& value) const { Restore(value.content); }
   void operator()(const Value::Array& value) const {
+    if (value && value->original) {
+      Restore(value->original);
+      return;
+    }
     if (!value || !value->dimensioned) {
       to.vt = VT_ARRAY | VT_VARIANT;
       to.parray = nullptr;
@@ -209,6 +248,13 @@ struct VariantWriter {
     to.punkVal = object;
     to.vt = VT_UNKNOWN;
   }
+
+ private:
+  void Restore(const std::shared_ptr<const void>& content) const {
+    if (!content) return;
+    const VARIANT& kept = static_cast<const Variant*>(content.get())->get();
+    if (FAILED(VariantCopy(&to, const_cast<VARIANT*>(&kept)))) throw std::bad_alloc();
+  }
 };
 
 }  // namespace
@@ -216,6 +262,24 @@ struct VariantWriter {
 void ToVariant(const Value& value, VARIANT* variant) {
   VariantInit(variant);
   std::visit(VariantWriter{*variant}, value.data());
+}
+
+bool IsSame(const Value& a, const Value& b) {
+  if (a.data().index() != b.data().index()) return false;
+  return std::visit(
+      [&b](const auto& data) {
+        using T = std::decay_t<decltype(data)>;
+        const auto& other = std::get<T>(b.data());
+        if constexpr (std::is_empty_v<T>)
+          return true;
+        else if constexpr (std::is_same_v<T, OpaqueValue>)
+          return data.content == other.content;
+        else if constexpr (std::is_same_v<T, Date>)
+          return data.serial == other.serial;
+        else
+          return data == other;
+      },
+      a.data());
 }
 
 IUnknown* ObjectOf(const Value& value) {

@@ -29,12 +29,19 @@ class Variant {
 // The value with the type that the variant has; by-reference variants are read through. Currency,
 // decimals and integers beyond 32 bits become doubles, an omitted argument a missing value, an
 // object an Object that holds a reference to it (ObjectOf gives it back). Arrays of one dimension
-// are copied. ConvertError (TypeMismatch) for arrays of more and for types that hosts do not use.
+// are copied item by item, and as a whole where their items alone would not give them back. What
+// the core has no type for is copied into an OpaqueValue: errors, arrays of several dimensions,
+// records; and an empty one stands for what cannot be read at all, such as a null reference. So a
+// member that never raises does not do it for want of a type. std::bad_alloc alone is thrown.
 Value ValueOf(const VARIANT& variant);
 
 // A copy in *variant, which must not hold anything yet. Objects get a reference of their own; a
-// missing value becomes the omitted argument.
+// missing value becomes the omitted argument, an opaque value what it was made of.
 void ToVariant(const Value& value, VARIANT* variant);
+
+// Whether the two would be the same variant; arrays, objects and opaque values only when they are
+// one.
+bool IsSame(const Value& a, const Value& b);
 
 // The object inside a value that came out of a variant, without a reference; null for no object.
 IUnknown* ObjectOf(const Value& value);

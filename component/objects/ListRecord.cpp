@@ -14,6 +14,8 @@ namespace {
 // __uuidof's stand-in: the tool chain writes no identifiers of records into the generated header.
 constexpr GUID kListFieldType = {
     0x650C0E09, 0xAB0E, 0x49DF, {0x8F, 0x7F, 0xA9, 0x21, 0xB9, 0x4C, 0x2D, 0xD6}};
+constexpr GUID kListType = {
+    0x48901E08, 0xD41C, 0x49AE, {0x9C, 0x27, 0x2B, 0x1A, 0x27, 0xFF, 0x46, 0x51}};
 
 // Every field of the records once, for both directions.
 template <class From, class To, class Copy>
@@ -144,6 +146,29 @@ ListType ListOf(const ::ListType& record) {
   for (ListFieldType& to : list.ListField)
     CopyFieldMembers(*from++, to, FromRecord());
   return list;
+}
+
+void LeaveRecord(const ListType& list, VARIANT* variant) {
+  ComPtr<IRecordInfo> type = TypeLibrary::Record(kListType);
+  Building building;
+  building.record = RecordOf(list);
+  auto* place = static_cast<::ListType*>(type->RecordCreate());
+  if (!place) throw std::bad_alloc();
+  *place = std::exchange(building.record, {});
+  VariantInit(variant);
+  variant->vt = VT_RECORD;
+  variant->pvRecord = place;
+  variant->pRecInfo = type.Detach();
+}
+
+ListType ListOf(const VARIANT& variant) {
+  const bool isVariable = variant.vt == (VT_BYREF | VT_VARIANT) && variant.pvarVal;
+  const VARIANT& held = isVariable ? *variant.pvarVal : variant;
+  GUID type{};
+  if ((held.vt & ~VT_BYREF) != VT_RECORD || !held.pvRecord || !held.pRecInfo ||
+      FAILED(held.pRecInfo->GetGuid(&type)) || type != kListType)
+    throw ComError{DISP_E_TYPEMISMATCH};
+  return ListOf(*static_cast<const ::ListType*>(held.pvRecord));
 }
 
 void Clear(::ListType& record) {

@@ -15,6 +15,11 @@ namespace fetchkit {
 // that was never dimensioned is a list without fields.
 ListType ListOf(const ::ListType& record);
 
+// The same for late-bound callers: a variant that holds a record of its own, and what one holds, by
+// value or by reference. ComError (DISP_E_TYPEMISMATCH) when that is no list record.
+void LeaveRecord(const ListType& list, VARIANT* variant);
+ListType ListOf(const VARIANT& variant);
+
 // Frees the texts and the array; the record may be used again.
 void Clear(::ListType& record);
 

@@ -59,6 +59,24 @@ class ListSetObject : public ComObject<IListSet, IID_IListSet, fetchkit::ListSet
   STDMETHODIMP put_List(::ListType* record) noexcept override {
     return record ? Run([&] { core().List(ListOf(*record)); }) : E_POINTER;
   }
+  // The record in a variant: the system's own late-bound calls leave it to each system what they
+  // make of one that holds an array.
+  STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID language, WORD flags,
+                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                      UINT* badArgument) noexcept override {
+    constexpr DISPID kList = 9;
+    const bool isRecord = member == kList && reserved == IID_NULL && parameters;
+    if (isRecord && (flags & DISPATCH_PROPERTYGET) && parameters->cArgs == 0)
+      return AsException(Run([&] {
+                           if (result) LeaveRecord(core().List(), result);
+                         }),
+                         exception);
+    if (isRecord && (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) &&
+        parameters->cArgs == 1)
+      return AsException(Run([&] { core().List(ListOf(parameters->rgvarg[0])); }), exception);
+    return ComObject::Invoke(member, reserved, language, flags, parameters, result, exception,
+                             badArgument);
+  }
   FETCHKIT_METHOD(RefreshListField, 0)
   FETCHKIT_METHOD(FindAllKeyID, 3)
   FETCHKIT_METHOD(ModifyTableName, 4)

@@ -5,6 +5,7 @@
 
 #include "component/com/Members.h"
 #include "component/objects/KeyedItemsOf.h"
+#include "fetchkit/base/Guard.h"
 #include "fetchkit/utility/Utility.h"
 #include "idl/FetchKit.h"
 
@@ -65,8 +66,11 @@ class UtilityObject : public ComObject<IUtility, IID_IUtility, fetchkit::Utility
   STDMETHODIMP PtInGridCell(long hWnd, VARIANT arrColumnEdges, VARIANT arrRowEdges, long* lngRow,
                             long* lngCol, VARIANT_BOOL* result) noexcept override {
     return Answer(result, [&] {
-      return core().PtInGridCell(hWnd, LongsOf(arrColumnEdges), LongsOf(arrRowEdges),
-                                 InOutLong(lngRow), InOutLong(lngCol));
+      InOutLong row(lngRow);
+      InOutLong col(lngCol);
+      return Guarded(u"Utility.PtInGridCell", false, [&] {
+        return core().PtInGridCell(hWnd, LongsOf(arrColumnEdges), LongsOf(arrRowEdges), row, col);
+      });
     });
   }
   STDMETHODIMP ObjectInNodes(IDispatch* objNodes, BSTR strKey,

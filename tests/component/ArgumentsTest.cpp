@@ -2,6 +2,7 @@
 // and hosts who do it wrong.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <utility>
 
@@ -162,6 +163,267 @@ TEST_F(Arguments, NullPointersAreRefusedAndNothingElseHappens) {
   EXPECT_EQ(CreateUtility()->GetFileName(nullptr, result.Out()), S_OK);
   EXPECT_NE(result.get(), nullptr);
   EXPECT_EQ(result.view(), u"");
+}
+
+// What a cell, a range of cells or a script's variable may be, beside what the library has types
+// for.
+struct Odd {
+  const char* name;
+  std::function<void(VARIANT&)> make;
+  bool isArray = false;
+  double number = 0;
+  VARTYPE comesBack = VT_EMPTY;  // of NotNull; VT_EMPTY: unchanged
+};
+
+void MakeArray(VARIANT& variant, VARTYPE items, std::vector<ULONG> sizes) {
+  std::vector<SAFEARRAYBOUND> bounds;
+  for (const ULONG size : sizes)
+    bounds.push_back({size, 1});
+  variant.vt = static_cast<VARTYPE>(VT_ARRAY | items);
+  variant.parray = SafeArrayCreate(items, static_cast<UINT>(bounds.size()), bounds.data());
+  ASSERT_TRUE(variant.parray);
+}
+
+void Change(VARIANT& variant, TextView text, VARTYPE type) {
+  Variant from{Value(text)};
+  EXPECT_EQ(
+      VariantChangeTypeEx(&variant, from.InOut(), MAKELCID(LANG_ENGLISH, SORT_DEFAULT), 0, type),
+      S_OK);
+}
+
+const Odd kOdd[] = {
+    {"an error cell",
+     [](VARIANT& variant) {
+       variant.vt = VT_ERROR;
+       variant.scode = static_cast<SCODE>(0x800A07FA);
+     }},
+    {"a range of cells",
+     [](VARIANT& variant) {
+       MakeArray(variant, VT_VARIANT, {2, 3});
+       const Variant cell{Value(u"格")};
+       LONG at[] = {2, 3};
+       SafeArrayPutElement(variant.parray, at, const_cast<VARIANT*>(&cell.get()));
+     },
+     true},
+    {"numbers in three dimensions",
+     [](VARIANT& to) {
+       MakeArray(to, VT_I4, {2, 2, 2});
+     },
+     true},
+    {"bytes",
+     [](VARIANT& variant) {
+       MakeArray(variant, VT_UI1, {3});
+       LONG at = 2;
+       BYTE byte = 0xD6;
+       SafeArrayPutElement(variant.parray, &at, &byte);
+     },
+     true},
+    {"texts", [](VARIANT& to) { MakeArray(to, VT_BSTR, {2}); }, true},
+    {"an error among values",
+     [](VARIANT& variant) {
+       MakeArray(variant, VT_VARIANT, {2});
+       VARIANT error{};
+       error.vt = VT_ERROR;
+       error.scode = static_cast<SCODE>(0x800A07D0);
+       LONG at = 1;
+       SafeArrayPutElement(variant.parray, &at, &error);
+     },
+     true},
+    {"a decimal", [](VARIANT& to) { Change(to, u"1234.5", VT_DECIMAL); }, false, 1234.5, VT_R8},
+    {"a currency", [](VARIANT& to) { Change(to, u"-0.25", VT_CY); }, false, -0.25, VT_R8},
+    {"an integer of 64 bits", [](VARIANT& to) { Change(to, u"5000000000", VT_I8); }, false, 5e9,
+     VT_R8},
+    {"without a sign", [](VARIANT& to) { Change(to, u"5000000000", VT_UI8); }, false, 5e9, VT_R8},
+    {"a reference to nothing", [](VARIANT& to) { to.vt = VT_BYREF | VT_VARIANT; }},
+    {"a reference to no number", [](VARIANT& to) { to.vt = VT_BYREF | VT_DECIMAL; }},
+    {"a type that nobody knows", [](VARIANT& to) { to.vt = VT_FILETIME; }},
+};
+
+// Content by content, as far as an array shows it.
+void ExpectUnchanged(const VARIANT& now, const VARIANT& before) {
+  ASSERT_EQ(now.vt, before.vt);
+  if (now.vt == VT_ERROR) {
+    EXPECT_EQ(now.scode, before.scode);
+  }
+  if ((now.vt & VT_ARRAY) == 0) return;
+  ASSERT_EQ(SafeArrayGetDim(now.parray), SafeArrayGetDim(before.parray));
+  for (UINT i = 0; i < SafeArrayGetDim(now.parray); ++i) {
+    EXPECT_EQ(now.parray->rgsabound[i].cElements, before.parray->rgsabound[i].cElements);
+    EXPECT_EQ(now.parray->rgsabound[i].lLbound, 1);
+  }
+  const auto* bytes = static_cast<const BYTE*>(now.parray->pvData);
+  if (now.vt == (VT_ARRAY | VT_UI1)) {
+    EXPECT_EQ(bytes[1], 0xD6);
+  }
+  const auto* cells = static_cast<const VARIANT*>(now.parray->pvData);
+  const auto* cellsBefore = static_cast<const VARIANT*>(before.parray->pvData);
+  if (now.vt != (VT_ARRAY | VT_VARIANT)) return;
+  for (ULONG cell = 0; cell < now.parray->rgsabound[0].cElements; ++cell)
+    EXPECT_EQ(cells[cell].vt, cellsBefore[cell].vt);
+}
+
+TEST_F(Arguments, NoValueMakesAMemberRaise) {
+  const CancelsDialogs cancels;
+  const Objects objects = ObjectsOf(LogIn());
+  const auto utility = CreateUtility();
+  for (const Odd& odd : kOdd) {
+    SCOPED_TRACE(odd.name);
+    Variant value;
+    odd.make(*value.InOut());
+    VARIANT_BOOL answer = VARIANT_FALSE;
+    EXPECT_EQ(utility->ArrayIsEmpty(value.get(), &answer), S_OK);
+    EXPECT_EQ(answer != VARIANT_FALSE, !odd.isArray);
+    EXPECT_EQ(utility->DateIsValid(value.get(), &answer), S_OK);
+    EXPECT_EQ(answer, VARIANT_FALSE);
+    double number = -1;
+    EXPECT_EQ(utility->C2Dbl(value.get(), &number), S_OK);
+    EXPECT_EQ(number, odd.number);
+    Variant back;
+    EXPECT_EQ(utility->NotNull(value.get(), Variant(Value(u"none")).get(), back.Out()), S_OK);
+    if (odd.comesBack == VT_R8) {
+      EXPECT_EQ(back.get().vt, VT_R8);
+      EXPECT_EQ(back.get().dblVal, odd.number);
+    } else if (odd.isArray || value.get().vt == VT_ERROR) {
+      ExpectUnchanged(back.get(), value.get());
+    }
+
+    // Every member that takes any-values, in the place of each at once. References to nothing do
+    // not come through the system's late-bound calls.
+    if ((value.get().vt & VT_BYREF) != 0) continue;
+    int called = 0;
+    ForEachMember([&](const Member& member) {
+      const auto count = static_cast<UINT>(member.function.cParams);
+      std::vector<VARIANT> arguments;
+      bool takesAny = false;
+      VARIANT variable;
+      VariantInit(&variable);
+      VariantCopy(&variable, const_cast<VARIANT*>(&value.get()));
+      for (UINT i = count; i-- > 0;) {
+        const ELEMDESC& parameter = member.function.lprgelemdescParam[i];
+        if (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) continue;
+        VARIANT argument{};
+        VARTYPE type = parameter.tdesc.vt;
+        if (type == VT_PTR) type = parameter.tdesc.lptdesc->vt;
+        if (type == VT_VARIANT) {
+          takesAny = true;
+          argument = value.get();
+          if (parameter.tdesc.vt == VT_PTR) {
+            argument.vt = VT_BYREF | VT_VARIANT;
+            argument.pvarVal = &variable;
+          }
+        } else {
+          argument.vt = type == VT_USERDEFINED ? VARTYPE{VT_I4}
+                        : type == VT_PTR       ? VARTYPE{VT_DISPATCH}
+                                               : type;
+        }
+        arguments.push_back(argument);
+      }
+      if (!takesAny) return;
+      ++called;
+      DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+      Variant result;
+      EXPECT_EQ(objects.at(member.interfaceName)
+                    ->Invoke(member.function.memid, IID_NULL, 0, DISPATCH_METHOD, &parameters,
+                             result.Out(), nullptr, nullptr),
+                S_OK)
+          << member.FullName();
+      VariantClear(&variable);
+    });
+    EXPECT_GE(called, 11);
+  }
+}
+
+// As VBA and PowerShell write them, in any order; the variables are written back.
+TEST_F(Arguments, MayBeNamed) {
+  const auto activity = Get(LogIn(), &IInterface::get_Activity);
+  wchar_t names[][16] = {L"GetDateRange", L"dteBegin", L"dteEnd", L"strDate"};
+  LPOLESTR list[] = {names[0], names[1], names[2], names[3]};
+  DISPID ids[4] = {};
+  ASSERT_EQ(activity->GetIDsOfNames(IID_NULL, list, 4, 0, ids), S_OK);
+  for (const UINT named : {3U, 2U}) {
+    SCOPED_TRACE(named);
+    Variant begin{Value(u"2000-01-01")};
+    Variant end;
+    const Variant range{Value(u"自定义:2004-02-01,2004-02-29")};
+    VARIANT arguments[3] = {};
+    arguments[0].vt = arguments[1].vt = VT_BYREF | VT_VARIANT;
+    arguments[0].pvarVal = begin.InOut();
+    arguments[1].pvarVal = end.InOut();
+    arguments[2] = range.get();  // in front of the others where it is not named
+    DISPPARAMS parameters{arguments, ids + 1, 3, named};
+    Variant result;
+    EXPECT_EQ(activity->Invoke(ids[0], IID_NULL, 0, DISPATCH_METHOD, &parameters, result.Out(),
+                               nullptr, nullptr),
+              S_OK);
+    EXPECT_EQ(Show(ValueOf(result.get())), "bool True");
+    EXPECT_EQ(Show(ValueOf(begin.get())), "date 2004-02-01");
+    EXPECT_EQ(Show(ValueOf(end.get())), "date 2004-02-29");
+  }
+  DISPPARAMS none{};
+  EXPECT_EQ(activity->GetIDsOfNames(IID_IUnknown, list, 1, 0, ids), DISP_E_UNKNOWNINTERFACE);
+  EXPECT_EQ(
+      activity->Invoke(4, IID_IDispatch, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+      DISP_E_UNKNOWNINTERFACE);
+}
+
+// The name that scripts show.
+TEST_F(Arguments, ObjectsSayOfWhichClassTheyAre) {
+  for (const auto& [name, object] : ObjectsOf(LogIn())) {
+    ComPtr<ITypeInfo> type;
+    const auto described = object.As<IProvideClassInfo>(IID_IProvideClassInfo);
+    ASSERT_TRUE(described) << name;
+    ASSERT_EQ(described->GetClassInfo(type.Out()), S_OK) << name;
+    EXPECT_EQ("I" + NameOf(type.get()), name);
+  }
+}
+
+// By hand where this system's own functions do not copy and clear such records.
+TEST_F(Arguments, RecordsTravelInVariants) {
+  const auto lists = Get(LogIn(), &IInterface::get_ListSet);
+  EXPECT_EQ(lists->put_ViewId(5), S_OK);
+  DISPID list = 0;
+  wchar_t name[] = L"List";
+  LPOLESTR names[] = {name};
+  ASSERT_EQ(lists->GetIDsOfNames(IID_NULL, names, 1, 0, &list), S_OK);
+  DISPPARAMS none{};
+  VARIANT held{};
+  ASSERT_EQ(lists->Invoke(list, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &held, nullptr, nullptr),
+            S_OK);
+  ASSERT_EQ(held.vt, VT_RECORD);
+  auto& record = *static_cast<::ListType*>(held.pvRecord);
+  EXPECT_EQ(ViewOf(record.strViewName), u"值strViewName");
+  ULONG size = 0;
+  EXPECT_EQ(held.pRecInfo->GetSize(&size), S_OK);
+  EXPECT_EQ(size, sizeof record);
+
+  Replace(record.strListFrom, u"Voucher");
+  DISPID put = DISPID_PROPERTYPUT;
+  VARIANT variable{};
+  variable.vt = VT_BYREF | VT_VARIANT;
+  variable.pvarVal = &held;
+  DISPPARAMS one{&variable, &put, 1, 1};
+  const auto set = [&](EXCEPINFO* exception) {
+    return lists->Invoke(list, IID_NULL, 0, DISPATCH_PROPERTYPUT, &one, nullptr, exception,
+                         nullptr);
+  };
+  EXPECT_EQ(set(nullptr), S_OK);
+  EXPECT_EQ(GetText(lists, &IListSet::get_ListFrom), u"Voucher");
+
+  SafeArrayDestroy(std::exchange(record.ListField, SafeArrayCreateVector(VT_I4, 0, 3)));
+  EXCEPINFO exception{};
+  EXPECT_EQ(set(&exception), DISP_E_EXCEPTION);
+  EXPECT_EQ(static_cast<unsigned>(exception.scode), 0x800A0005u);
+  EXPECT_EQ(ViewOf(exception.bstrDescription), u"ListField must be an array of ListFieldType");
+  SysFreeString(exception.bstrSource);
+  SysFreeString(exception.bstrDescription);
+  variable = Variant(Value(5)).get();
+  EXPECT_EQ(set(nullptr), DISP_E_TYPEMISMATCH);
+  {
+    ListRecord freed;
+    static_cast<::ListType&>(freed) = std::exchange(record, {});
+  }
+  held.pRecInfo->RecordDestroy(held.pvRecord);
+  held.pRecInfo->Release();
 }
 
 TEST_F(Arguments, NumbersOfAHostMayHaveAnyType) {

@@ -23,6 +23,10 @@ struct ValueArray {
   std::int32_t lowerBound = 0;
   std::vector<Value> items;
 
+  // What the array was made of, where its items do not say it all; known to who made it, who hands
+  // it back in place of the items. Null for none.
+  std::shared_ptr<const void> original = nullptr;
+
   // Error (InvalidCall) when the array was never dimensioned.
   std::int32_t UpperBound() const;
 };
@@ -30,6 +34,13 @@ struct ValueArray {
 struct EmptyValue {};    // never assigned
 struct NullValue {};     // the database's Null
 struct MissingValue {};  // an optional argument that was left out
+
+// What the core has no type for, such as the error in a spreadsheet's cell or an array of several
+// dimensions. It is no number, text or date to anybody, and goes back to the host as it came.
+struct OpaqueValue {
+  bool isArray = false;                 // with bounds
+  std::shared_ptr<const void> content;  // known to who made it; shared, and never changed
+};
 
 namespace detail {
 template <class T, class Variant>
@@ -47,7 +58,7 @@ class Value {
   using Object = std::shared_ptr<void>;
   using Storage =
       std::variant<EmptyValue, NullValue, MissingValue, bool, std::uint8_t, std::int16_t,
-                   std::int32_t, float, double, Date, Text, Array, Object>;
+                   std::int32_t, float, double, Date, Text, Array, Object, OpaqueValue>;
 
   Value() = default;
   Value(const Value& other) { *this = other; }
@@ -80,9 +91,9 @@ class Value {
 };
 
 // Conversions. All throw ConvertError and change nothing when they fail: InvalidUseOfNull for
-// Null, TypeMismatch for a missing value, an array, an object or a text that is no number,
-// Overflow outside the target's range. Empty is 0, False or the empty text. Fractions are rounded
-// half to even. A Boolean counts as -1 or 0.
+// Null, TypeMismatch for a missing value, an array, an object, an opaque value or a text that is no
+// number, Overflow outside the target's range. Empty is 0, False or the empty text. Fractions are
+// rounded half to even. A Boolean counts as -1 or 0.
 std::uint8_t ToByte(const Value& value);
 std::int16_t ToInteger(const Value& value);
 std::int32_t ToLong(const Value& value);

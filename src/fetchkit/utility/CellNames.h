@@ -32,8 +32,8 @@ class CellNames {
   static Text CellColToString(std::int16_t intCol);
 
   // The number at the front of a text whose commas are taken out, rounded to 9 decimals, halves to
-  // the even neighbour; a number is rounded as it is. 0 for Null, an empty text and what is no
-  // text.
+  // the even neighbour; a number is rounded as it is. 0 for Null, an empty text and what is neither
+  // text nor number.
   static double C2Dbl(const Value& varText);
 
   // Rounded to that many decimals, halves upwards, those of negative numbers too. Half a unit is

@@ -188,6 +188,7 @@ bool StringHelpers::StrInStr(TextView strSource, TextView strText, TextView strD
 
 bool StringHelpers::ArrayIsEmpty(const Value& varArray) {
   const MemberScope scope;
+  if (const auto* opaque = std::get_if<OpaqueValue>(&varArray.data())) return !opaque->isArray;
   const auto* array = std::get_if<Value::Array>(&varArray.data());
   return array == nullptr || *array == nullptr || !(*array)->dimensioned;
 }

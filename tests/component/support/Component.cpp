@@ -41,7 +41,7 @@ HRESULT CallEntryPoint(const char* name) {
 std::string Show(const Value& value) {
   static const char* const kTypes[] = {"empty",   "null",  "missing", "bool",   "byte",
                                        "integer", "long",  "single",  "double", "date",
-                                       "text",    "array", "object"};
+                                       "text",    "array", "object",  "opaque"};
   std::string shown = kTypes[value.data().index()];
   try {
     shown += " " + ToUtf8(ToTextOrEmpty(value));

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "fetchkit/base/Numbers.h"
 #include "fetchkit/platform/DateText.h"
 #include "fetchkit/session/model/Business.h"
 #include "fetchkit/session/model/RecordColumns.h"
@@ -42,6 +43,9 @@ std::uint8_t Organization::OrganizationProperty() const {
 }
 
 std::int16_t Organization::BeginYear() const {
+  if (!IsNumericText(beginYear_))
+    throw ConvertError(ErrorKind::TypeMismatch,
+                       u"Organization.BeginYear is never filled; BeginDate tells when it begins.");
   return ToInteger(beginYear_);
 }
 
