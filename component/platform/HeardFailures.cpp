@@ -33,12 +33,8 @@ void HeardFailures::OnFailure(const Failure& failure) {
 
 void HeardFailures::TellListeners() {
   std::vector<std::shared_ptr<DiagnosticsSink>> told;
-  std::erase_if(listeners_, [&](const std::weak_ptr<DiagnosticsSink>& each) {
-    auto listener = each.lock();
-    if (!listener) return true;
-    told.push_back(std::move(listener));
-    return false;
-  });
+  for (const auto& each : listeners_)
+    if (auto listener = each.lock()) told.push_back(std::move(listener));
   // The listener is the caller's: it may do anything but end the thread's state, and what it does
   // may fail, which makes that the last one.
   const HostCall call;
@@ -55,6 +51,7 @@ void HeardFailures::Clear() {
 }
 
 void HeardFailures::Tell(const std::shared_ptr<DiagnosticsSink>& listener) {
+  std::erase_if(listeners_, [](const auto& each) { return each.expired(); });
   listeners_.push_back(listener);
 }
 

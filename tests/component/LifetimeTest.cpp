@@ -142,6 +142,7 @@ TEST_F(Lifetime, FaultsOfTheHostEndAtTheMembers) {
   for (const bool byName : {false, true}) {
     for (const Fault fault : kFaults) {
       for (const bool forGood : {false, true}) {
+        if (byName && forGood) break;
         for (int nth = 1;; ++nth, ++tried) {
           SCOPED_TRACE(testing::Message() << NameOf(fault) << (forGood ? ", from " : ", ") << nth
                                           << (byName ? ", by name" : ""));
