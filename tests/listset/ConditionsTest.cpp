@@ -22,7 +22,8 @@ const Answer* AnswerTo(TextView sql) {
                                                                   {12, u"02", u"李四"},
                                                                   {2, u"03", NullValue()},
                                                                   {4, u"12", u"李四"},
-                                                                  {5, u"", u"王五, 北京"}});
+                                                                  {5, u"", u"王五, 北京"},
+                                                                  {6, u"06", u"甲 {乙}"}});
   static const Answer values =
       Rows({u"strEnumNumber"}, {{u"3"}, {u"4"}, {u"所有"}, {NullValue()}, {u"3"}});
   if (sql.starts_with(u"Begin")) return Done(sql);
@@ -119,6 +120,7 @@ TEST_F(Conditions, AreThoseOfTheDialog) {
 人员¦2 {2}¦choose¦right 03; ok¦2 {2}
 人员¦王五, 北京¦pick 王五, 北京¦¦王五, 北京 {5}
 人员¦王五, 北京 张三 {5, 1}¦choose¦right 王五, 北京; right 01 张三; ok¦王五, 北京 张三 {5,1}
+人员¦甲 {乙}¦pick 06 甲 {乙}¦¦06 甲 {乙} {6}
 状态¦4¦pick 4¦¦4 {'4'}
 状态¦4, 3¦choose¦right 4; right 3; ok¦4,3 {'4','3'}
 状态¦{'所有'}¦choose¦right 所有; ok¦所有 {'所有'}
@@ -167,6 +169,7 @@ TEST_F(Conditions, AreRefusedInWords) {
 停用¦对¦“对”不是“停用”的条件，可用的有：任意、是、否
 期间¦去年同期¦“去年同期”不是“期间”的条件，可用的有：所有、今天、本周、本周至今日、上周、本期、本期至今日、上期、本月、本月上旬、本月中旬、本月下旬、本月至今日、上月、本季度、本季至今日、上季度、本年、本年至今日、去年初至去年今日、去年、自定义
 金额¦大于¦条件“大于”后面要写值
+金额¦任意 5¦条件“任意”后面不写值
 金额¦零或空值 0¦条件“零或空值”后面不写值
 金额¦大于 1e126¦请输入一个数字！
 金额¦介于 1,x¦请输入一个数字！

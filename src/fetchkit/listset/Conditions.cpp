@@ -71,6 +71,7 @@ Entered EnterScalar(const ListFieldType& field, bool isNumber, const WordAndValu
     return NotOffered(field.strListFieldDesc, word, offered);
   if (word == words::kNull || word == words::kZeroOrNull)
     return TrimBlanks(value).empty() ? Entered{Text(word), {}, {}} : WithoutValue(word);
+  if (word == words::kAny) return WithoutValue(word);
   if (value.empty()) return Refused(Join(u"条件“", word, u"”后面要写值"));
   // No box of the dialog holds these.
   if (std::any_of(value.begin(), value.end(), [](char16_t unit) { return unit < u' '; }))
@@ -186,6 +187,7 @@ struct Named {
   void Add(std::size_t row) {
     if (std::find(rows.begin(), rows.end(), row) == rows.end()) rows.push_back(row);
   }
+  bool AreTooMany() const { return rows.size() > kMostItems; }
 };
 
 // How many rows are meant by what the test tells of each, and the first of them.
@@ -240,6 +242,7 @@ Named ReadWritten(const Offered& offered, TextView condition) {
       return named;
     }
     named.Add(hits.first);
+    if (named.AreTooMany()) break;
   }
   return named;
 }
@@ -266,6 +269,7 @@ Named ReadItems(const Offered& offered, TextView items) {
       return named;
     }
     named.Add(hits.first);
+    if (named.AreTooMany()) break;
   }
   return named;
 }
@@ -294,10 +298,15 @@ Entered EnterChoice(Session& session, const ListFieldType& field, bool areCodes,
       items.remove_suffix(kClose.size());
     }
   }
-  const Named named = items.empty() ? ReadWritten(offered, condition) : ReadItems(offered, items);
+  Named named = items.empty() ? ReadWritten(offered, condition) : ReadItems(offered, items);
+  if (!items.empty() && !named.refusal.empty()) {
+    // The braces may be a name's own.
+    Named written = ReadWritten(offered, condition);
+    if (written.refusal.empty()) named = std::move(written);
+  }
   if (!named.refusal.empty()) return Refused(named.refusal);
   if (named.rows.empty()) return Refused(NotFound(offered, condition));
-  if (named.rows.size() > kMostItems) return Refused(Text(frmFilterColumn::kManyWarning));
+  if (named.AreTooMany()) return Refused(Text(frmFilterColumn::kManyWarning));
 
   const ItemTexts texts = ChosenTexts(offered, named.rows);
   const bool several = named.rows.size() > 1;
