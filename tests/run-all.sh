@@ -164,6 +164,7 @@ check "the core includes the standard library alone" core_includes
 check "includes point down" includes_point_down
 check "hosts stand alone" hosts_stand_alone
 check "clang and clang-tidy find nothing" clang_finds_nothing
+check "the reference: every member with arguments, result and example, no broken link" ./run docs
 check "find_package(FetchKit) after cmake --install" consumer
 if [[ -n $windows ]]; then
   wait $wine

@@ -211,6 +211,13 @@ filter_opens_windows() {
   grep -q $'^ShowFilter\tFalse$' <<<"$output" && grep -q '^[0-9]* of [0-9]* rows$' <<<"$output" &&
     grep -q $'^bOk\tFalse$' <<<"$output"
 }
+# Every example of the reference prints and sends what its page says; after a change the new record
+# stands beside the DLL, to be read and kept.
+examples_of_the_reference() {
+  tools/reference/examples.py "$build/reference.vbs" || return 1
+  wine cscript //nologo reference.vbs >"$build/examples.txt"
+  diff docs/reference/examples.txt "$build/examples.txt"
+}
 # The resolution of the screen in dots per inch, for the programs that start after it.
 resolution() {
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
@@ -302,6 +309,7 @@ if [[ -n $demo ]]; then
     check "a script on the sample accounts prints the demo's $each" \
       same_as_the_demo cscript //nologo sample.vbs for "$each"
   done
+  check "the reference's examples print what it says" examples_of_the_reference
   check "FetchKitDemo.exe opens windows" filter_opens_windows
   for each in dates rights format login list; do
     check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"

@@ -1,0 +1,116 @@
+#!/usr/bin/env python3
+"""The examples of docs/reference as one script, and what it printed.
+
+Usage: tools/reference/examples.py SCRIPT, from the project's root, writes the script for cscript, in
+code page 936. Its output is kept as docs/reference/examples.txt and shown on the pages.
+"""
+import re
+import sys
+from pathlib import Path
+
+NOTES = Path(__file__).resolve().parents[2] / "docs/reference/classes"
+
+# The names that examples know the objects by.
+OBJECTS = {
+    "Interface": "fetch", "Activity": "activity", "Utility": "utility", "ListSet": "list",
+    "Business": "business", "Organization": "organization", "Operator": "loginOperator",
+    "CustomerSs": "customer", "OperatorRight": "rights", "OrganizationRight": "allotted",
+    "TypeDef": "types",
+}
+
+# At a server of another name it is an account that the library has not seen: nothing is cached, and
+# every statement of an example is seen. The records show the sample account as it is.
+FRESH = ("Activity", "ListSet", "OperatorRight", "OrganizationRight")
+
+HEAD = '''
+Dim host, fetch, activity, utility, list, business, organization, loginOperator, customer
+Dim rights, allotted, types
+Set host = CreateObject("FetchKitHost.Sample")
+Set fetch = CreateObject("FetchKit.Interface")
+Set utility = CreateObject("FetchKit.Utility")
+Set types = CreateObject("FetchKit.TypeDef")
+
+Function Shown(value)
+  Dim i
+  Select Case VarType(value)
+    Case 1 Shown = "Null"
+    Case 7 Shown = Year(value) & "-" & Right("0" & Month(value), 2) & "-" & Right("0" & Day(value), 2)
+    Case 11
+      Shown = "False"
+      If value Then Shown = "True"
+    Case 8 Shown = Replace(value, Chr(0), "\\0")
+    Case Else Shown = CStr(value)
+  End Select
+End Function
+
+Sub Print(value)
+  host.WriteLine Shown(value)
+End Sub
+
+Sub Begin(name, server)
+  fetch.Initialize host.Connection("main", server)
+  Set activity = fetch.Activity
+  Set list = CreateObject("FetchKit.ListSet")
+  Set business = fetch.Business
+  Set organization = fetch.LoginOrganization
+  Set loginOperator = fetch.LoginOperator
+  Set customer = fetch.CustomerSs
+  Set rights = fetch.LoginOperatorRight
+  Set allotted = fetch.LoginOrganizationRight
+  host.WriteLine "== " & name
+  host.ForgetStatements
+End Sub
+
+Sub Finish(number, description)
+  Dim i
+  If number <> 0 Then host.WriteLine "raises " & number & ": " & description
+  For i = 1 To host.StatementCount
+    host.WriteLine "? " & host.StatementText(i)
+  Next
+End Sub
+'''
+
+
+def is_run(text):
+    return "not run by the tests" not in text
+
+
+def recorded(path):
+    """What each example printed, and the statements that it sent."""
+    records = {}
+    for line in path.read_text(encoding="utf-8").splitlines() if path.exists() else []:
+        if line.startswith("== "):
+            printed, sent = records.setdefault(line[3:], ([], []))
+        elif line.startswith("? "):
+            sent.append(line[2:] + ";")
+        elif line != "end":
+            printed.append(line)
+    return records
+
+
+def script(notes):
+    parts = [HEAD]
+    number = 0
+    for note in notes:
+        for member, (_, _, text) in note.members.items():
+            if not text or not is_run(text):
+                continue
+            number += 1
+            server = f"DBSRV{number}" if note.title in FRESH else ""
+            parts.append(f'Begin "{note.title}.{member}", "{server}"\nExample{number}\n'
+                         f"Sub Example{number}()\n  On Error Resume Next\n"
+                         f"{text}\n  Finish Err.Number, Err.Description\nEnd Sub\n")
+    parts.append('host.WriteLine "end"')  # an error of the script itself ends it silently
+    return "\n".join(parts)
+
+
+def main():
+    sys.dont_write_bytecode = True
+    from make import Notes  # which needs OBJECTS of this file
+    notes = [Notes(path) for path in sorted(NOTES.glob("*.md"))]
+    text = script(notes).replace("\n", "\r\n")
+    Path(sys.argv[1]).write_bytes(text.encode("gbk"))
+
+
+if __name__ == "__main__":
+    main()
