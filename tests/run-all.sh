@@ -165,6 +165,7 @@ check "includes point down" includes_point_down
 check "hosts stand alone" hosts_stand_alone
 check "clang and clang-tidy find nothing" clang_finds_nothing
 check "the reference: every member with arguments, result and example, no broken link" ./run docs
+check "the samples' calls are the type library's" tools/check-samples.py
 check "find_package(FetchKit) after cmake --install" consumer
 if [[ -n $windows ]]; then
   wait $wine

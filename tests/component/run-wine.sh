@@ -218,6 +218,14 @@ examples_of_the_reference() {
   wine cscript //nologo reference.vbs >"$build/examples.txt"
   diff docs/reference/examples.txt "$build/examples.txt"
 }
+# Each sample that can be run prints what stands beside it.
+samples_print() {
+  local samples="Z:${here//\//\\}\\..\\..\\samples"
+  diff samples/prints.txt <(wine cscript //nologo "$samples\\vbscript\\First.vbs") &&
+    diff samples/jscript/First.txt <(wine cscript //nologo "$samples\\jscript\\First.js") &&
+    diff samples/prints.txt <(wine SampleFirst.exe)
+}
+sample_without_registration() { diff samples/prints.txt <(wine SampleFirstUnregistered.exe); }
 # The resolution of the screen in dots per inch, for the programs that start after it.
 resolution() {
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
@@ -310,6 +318,7 @@ if [[ -n $demo ]]; then
       same_as_the_demo cscript //nologo sample.vbs for "$each"
   done
   check "the reference's examples print what it says" examples_of_the_reference
+  check "the samples print what stands beside them" samples_print
   check "FetchKitDemo.exe opens windows" filter_opens_windows
   for each in dates rights format login list; do
     check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"
@@ -317,6 +326,7 @@ if [[ -n $demo ]]; then
   check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
 fi
 check "leaves no key behind" unregistered
+check "a sample runs without registration" sample_without_registration
 check "registers for the user alone" registered_for_user
 check "leaves no key of the user's behind" unregistered /n /i:user
 
