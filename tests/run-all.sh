@@ -104,6 +104,24 @@ clang_finds_nothing() {
     sed '/ warnings* generated\.$/d'
 }
 
+# What a document is made of: its headings, the size of each table, and its blocks of code without
+# their comments.
+shape() {
+  awk '
+    /^```/ { inside = !inside; print; next }
+    inside { sub(/ *(#|\/\/|'"'"') .*/, ""); print "  " $0; next }
+    /^#+ / { sub(/ .*/, ""); print }
+    /^\|/ { ++rows; columns = gsub(/\|/, "") - 1; next }
+    rows { print "table of", rows, "rows and", columns, "columns"; rows = 0 }
+    END { if (rows) print "table of", rows, "rows and", columns, "columns" }' "$1"
+}
+chinese_twins() {
+  local page
+  for page in docs/component docs/hosts; do
+    diff <(shape $page.md) <(shape $page.zh-CN.md) || return 1
+  done
+}
+
 # The hosts that the READMEs show, built by a project that knows the installed library alone.
 consumer() {
   local prefix=$build/installed page
@@ -166,6 +184,7 @@ check "hosts stand alone" hosts_stand_alone
 check "clang and clang-tidy find nothing" clang_finds_nothing
 check "the reference: every member with arguments, result and example, no broken link" ./run docs
 check "the samples' calls are the type library's" tools/check-samples.py
+check "the Chinese documents have the English ones' headings, tables and code" chinese_twins
 check "find_package(FetchKit) after cmake --install" consumer
 if [[ -n $windows ]]; then
   wait $wine
