@@ -8,8 +8,6 @@ import re
 import sys
 from pathlib import Path
 
-NOTES = Path(__file__).resolve().parents[2] / "docs/reference/classes"
-
 # The names that examples know the objects by.
 OBJECTS = {
     "Interface": "fetch", "Activity": "activity", "Utility": "utility", "ListSet": "list",
@@ -106,9 +104,10 @@ def script(notes):
 
 def main():
     sys.dont_write_bytecode = True
-    from make import Notes  # which needs OBJECTS of this file
-    notes = [Notes(path) for path in sorted(NOTES.glob("*.md"))]
-    text = script(notes).replace("\n", "\r\n")
+    import make  # which needs OBJECTS of this file
+    import typelib
+    notes = make.notes_of(typelib.Library(make.ROOT / "component/FetchKit.idl"))
+    text = script(notes.values()).replace("\n", "\r\n")
     Path(sys.argv[1]).write_bytes(text.encode("gbk"))
 
 

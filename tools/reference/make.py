@@ -29,14 +29,18 @@ CONTRACTS = {
                 "utility/WindowServices.h", "utility/GridAndKeys.h"],
 }
 
-# What C++ hosts have besides: page -> (title, introduction, headers).
+# What C++ hosts have besides: page -> (title, headers, each with what is shown of it; empty: all).
 CPP_PAGES = {
-    "host": ("What a C++ host implements", ["host/SessionConnection.h", "host/HostContext.h",
-                                            "host/Recordset.h", "dialogs/FormView.h",
-                                            "platform/Platform.h"]),
-    "vocabulary": ("Texts, values and dates in C++", ["base/Text.h", "base/Utf8.h", "base/Value.h",
-                                                      "base/Date.h", "base/Error.h"]),
-    "diagnostics": ("Failures in C++", ["session/LoginState.h", "base/ThreadState.h"]),
+    "host": ("What a C++ host implements", {
+        "host/SessionConnection.h": (), "host/HostContext.h": (), "host/Recordset.h": (),
+        "dialogs/FormView.h": (), "platform/Platform.h": ()}),
+    "vocabulary": ("Texts, values and dates in C++", {
+        "base/Text.h": (), "base/Utf8.h": (), "base/Value.h": (), "base/Date.h": (),
+        "base/Error.h": ()}),
+    "diagnostics": ("Failures in C++", {
+        "session/LoginState.h": (),
+        "base/ThreadState.h": ("Severity", "Failure", "DiagnosticsSink", "SetDiagnosticsSink",
+                               "ReleaseThread")}),
 }
 
 
@@ -94,12 +98,17 @@ class Headers:
         scope = compound.findtext("compoundname")
         self.compounds[scope] = compound
         members = [each for each in compound.iter("memberdef")
-                   if each.get("prot") == "public" and each.get("kind") != "friend"]
+                   if each.get("prot") == "public" and each.get("kind") != "friend" and
+                   not re.match(r"~|operator=", each.findtext("name"))]
         members.sort(key=lambda each: (each.find("location").get("file"), self.line_of(each)))
         before = None
         for member in members:
             # One comment speaks of all that stand under it without a line between them.
             member.text = self.text_of(member)
+            if member.get("kind") == "enum":
+                values = [f"- `{each.findtext('name')}`: {self.text_of(each)}"
+                          for each in member.findall("enumvalue") if self.text_of(each)]
+                member.text = "\n\n".join(each for each in (member.text, "\n".join(values)) if each)
             if not member.text and before is not None and self.adjacent(before, member):
                 member.text = before.text
             before = member
@@ -115,6 +124,8 @@ class Headers:
             return False
         if path not in self.lines:
             self.lines[path] = (ROOT / path).read_text(encoding="utf-8").splitlines()
+        if "//" in self.lines[path][self.line_of(first) - 1]:
+            return False  # a comment behind the code speaks of its own line alone
         between = self.lines[path][self.line_of(first):self.line_of(second) - 1]
         return all(line.strip() and not line.lstrip().startswith("//") for line in between)
 
@@ -136,13 +147,21 @@ class Headers:
     def of_class(self, name):
         return self.compounds.get(f"fetchkit::{name}")
 
+    @staticmethod
+    def scopes(name):
+        if name == "Utility":
+            return [f"fetchkit::{Path(each).stem}" for each in CONTRACTS[name]]
+        return [f"fetchkit::{name}"]
+
+    def cpp_alone(self, name, known):
+        """Documented members of a class that the type library does not have."""
+        return [each for scope in self.scopes(name) for (owner, member), found in self.members.items()
+                if owner == scope and member not in known and member != name for each in found
+                if each.text and not re.search("Reserved to the library|windows.h", each.text)]
+
     def find(self, name, member):
         """A public class's member in C++: the declaration and its contract."""
-        scopes = [f"fetchkit::{name}"]
-        if name == "Activity":
-            scopes.append("fetchkit::MActivity")
-        if name == "Utility":
-            scopes += [f"fetchkit::{Path(each).stem}" for each in CONTRACTS[name]]
+        scopes = self.scopes(name) + (["fetchkit::MActivity"] if name == "Activity" else [])
         found = [each for scope in scopes for each in self.members.get((scope, member), [])]
         return found, next((each.text for each in found if each.text), "")
 
@@ -201,17 +220,26 @@ class Notes:
             self.members[name] = (chinese.strip(), more.strip(), found[1] if found else None)
 
 
+def notes_of(library):
+    """The notes on what the type library has; of the rest there is nothing to say yet."""
+    notes = {note.title: note for note in map(Notes, sorted(NOTES.glob("classes/*.md")))}
+    notes = {name: note for name, note in notes.items() if name in library.classes}
+    for name, note in notes.items():
+        known = library.of_class(name).names()
+        note.members = {each: what for each, what in note.members.items() if each in known}
+    return notes
+
+
 class Reference:
     def __init__(self, folder):
         self.library = typelib.Library(ROOT / "component/FetchKit.idl")
         self.host = typelib.Library(ROOT / "component/FetchKitHost.idl")
         self.headers = Headers(folder)
-        self.notes = {note.title: note for note in map(Notes, sorted(NOTES.glob("classes/*.md")))}
+        self.notes = notes_of(self.library)
         self.meanings = dict(re.findall(r"^\| ([\w.]+) \| (.+) \|$",
                                         (NOTES / "arguments.md").read_text(encoding="utf-8"), re.M))
         self.records = examples.recorded(NOTES / "examples.txt")
         self.lacking = []
-        self.used = set()
 
     def need(self, what, where, lack):
         if not what:
@@ -221,7 +249,6 @@ class Reference:
     def meaning(self, name, member, argument):
         for key in (f"{name}.{member}.{argument}", argument):
             if key in self.meanings:
-                self.used.add(key)
                 return self.meanings[key]
         return self.need("", f"{name}.{member}", f"no meaning of {argument} in arguments.md")
 
@@ -277,8 +304,6 @@ class Reference:
         if not note:
             self.lacking.append(f"{name}: no classes/{name}.md")
             return ""
-        for stale in sorted(set(note.members) - set(interface.names())):
-            self.lacking.append(f"{name}.{stale}: is in classes/{name}.md but not in the type library")
         whole = self.headers.of_class(name)
         parts = [f"({name.lower()})=", f"# {name} {note.chinese}",
                  escaped(interface.help) + ".",
@@ -293,6 +318,9 @@ class Reference:
                 [f"[{each}]({name.lower()}-{each.lower()})", note.members.get(each, [""])[0],
                  escaped(interface.member(each).help)] for each in interface.names()]))
         parts += [self.member(name, interface, each) for each in interface.names()]
+        alone = self.headers.cpp_alone(name, interface.names())
+        if alone:
+            parts += ["## In C++ alone", *self.cpp_members(alone)]
         return "\n\n".join(each for each in parts if each) + "\n"
 
     def records_page(self):
@@ -325,9 +353,10 @@ class Reference:
 
     def cpp_page(self, title, headers):
         parts = [f"# {title}"]
-        for path in headers:
+        for path, shown_alone in headers.items():
+            about = self.headers.header_comment(path)
             parts += [f"## {Path(path).name}", f"`#include <fetchkit/{path}>`",
-                      self.headers.header_comment(path)]
+                      about.split("\n\n")[0] if shown_alone else about]
             relative = f"src/fetchkit/{path}"
             inside = [each for each in self.headers.compounds.values()
                       if each.get("kind") != "namespace" and
@@ -338,6 +367,8 @@ class Reference:
             for compound in sorted(inside, key=self.headers.line_of):
                 scope = compound.findtext("compoundname")
                 shown = scope.removeprefix("fetchkit::")
+                if shown_alone and shown not in shown_alone:
+                    continue
                 members = [member for (owner, _), found in self.headers.members.items()
                            if owner == scope for member in found]
                 text = self.headers.text_of(compound)
@@ -345,7 +376,8 @@ class Reference:
                     continue
                 parts += [f"### {shown}", index(f"{shown} (C++)"), text]
                 parts += self.cpp_members(members)
-            free = [member for member in free if member.text]
+            free = [member for member in free if member.text and
+                    (not shown_alone or member.findtext("name") in shown_alone)]
             if free:
                 parts += [f"### Functions and types of {Path(path).name}", *self.cpp_members(free)]
         return "\n\n".join(each for each in parts if each) + "\n"
@@ -379,9 +411,6 @@ class Reference:
         made["names.md"] = self.names_page()
         made["index.md"] = (NOTES / "index.md").read_text(encoding="utf-8").replace(
             "CLASSES", "\n".join(f"{name.lower()}" for name in self.library.classes))
-        for key in self.meanings:
-            if key not in self.used and key != "argument":
-                self.lacking.append(f"arguments.md: no member has an argument {key}")
         for key in self.records:
             name, _, member = key.partition(".")
             if member not in (self.notes[name].members if name in self.notes else ()):

@@ -27,7 +27,7 @@ class Argument:
 @dataclass
 class Member:
     name: str
-    kind: str  # method, propget or propput
+    kind: str  # method, propget, propput or propputref
     help: str
     arguments: list
     result: str | None
@@ -55,7 +55,7 @@ class Interface:
         return next((each for each in self.members if each.name == name), None)
 
     def writable(self, name):
-        return any(each.name == name and each.kind == "propput" for each in self.members)
+        return any(each.name == name and each.kind.startswith("propput") for each in self.members)
 
 
 @dataclass
@@ -100,10 +100,10 @@ def parse_members(text):
     pattern = (r'((?:[ \t]*//[^\n]*\n)*)\s*(?:\[((?:[^\[\]"]|"(?:[^"\\]|\\.)*")*)\]\s*)?'
                r"HRESULT (\w+)\((.*?)\)\s*;")
     for comment, attributes, name, arguments in re.findall(pattern, text, re.S):
-        words = re.findall(r"\bprop(?:get|put)\b", re.sub(r'"[^"]*"', "", attributes))
+        words = re.findall(r"\bprop(?:get|putref|put)\b", re.sub(r'"[^"]*"', "", attributes))
         kind = words[0] if words else "method"
         parsed, result = parse_arguments(arguments)
-        if kind == "propput":
+        if kind.startswith("propput"):
             parsed = parsed[:-1]
         yield Member(name, kind, attribute(attributes, "helpstring") or comment_text(comment),
                      parsed, result)
