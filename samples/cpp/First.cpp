@@ -99,16 +99,15 @@ int Run() {
   if (SUCCEEDED(result)) result = SampleConnection(*host.address(), connection.address());
   if (SUCCEEDED(result)) result = Create(L"FetchKit.Interface", fetch);
   if (SUCCEEDED(result)) result = fetch->Initialize(connection.address());  // once per login
-  long organization = 0;
-  if (SUCCEEDED(result)) fetch->get_LoginOrganizationId(&organization);
-  if (!organization) {
+  Bstr name;
+  if (SUCCEEDED(result)) fetch->get_LoginOrganizationName(name.address());
+  if (name.str().empty()) {
     std::fprintf(stderr, "The login did not come in (0x%08lX).\n", static_cast<unsigned long>(result));
     return 1;
   }
 
-  Bstr code, name, date;
+  Bstr code, date;
   fetch->get_LoginOrganizationCode(code.address());
-  fetch->get_LoginOrganizationName(name.address());
   fetch->get_LoginDate(date.address());
   Print(code.str() + L" " + name.str() + L", " + date.str());
 

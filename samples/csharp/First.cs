@@ -29,7 +29,7 @@ static class First
         dynamic fetch = Create("FetchKit.Interface");
         object connection = host.Connection("main");
         fetch.Initialize(ref connection);              // once per login
-        if (fetch.LoginOrganizationId == 0)
+        if (fetch.LoginOrganizationName == "")
         {
             Console.Error.WriteLine("The login did not come in.");
             return 1;

@@ -8,7 +8,7 @@
 var host = new ActiveXObject("FetchKitHost.Sample");   // the sample account; yours is the host's connection
 var fetch = new ActiveXObject("FetchKit.Interface");
 fetch.Initialize(host.Connection("main"));             // once per login
-if (fetch.LoginOrganizationId == 0) {
+if (fetch.LoginOrganizationName == "") {
   WScript.Echo("The login did not come in.");
   WScript.Quit(1);
 }

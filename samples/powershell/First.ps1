@@ -9,7 +9,7 @@ $host1 = New-Object -ComObject FetchKitHost.Sample   # the sample account; $host
 $fetch = New-Object -ComObject FetchKit.Interface
 $connection = $host1.Connection('main')
 $fetch.Initialize([ref]$connection)                  # once per login
-if ($fetch.LoginOrganizationId -eq 0) { throw 'The login did not come in.' }
+if ($fetch.LoginOrganizationName -eq '') { throw 'The login did not come in.' }
 
 "$($fetch.LoginOrganizationCode) $($fetch.LoginOrganizationName), $($fetch.LoginDate)"
 

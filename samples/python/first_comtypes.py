@@ -17,7 +17,7 @@ sys.stdout.reconfigure(encoding="utf-8")
 host = comtypes.client.CreateObject("FetchKitHost.Sample")  # the sample account
 fetch = comtypes.client.CreateObject("FetchKit.Interface")
 fetch.Initialize(host.Connection("main"))  # once per login
-if fetch.LoginOrganizationId == 0:
+if not fetch.LoginOrganizationName:
     sys.exit("The login did not come in.")
 
 print(f"{fetch.LoginOrganizationCode} {fetch.LoginOrganizationName}, {fetch.LoginDate}")

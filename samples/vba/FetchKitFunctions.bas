@@ -27,7 +27,7 @@ Private Function Fetch() As Object
         Dim entry As Object
         Set entry = CreateObject("FetchKit.Interface")
         entry.Initialize connection                        ' once per login
-        If entry.LoginOrganizationId = 0 Then Err.Raise vbObjectError + 1, "FetchKit", "The login did not come in."
+        If entry.LoginOrganizationName = "" Then Err.Raise vbObjectError + 1, "FetchKit", "The login did not come in."
         Set mFetch = entry
     End If
     Set Fetch = mFetch

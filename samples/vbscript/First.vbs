@@ -10,7 +10,7 @@ Dim host, fetch
 Set host = CreateObject("FetchKitHost.Sample")     ' the sample account; yours is the host's connection
 Set fetch = CreateObject("FetchKit.Interface")
 fetch.Initialize host.Connection("main")           ' once per login
-If fetch.LoginOrganizationId = 0 Then
+If fetch.LoginOrganizationName = "" Then
   WScript.Echo "The login did not come in."
   WScript.Quit 1
 End If
