@@ -122,6 +122,12 @@ chinese_twins() {
   done
 }
 
+# After a change the new record stands beside the program, to be read and kept.
+reference_examples() {
+  "$build/tests/fetchkit-reference-examples" >"$build/tests/examples-cpp.txt" &&
+    diff docs/reference/examples-cpp.txt "$build/tests/examples-cpp.txt"
+}
+
 # The hosts that the READMEs show, built by a project that knows the installed library alone.
 consumer() {
   local prefix=$build/installed page
@@ -182,6 +188,7 @@ check "the core includes the standard library alone" core_includes
 check "includes point down" includes_point_down
 check "hosts stand alone" hosts_stand_alone
 check "clang and clang-tidy find nothing" clang_finds_nothing
+check "the reference's C++ examples print what it says" reference_examples
 check "the reference: every member with arguments, result and example, no broken link" ./run docs
 check "the samples' calls are the type library's" tools/check-samples.py
 check "the Chinese documents have the English ones' headings, tables and code" chinese_twins

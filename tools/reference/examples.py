@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""The examples of docs/reference as one script, and what it printed.
+"""The examples of docs/reference as one script and one C++ program, and what they printed.
 
-Usage: tools/reference/examples.py SCRIPT, from the project's root, writes the script for cscript, in
-code page 936. Its output is kept as docs/reference/examples.txt and shown on the pages.
+Usage: tools/reference/examples.py SCRIPT.vbs, or PROGRAM.cpp. The script is for cscript, in code page
+936; its output is kept as docs/reference/examples.txt, that of the program as examples-cpp.txt, and
+both are shown on the pages.
 """
 import re
 import sys
@@ -69,6 +70,21 @@ End Sub
 '''
 
 
+CPP_HEAD = """
+#include <fetchkit/FetchKit.h>
+
+#include <cstdio>
+
+#include "demo/SampleHost.h"
+
+using namespace fetchkit;
+
+namespace {
+
+void Print(TextView text) { std::printf("%s\\n", ToUtf8(text).c_str()); }
+"""
+
+
 def is_run(text):
     return "not run by the tests" not in text
 
@@ -102,13 +118,29 @@ def script(notes):
     return "\n".join(parts)
 
 
+def program(notes):
+    parts, calls = [CPP_HEAD], []
+    for note in notes:
+        if note.cpp:
+            parts.append(f"void Example{note.title}([[maybe_unused]] Interface& fetch,\n"
+                         f"    [[maybe_unused]] const SessionConnectionPtr& connection) {{\n{note.cpp}\n}}\n")
+            calls.append(f'  Print(u"== {note.title}");\n  Example{note.title}(fetch, host.connection());')
+    calls = "\n".join(calls)
+    parts.append("}  // namespace\n\nint main() {\n  demo::SampleHost host;\n  host.Switch(\"main\");\n"
+                 f"  Interface fetch;\n  fetch.Initialize(host.connection());\n{calls}\n}}\n")
+    return "\n".join(parts)
+
+
 def main():
     sys.dont_write_bytecode = True
     import make  # which needs OBJECTS of this file
     import typelib
     notes = make.notes_of(typelib.Library(make.ROOT / "component/FetchKit.idl"))
-    text = script(notes.values()).replace("\n", "\r\n")
-    Path(sys.argv[1]).write_bytes(text.encode("gbk"))
+    target = Path(sys.argv[1])
+    if target.suffix == ".cpp":
+        target.write_text(program(notes.values()), encoding="utf-8")
+    else:
+        target.write_bytes(script(notes.values()).replace("\n", "\r\n").encode("gbk"))
 
 
 if __name__ == "__main__":

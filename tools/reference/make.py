@@ -211,6 +211,9 @@ class Notes:
         for name, chinese in re.findall(r"^\| (\w+) \| ([^|]+) \|$", head, re.M):
             if name != "member":
                 self.members[name] = (chinese.strip(), "", f"Print {examples.OBJECTS[self.title]}.{name}")
+        cpp = re.search(r"```cpp\n(.*?)\n```\n?", head, re.S)
+        self.cpp = cpp[1] if cpp else None
+        head = head.replace(cpp[0], "") if cpp else head
         self.introduction = re.sub(r"^\|.*\n?", "", head, flags=re.M).strip()
         for section in sections:
             line, _, rest = section.partition("\n")
@@ -239,6 +242,7 @@ class Reference:
         self.meanings = dict(re.findall(r"^\| ([\w.]+) \| (.+) \|$",
                                         (NOTES / "arguments.md").read_text(encoding="utf-8"), re.M))
         self.records = examples.recorded(NOTES / "examples.txt")
+        self.cpp_records = examples.recorded(NOTES / "examples-cpp.txt")
         self.lacking = []
 
     def need(self, what, where, lack):
@@ -313,6 +317,11 @@ class Reference:
         for path in CONTRACTS.get(name, []):
             # What holds for all members of a header stands behind its first sentence.
             parts.append(self.headers.header_comment(path))
+        self.need(note.cpp, name, f"no C++ example in classes/{name}.md")
+        if self.need(name in self.cpp_records, name, "its C++ example was never run (examples-cpp.txt)"):
+            parts += ["**In C++**, where `fetch` is an `Interface` that is logged in:",
+                      block("cpp", note.cpp or ""), "It prints",
+                      block("text", "\n".join(self.cpp_records[name][0]))]
         if interface.names():
             parts.append(table(["member", "中文", ""], [
                 [f"[{each}]({name.lower()}-{each.lower()})", note.members.get(each, [""])[0],
@@ -349,6 +358,20 @@ class Reference:
                       index(name), escaped(interface.help)]
             for member in interface.members:
                 parts += [f"### {member.name}", block("vb.net", member.vba()), escaped(member.help)]
+        return "\n\n".join(each for each in parts if each) + "\n"
+
+    def connections_page(self):
+        library = typelib.Library(ROOT / "hosts/windows/FetchKitHostLibrary.idl")
+        parts = ["(connections)=", "# FetchKitHost: ready connections 现成的连接",
+                 (NOTES / "connections.md").read_text(encoding="utf-8").strip()]
+        for name, (interface, creatable) in library.classes.items():
+            declared = library.interfaces[interface]
+            parts += [f"## {name}", index(f"FetchKitHost.{name}"), escaped(declared.help) + ".",
+                      f"`CreateObject(\"FetchKitHost.{name}\")` makes one." if creatable else ""]
+            for member in dict.fromkeys(declared.names()):
+                parts += [f"### {name}.{member}", block("vb.net", declared.member(member).vba()),
+                          escaped(self.need(declared.member(member).help, f"{name}.{member}",
+                                            "no help string")) + "."]
         return "\n\n".join(each for each in parts if each) + "\n"
 
     def cpp_page(self, title, headers):
@@ -406,6 +429,7 @@ class Reference:
         made = {f"{name.lower()}.md": self.class_page(name) for name in self.library.classes}
         made["records.md"] = self.records_page()
         made["host-interfaces.md"] = self.host_page()
+        made["connections.md"] = self.connections_page()
         for name, (title, headers) in CPP_PAGES.items():
             made[f"cpp-{name}.md"] = self.cpp_page(title, headers)
         made["names.md"] = self.names_page()
