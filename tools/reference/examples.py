@@ -14,7 +14,7 @@ OBJECTS = {
     "Interface": "fetch", "Activity": "activity", "Utility": "utility", "ListSet": "list",
     "Business": "business", "Organization": "organization", "Operator": "loginOperator",
     "CustomerSs": "customer", "OperatorRight": "rights", "OrganizationRight": "allotted",
-    "TypeDef": "types",
+    "TypeDef": "types", "Diagnostics": "diagnostics",
 }
 
 # At a server of another name it is an account that the library has not seen: nothing is cached, and

@@ -298,7 +298,9 @@ class Reference:
         parts.append(f"**Result.** {result}.")
         whole = self.headers.of_class(name)
         if not contract and not note[1]:
-            self.need(whole is not None and self.headers.text_of(whole), key, "no contract in its header")
+            self.need(self.notes[name].introduction or
+                      (whole is not None and self.headers.text_of(whole)), key,
+                      "no contract in its header or in the introduction of its class")
         parts += [contract, note[1], self.example(name, member)]
         return "\n\n".join(each for each in parts if each)
 
