@@ -256,9 +256,7 @@ class Reference:
                 return self.meanings[key]
         return self.need("", f"{name}.{member}", f"no meaning of {argument} in arguments.md")
 
-    def example(self, name, member):
-        if not member:
-            return ""
+    def example(self, name, member, before):
         _, _, text = self.notes[name].members[member]
         key = f"{name}.{member}"
         if not self.need(text, key, f"no example in classes/{name}.md"):
@@ -271,7 +269,7 @@ class Reference:
                     parts.append("It prints\n\n" + block("text", "\n".join(printed)))
                 parts.append("It sends\n\n" + block("sql", "\n".join(sent)) if sent else
                              "It sends no statement.\n")
-        return "**Example.**\n\n" + "\n".join(parts)
+        return "\n\n".join(["**Example.** " + before, "\n".join(parts)])
 
     def member(self, name, interface, member):
         key = f"{name}.{member}"
@@ -301,7 +299,9 @@ class Reference:
             self.need(self.notes[name].introduction or
                       (whole is not None and self.headers.text_of(whole)), key,
                       "no contract in its header or in the introduction of its class")
-        parts += [contract, note[1], self.example(name, member)]
+        # What ends in a colon speaks of the example.
+        speaks = note[1] if note[1].endswith(":") else ""
+        parts += [contract, "" if speaks else note[1], self.example(name, member, speaks)]
         return "\n\n".join(each for each in parts if each)
 
     def class_page(self, name):
@@ -316,9 +316,9 @@ class Reference:
                  f"`CreateObject(\"FetchKit.{name}\")` makes one." if creatable else
                  "Obtained from an [Interface](interface.md).", note.introduction,
                  self.headers.text_of(whole) if whole is not None else ""]
-        for path in CONTRACTS.get(name, []):
-            # What holds for all members of a header stands behind its first sentence.
-            parts.append(self.headers.header_comment(path))
+        # What holds for all members of a header.
+        parts.append("\n".join(f"- **{Path(path).stem}**: {' '.join(self.headers.header_comment(path).split())}"
+                               for path in CONTRACTS.get(name, [])))
         self.need(note.cpp, name, f"no C++ example in classes/{name}.md")
         if self.need(name in self.cpp_records, name, "its C++ example was never run (examples-cpp.txt)"):
             parts += ["**In C++**, where `fetch` is an `Interface` that is logged in:",
