@@ -15,7 +15,7 @@ def is_code(text):
 def filtered(lines):
     column = None  # of the comment behind the code in the line before
     for line in lines:
-        own = re.match(r"( *)//( .*|)$", line)
+        own = None if "NOLINT" in line else re.match(r"( *)//( .*|)$", line)
         behind = re.match(r"(.*?[;,{}(] *)// (.*)$", line)
         if own and column is not None and len(own[1]) == column:
             line = f"{own[1]}///<{own[2]}"
@@ -32,9 +32,7 @@ def filtered(lines):
 
 with open(sys.argv[1], encoding="utf-8") as source:
     text = source.read().splitlines()
-# What stands in front of "#pragma once" is about the whole file.
+# What stands in front of "#pragma once" is about the whole file; make.py reads it by itself. No line is
+# added or taken away: it also looks at the header by the numbers that Doxygen gives.
 end = next((i for i, line in enumerate(text) if not line.startswith("//")), 0)
-output = [*(f"/// {line[3:]}" for line in text[:end]), *filtered(text[end:])]
-if end:
-    output[0] = "/// \\file\n" + output[0]  # lines are looked at again: see Headers in make.py
-print("\n".join(output))
+print("\n".join([*text[:end], *filtered(text[end:])]))

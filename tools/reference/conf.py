@@ -7,6 +7,7 @@ project = "FetchKit"
 version = release = ".".join(
     re.findall(r"VERSION_(?:MAJOR|MINOR|PATCH) (\d+)$", _header.read_text(encoding="utf-8"), re.M))
 extensions = ["myst_parser"]
+myst_heading_anchors = 3
 html_theme = "sphinx_rtd_theme"
 html_theme_options = {"navigation_depth": 3, "collapse_navigation": False}
 html_title = f"FetchKit {version} reference"

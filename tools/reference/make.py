@@ -233,8 +233,34 @@ def notes_of(library):
     return notes
 
 
+class Statements:
+    """The page of all statements: which of them a member may send, how often, on which tables."""
+
+    def __init__(self, path):
+        self.text = path.read_text(encoding="utf-8") if path.exists() else ""
+        self.of_member = {}  # "Class.Member" -> [(number, how often, tables)]
+        rows = re.findall(r"^\| (\d+) \| (.+?) \| (.+?) \| .*\|$", self.text, re.M)
+        for number, sent, tables in rows:
+            for clause in re.split(r"; (?=`)", sent):
+                names, _, often = clause.partition(": ")
+                for name in re.findall(r"`(\w+\.\w+)`", names):
+                    self.of_member.setdefault(name, []).append((number, often, tables))
+
+    def page(self):
+        # Other documents are not among the pages.
+        return re.sub(r"\[([^\]]+)\]\((?!#)[^)]*\)", r"\1", self.text)
+
+    def shown(self, member):
+        rows = self.of_member.get(member)
+        if not rows:
+            return ""
+        return ("**Statements that it may send**, by their number on the page [of all](statements.md):\n\n" +
+                table(["", "how often", "tables"], rows))
+
+
 class Reference:
     def __init__(self, folder):
+        self.statements = Statements(ROOT / "docs/statements.md")
         self.library = typelib.Library(ROOT / "component/FetchKit.idl")
         self.host = typelib.Library(ROOT / "component/FetchKitHost.idl")
         self.headers = Headers(folder)
@@ -269,7 +295,7 @@ class Reference:
                     parts.append("It prints\n\n" + block("text", "\n".join(printed)))
                 parts.append("It sends\n\n" + block("sql", "\n".join(sent)) if sent else
                              "It sends no statement.\n")
-        return "\n\n".join(["**Example.** " + before, "\n".join(parts)])
+        return "\n\n".join([f"**Example.** {before}".strip(), "\n".join(parts)])
 
     def member(self, name, interface, member):
         key = f"{name}.{member}"
@@ -301,7 +327,8 @@ class Reference:
                       "no contract in its header or in the introduction of its class")
         # What ends in a colon speaks of the example.
         speaks = note[1] if note[1].endswith(":") else ""
-        parts += [contract, "" if speaks else note[1], self.example(name, member, speaks)]
+        parts += [contract, "" if speaks else note[1], self.statements.shown(key),
+                  self.example(name, member, speaks)]
         return "\n\n".join(each for each in parts if each)
 
     def class_page(self, name):
@@ -435,8 +462,11 @@ class Reference:
         for name, (title, headers) in CPP_PAGES.items():
             made[f"cpp-{name}.md"] = self.cpp_page(title, headers)
         made["names.md"] = self.names_page()
+        if self.statements.text:
+            made["statements.md"] = self.statements.page()
         made["index.md"] = (NOTES / "index.md").read_text(encoding="utf-8").replace(
-            "CLASSES", "\n".join(f"{name.lower()}" for name in self.library.classes))
+            "CLASSES", "\n".join(f"{name.lower()}" for name in self.library.classes)).replace(
+            "STATEMENTS\n", "statements\n" if self.statements.text else "")
         for key in self.records:
             name, _, member = key.partition(".")
             if member not in (self.notes[name].members if name in self.notes else ()):
