@@ -166,6 +166,22 @@ script() {
   [[ ${output##*$'\n'} == "0 $2 failed" ]]
 }
 
+# Every example of the reference prints and sends what its page says; after a change the new record
+# stands beside the DLL, to be read and kept.
+examples_of_the_reference() {
+  tools/reference/examples.py "$build/reference.vbs" || return 1
+  wine cscript //nologo reference.vbs >"$build/examples.txt"
+  diff docs/reference/examples.txt "$build/examples.txt"
+}
+# Each sample that can be run prints what stands beside it.
+samples_print() {
+  local samples="Z:${here//\//\\}\\..\\..\\samples"
+  diff samples/prints.txt <(wine cscript //nologo "$samples\\vbscript\\First.vbs") &&
+    diff samples/jscript/First.txt <(wine cscript //nologo "$samples\\jscript\\First.js") &&
+    diff samples/prints.txt <(wine SampleFirst.exe)
+}
+sample_without_registration() { diff samples/prints.txt <(wine SampleFirstUnregistered.exe); }
+
 # How often the DLL, and how often its names with their class, stand in a part of these entries.
 registered() {
   grep -c "^$2.reg .*\\(FetchKit\\.dll\"$\\|\\\\FetchKit\\.[A-Za-z]*\\\\\\\\CLSID\\] @=\\)" <<<"$1"
@@ -211,21 +227,6 @@ filter_opens_windows() {
   grep -q $'^ShowFilter\tFalse$' <<<"$output" && grep -q '^[0-9]* of [0-9]* rows$' <<<"$output" &&
     grep -q $'^bOk\tFalse$' <<<"$output"
 }
-# Every example of the reference prints and sends what its page says; after a change the new record
-# stands beside the DLL, to be read and kept.
-examples_of_the_reference() {
-  tools/reference/examples.py "$build/reference.vbs" || return 1
-  wine cscript //nologo reference.vbs >"$build/examples.txt"
-  diff docs/reference/examples.txt "$build/examples.txt"
-}
-# Each sample that can be run prints what stands beside it.
-samples_print() {
-  local samples="Z:${here//\//\\}\\..\\..\\samples"
-  diff samples/prints.txt <(wine cscript //nologo "$samples\\vbscript\\First.vbs") &&
-    diff samples/jscript/First.txt <(wine cscript //nologo "$samples\\jscript\\First.js") &&
-    diff samples/prints.txt <(wine SampleFirst.exe)
-}
-sample_without_registration() { diff samples/prints.txt <(wine SampleFirstUnregistered.exe); }
 # The resolution of the screen in dots per inch, for the programs that start after it.
 resolution() {
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
@@ -307,6 +308,11 @@ fi
 wine regsvr32 /s /u FetchKit.dll
 wine regsvr32 /s /u /n /i:user FetchKit.dll
 before=$(entries)
+check "a sample runs without registration" sample_without_registration
+for each in FetchKit FetchKitHost; do wine regsvr32 /s $each.dll; done
+check "the reference's examples print what it says" examples_of_the_reference
+check "the samples print what stands beside them" samples_print
+for each in FetchKit FetchKitHost; do wine regsvr32 /s /u $each.dll; done
 check "registers for the machine" registered_for_machine
 check "a script drives it" script late-bound.vbs "late-bound checks"
 check "a script is its host" script script-host.vbs "checks of a script's host"
@@ -317,8 +323,6 @@ if [[ -n $demo ]]; then
     check "a script on the sample accounts prints the demo's $each" \
       same_as_the_demo cscript //nologo sample.vbs for "$each"
   done
-  check "the reference's examples print what it says" examples_of_the_reference
-  check "the samples print what stands beside them" samples_print
   check "FetchKitDemo.exe opens windows" filter_opens_windows
   for each in dates rights format login list; do
     check "FetchKitDemo.exe prints the demo's $each" same_as_the_demo FetchKitDemo.exe for "$each"
@@ -326,7 +330,6 @@ if [[ -n $demo ]]; then
   check "removes FetchKitHost.dll" wine regsvr32 /s /u FetchKitHost.dll
 fi
 check "leaves no key behind" unregistered
-check "a sample runs without registration" sample_without_registration
 check "registers for the user alone" registered_for_user
 check "leaves no key of the user's behind" unregistered /n /i:user
 
