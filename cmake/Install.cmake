@@ -1,4 +1,9 @@
-# `cmake --install` and find_package(FetchKit), with the hosts that were built as COMPONENTS.
+# `cmake --install` and find_package(FetchKit), with the hosts that were built as COMPONENTS. Windows
+# has the component instead.
+if(WIN32)
+  include(cmake/InstallComponent.cmake)
+  return()
+endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -7,7 +12,7 @@ install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PA
 install(EXPORT FetchKitTargets NAMESPACE FetchKit::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/FetchKitConfigVersion.cmake
-                                 COMPATIBILITY SameMinorVersion)
+                                 COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/FetchKitConfig.cmake
               ${PROJECT_BINARY_DIR}/FetchKitConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/FetchKit)
