@@ -3,13 +3,12 @@
 # packs it. The target fetchkit_package builds all of it and nothing else.
 set(PACKAGE_BUILD ${PROJECT_BINARY_DIR}/package)
 set(COMPONENT_DIR ${PROJECT_SOURCE_DIR}/component)
-set(WIDL ${MINGW_WIDL} -I${COMPONENT_DIR} -I${COMPONENT_DIR}/idl -I${PACKAGE_BUILD}/typelib)
+set(WIDL ${MINGW_WIDL} -I${COMPONENT_DIR} -I${COMPONENT_DIR}/idl)
 set(ARCHITECTURE i386:x86-64)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   list(APPEND WIDL --win32)
   set(ARCHITECTURE i386)
 endif()
-set(LIBRARIES FetchKit FetchKitHostInterfaces)
 set(HEADERS FetchKit FetchKitHost)
 set(PACKAGE_DLLS fetchkit_component)
 set(HOST_IDL ${PROJECT_SOURCE_DIR}/hosts/windows/FetchKitHostLibrary.idl)
@@ -19,13 +18,15 @@ if(TARGET fetchkit_host)
 endif()
 
 # In the folder of its source, so that no path of the build machine stands in what it writes.
-set(made ${PACKAGE_BUILD}/typelib/stdole2.tlb)
-set(commands COMMAND ${CMAKE_COMMAND} -E make_directory ${PACKAGE_BUILD}/typelib ${PACKAGE_BUILD}/include
-             COMMAND ${WIDL} -t -o ${made} ${COMPONENT_DIR}/idl/stdole2.idl)
-foreach(name IN LISTS LIBRARIES)
-  list(APPEND made ${PACKAGE_BUILD}/${name}.tlb)
-  list(APPEND commands COMMAND ${WIDL} -t -L${PACKAGE_BUILD}/typelib -o ${PACKAGE_BUILD}/${name}.tlb ${name}.idl)
-endforeach()
+set(own ${PACKAGE_BUILD}/typelib/stdole2.tlb)
+set(interfaces ${PACKAGE_BUILD}/interfaces/stdole2.tlb)
+set(made ${PACKAGE_BUILD}/FetchKit.tlb ${PACKAGE_BUILD}/FetchKitHostInterfaces.tlb)
+set(commands
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${PACKAGE_BUILD}/typelib ${PACKAGE_BUILD}/interfaces ${PACKAGE_BUILD}/include
+  COMMAND ${WIDL} -t -o ${own} idl/stdole2.idl
+  COMMAND ${WIDL} -t -o ${interfaces} idl/stdole2-interfaces.idl
+  COMMAND ${WIDL} -t -L${PACKAGE_BUILD}/typelib -o ${PACKAGE_BUILD}/FetchKit.tlb FetchKit.idl
+  COMMAND ${WIDL} -t -L${PACKAGE_BUILD}/interfaces -o ${PACKAGE_BUILD}/FetchKitHostInterfaces.tlb FetchKitHostInterfaces.idl)
 foreach(name IN LISTS HEADERS)
   set(idl ${name}.idl)
   if(name STREQUAL FetchKitHostLibrary)
@@ -43,7 +44,8 @@ if(TARGET fetchkit_host)
   list(APPEND sources ${HOST_IDL})
 endif()
 add_custom_command(OUTPUT ${made} ${commands} DEPENDS ${sources} ${COMPONENT_DIR}/idl/oaidl.idl
-                   ${COMPONENT_DIR}/idl/stdole2.idl WORKING_DIRECTORY ${COMPONENT_DIR} VERBATIM)
+                   ${COMPONENT_DIR}/idl/stdole2.idl ${COMPONENT_DIR}/idl/stdole2-interfaces.idl
+                   WORKING_DIRECTORY ${COMPONENT_DIR} VERBATIM)
 
 # The DLL keeps its entry points out of its own import library, so that nobody links them by
 # accident; who activates without the registry gets one that has them, in the form that every linker
@@ -83,7 +85,6 @@ foreach(dll IN LISTS PACKAGE_DLLS)
   install(FILES $<TARGET_FILE:${dll}> DESTINATION .)
 endforeach()
 install(FILES ${PROJECT_BINARY_DIR}/FetchKit.manifest DESTINATION .)
-list(FILTER made EXCLUDE REGEX "/stdole2\\.tlb$")
 foreach(file IN LISTS made)
   if(file MATCHES "\\.tlb$")
     install(FILES ${file} DESTINATION .)

@@ -110,7 +110,7 @@ def server_values(server, dll_id, wide):
         text += value(key + "\\ProgID", prog_id)
         text += value(key + "\\TypeLib", library)
         text += value(key + "\\Version", server["version"])
-        text += value(key + "\\Programmable", "", "+")
+        text += value(key + "\\Programmable", "", "*")  # a key alone, which removal takes out
     for id_, name in server["interfaces"]:
         key = "Interface\\{%s}" % id_
         text += value(key, name)
@@ -186,7 +186,7 @@ def write_source(wide, version, stages, path):
 <MajorUpgrade DowngradeErrorMessage="A newer version of FetchKit is installed already. Please remove it first."/>
 <Condition Message="FetchKit needs Windows 7 or newer.">Installed OR VersionNT &gt;= 601</Condition>{condition}
 <CustomAction Id="UserFolder" Property="INSTALLDIR" Value="[LocalAppDataFolder]Programs\\FetchKit\\" Impersonate="yes"/>
-<InstallExecuteSequence><Custom Action="UserFolder" After="CostInitialize">NOT ALLUSERS AND NOT INSTALLDIR AND NOT Installed</Custom></InstallExecuteSequence>
+<InstallExecuteSequence><Custom Action="UserFolder" After="CostInitialize">NOT ALLUSERS AND NOT INSTALLDIR</Custom></InstallExecuteSequence>
 <Directory Id="TARGETDIR" Name="SourceDir"><Directory Id="ProgramFiles{"64" if wide else ""}Folder"><Directory Id="INSTALLDIR" Name="FetchKit">
 {source.directories(source.tree)}
 </Directory></Directory></Directory>
@@ -198,8 +198,25 @@ def write_source(wide, version, stages, path):
     return versioned
 
 
-def query(msi, sql):
-    subprocess.run(["msibuild", msi, "-q", sql], check=True)
+def query(msi, *statements):
+    subprocess.run(["msibuild", msi, "-q", *statements], check=True)
+
+
+def rows(msi, table):
+    text = subprocess.run(["msiinfo", "export", msi, table], check=True, capture_output=True, text=True).stdout
+    return [line.split("\t") for line in text.splitlines()[3:]]
+
+
+def short_names(msi):
+    """Statements that give names longer than 8.3 the short form that the tables ask for beside them."""
+    for table, column, index in (("File", "FileName", 2), ("Directory", "DefaultDir", 2)):
+        for row in rows(msi, table):
+            name = row[index]
+            if row[0] == "TARGETDIR" or re.fullmatch(r"[\w-]{1,8}(\.\w{1,3})?|\.", name):
+                continue
+            stem, dot, end = name.rpartition(".")
+            short = "F" + hashlib.sha256(row[0].encode()).hexdigest()[:7].upper() + (dot + end[:3].upper() if stem else "")
+            yield f"UPDATE `{table}` SET `{column}` = '{short}|{name}' WHERE `{table}` = '{row[0]}'"
 
 
 def pin_summary(msi, epoch):
@@ -239,11 +256,11 @@ def build(wide, version, stages, work, out, epoch):
     env = dict(os.environ, TZ="UTC", SOURCE_DATE_EPOCH=str(epoch))
     subprocess.run(["wixl", "-a", "x64" if wide else "x86", "-o", out, source.name], check=True, env=env,
                    cwd=work)
-    # wixl writes 4 for "for the machine or the user", which the installer knows as -1.
-    query(out, "UPDATE `Registry` SET `Root` = -1 WHERE `Root` = 4")
-    # Without a version in the table, an older DLL in place would be taken for the newer one.
-    for id_ in versioned:
-        query(out, f"UPDATE `File` SET `Version` = '{version}.0', `Language` = '1033' WHERE `File` = '{id_}'")
-    query(out, "UPDATE `Property` SET `Value` = 'INSTALLDIR;MSIINSTALLPERUSER;WIX_DOWNGRADE_DETECTED;"
-               "WIX_UPGRADE_DETECTED' WHERE `Property` = 'SecureCustomProperties'")
+    # wixl writes 4 for "for the machine or the user", which the installer knows as -1. Without a version
+    # in the table, an older DLL in place would be taken for the newer one.
+    query(out, "UPDATE `Registry` SET `Root` = -1 WHERE `Root` = 4", *short_names(out),
+          *(f"UPDATE `File` SET `Version` = '{version}.0', `Language` = '1033' WHERE `File` = '{id_}'"
+            for id_ in versioned),
+          "UPDATE `Property` SET `Value` = 'INSTALLDIR;MSIINSTALLPERUSER;WIX_DOWNGRADE_DETECTED;"
+          "WIX_UPGRADE_DETECTED' WHERE `Property` = 'SecureCustomProperties'")
     pin_summary(out, epoch)
