@@ -14,8 +14,8 @@ int main() {
   BSTR letters = nullptr;
   if (SUCCEEDED(DllGetClassObject(CLSID_Utility, IID_IClassFactory,
                                   reinterpret_cast<void**>(&factory))) &&
-      SUCCEEDED(factory->CreateInstance(nullptr, IID_IUtility,
-                                        reinterpret_cast<void**>(&utility))) &&
+      SUCCEEDED(
+          factory->CreateInstance(nullptr, IID_IUtility, reinterpret_cast<void**>(&utility))) &&
       SUCCEEDED(utility->CellColToString(27, &letters)))
     std::printf("column 27 is %ls\n", letters);
 
