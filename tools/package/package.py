@@ -57,7 +57,8 @@ def stage(build, folder, readme, reference):
             (folder / each).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(ROOT / each, folder / each)
     if reference:
-        shutil.copytree(reference, folder / "reference")
+        # Without what the generator keeps for itself.
+        shutil.copytree(reference, folder / "reference", ignore=shutil.ignore_patterns(".*"))
 
 
 def finish(folder, name, version, epoch, linked):
