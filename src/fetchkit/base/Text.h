@@ -69,6 +69,10 @@ constexpr char16_t UpperAscii(char16_t unit) {
   return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
 }
 
+constexpr bool IsAsciiLetter(char16_t unit) {
+  return UpperAscii(unit) >= u'A' && UpperAscii(unit) <= u'Z';
+}
+
 // Equality without regard to the case of ASCII letters.
 bool EqualFolded(TextView left, TextView right);
 

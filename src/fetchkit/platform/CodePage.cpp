@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "fetchkit/base/Scan.h"
+
 namespace fetchkit {
 namespace {
 
@@ -14,22 +16,37 @@ constexpr std::size_t kUnits = 0x10000;
 using DoubleByteUnits = std::bitset<kUnits>;
 
 // Calls visit(unit, code) for every unit with a code of two bytes. False when the C library has no
-// converter. Asked once for all units: opening a converter for every text would cost more than
-// what is asked of it.
+// converter. All codes are read at once: asking for each unit, of which most have none, takes many
+// times as long. What the codes are read as has those codes, and nothing else has one.
 template <class Visit>
 bool VisitDoubleBytes(Visit visit) {
-  iconv_t converter = iconv_open("GBK", "UTF-16LE");
+  iconv_t converter = iconv_open("UTF-16LE", "GBK");
   if (reinterpret_cast<std::intptr_t>(converter) == -1) return false;
-  for (std::size_t unit = 0x80; unit < kUnits; ++unit) {
-    char in[2] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-    unsigned char out[4];
-    char* inAt = in;
-    char* outAt = reinterpret_cast<char*>(out);
-    std::size_t inLeft = sizeof in;
-    std::size_t outLeft = sizeof out;
-    if (iconv(converter, &inAt, &inLeft, &outAt, &outLeft) == 0 && sizeof out - outLeft == 2)
-      visit(unit, static_cast<std::uint16_t>(out[0] << 8 | out[1]));
+  std::vector<char> codes;
+  for (int lead = 0x81; lead <= 0xFE; ++lead)
+    for (int trail = 0x40; trail <= 0xFE; ++trail) {
+      codes.push_back(static_cast<char>(lead));
+      codes.push_back(static_cast<char>(trail));
+    }
+  std::vector<unsigned char> units(codes.size());
+  char* in = codes.data();
+  std::size_t inLeft = codes.size();
+  while (inLeft > 0) {
+    const char* code = in;
+    char* out = reinterpret_cast<char*>(units.data());
+    std::size_t outLeft = units.size();
+    // Stops in front of a code that has no character.
+    iconv(converter, &in, &inLeft, &out, &outLeft);
+    const std::size_t read = units.size() - outLeft;
+    for (std::size_t at = 0; at < read && code + at < in; at += 2)
+      visit(static_cast<std::size_t>(units[at] | units[at + 1] << 8),
+            static_cast<std::uint16_t>(static_cast<unsigned char>(code[at]) << 8 |
+                                       static_cast<unsigned char>(code[at + 1])));
     iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    if (inLeft > 0) {
+      in += 2;
+      inLeft -= 2;
+    }
   }
   iconv_close(converter);
   return true;
@@ -68,10 +85,21 @@ const Codes& DoubleByteCodes() {
 
 }  // namespace
 
-int CodePageBytes(char16_t unit) {
-  if (unit < 0x80) return 1;
-  static const auto wide = ReadDoubleByteUnits();
-  return wide->test(unit) ? 2 : 1;
+std::size_t CodePageLength(TextView text) {
+  std::size_t length = 0;
+  while (!text.empty()) {
+    // What most texts are made of needs no table.
+    const scan::Han leading = scan::LeadingHan(text);
+    length += leading.units + leading.han;
+    text.remove_prefix(leading.units);
+    if (text.empty()) break;
+    static const auto wide = ReadDoubleByteUnits();
+    const TextView others = text.substr(0, 16);
+    for (const char16_t unit : others)
+      length += unit >= 0x80 && wide->test(unit) ? 2 : 1;
+    text.remove_prefix(others.size());
+  }
+  return length;
 }
 
 std::uint16_t CodePageCode(char16_t unit) {

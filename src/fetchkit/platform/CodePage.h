@@ -1,6 +1,7 @@
 // Code page 936 (GBK): the ANSI code page of a Chinese Windows, for the portable platform.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 
@@ -8,9 +9,9 @@
 
 namespace fetchkit {
 
-// Bytes that the unit takes in code page 936: 1 or 2. What the code page lacks, each half of a
-// surrogate pair included, is one "?".
-int CodePageBytes(char16_t unit);
+// Bytes that the text takes in code page 936: 1 or 2 for each unit. What the code page lacks, each
+// half of a surrogate pair included, is one "?".
+std::size_t CodePageLength(TextView text);
 
 // The unit's code: its byte, or its two bytes with the lead byte in front. That of "?" for what
 // the code page lacks.

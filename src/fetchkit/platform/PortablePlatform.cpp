@@ -9,10 +9,7 @@
 
 namespace fetchkit {
 std::size_t PortablePlatform::AnsiLength(TextView text) const {
-  std::size_t length = 0;
-  for (const char16_t unit : text)
-    length += static_cast<std::size_t>(CodePageBytes(unit));
-  return length;
+  return CodePageLength(text);
 }
 
 std::uint16_t PortablePlatform::AnsiCode(char16_t unit) const {

@@ -12,22 +12,42 @@
 namespace fetchkit {
 namespace {
 
-// Appends count items of list, the first one at from, with joint between them in the place of
-// separator; all that are left when there are fewer. An empty separator never occurs. Answers where
-// the next item begins.
-std::size_t AppendItems(Text& sql, TextView list, std::size_t from, std::size_t count,
-                        TextView separator, TextView joint) {
-  const bool sameJoint = joint == separator;
-  const std::size_t first = from;
-  std::size_t end = from;
-  for (std::size_t item = 0; item < count && end < list.size(); ++item) {
-    end = separator.empty() ? list.size() : std::min(FindText(list, separator, from), list.size());
-    if (!sameJoint) sql.append(item > 0 ? joint : TextView()).append(list.substr(from, end - from));
-    from = end + separator.size();
+// Where the count items end of which the first begins at from: the offset of the separator behind
+// the last one, or the list's end.
+std::size_t EndOfItems(TextView list, std::size_t from, std::size_t count, TextView separator) {
+  if (from >= list.size()) return from;
+  if (separator.size() == 1) {
+    const std::size_t at = scan::FindNthUnit(list.substr(from), separator.front(), count);
+    return at == TextView::npos ? list.size() : from + at;
   }
-  // Items that stay as they stand are copied in one piece.
-  if (sameJoint) sql.append(list.substr(first, end - first));
-  return from;
+  std::size_t end = from;
+  for (Occurrences separators(list, separator); count > 0; --count) {
+    const std::size_t at = separators.Next(end);
+    if (at == TextView::npos) return list.size();
+    if (count == 1) return at;
+    end = at + separator.size();
+  }
+  return end;
+}
+
+// Appends items with joint, of 1 to 4 units, in the place of separator.
+void AppendItems(Text& sql, TextView items, TextView separator, TextView joint) {
+  if (joint == separator || separator.empty()) {
+    sql.append(items);
+    return;
+  }
+  if (separator.size() == 1) {
+    const std::size_t before = sql.size();
+    const std::size_t separators = CountUnit(items, separator.front());
+    sql.resize(before + items.size() + separators * (joint.size() - 1));
+    scan::CopyReplacing(sql.data() + before, items, separator.front(), joint);
+    return;
+  }
+  std::size_t from = 0;
+  Occurrences separators(items, separator);
+  for (std::size_t at; (at = separators.Next(from)) != TextView::npos; from = at + separator.size())
+    sql.append(items.substr(from, at - from)).append(joint);
+  sql.append(items.substr(from));
 }
 
 // The number of the placeholder whose "{" stands at open, when it is one of the first count: its
@@ -100,7 +120,11 @@ Text SqlClauses::DecomposeInClause(TextView strCondName, TextView strIdList, boo
     std::size_t from = 0;
     for (std::size_t group = 0; group < groups; ++group) {
       sql.append(group > 0 ? u"OR " : u"").append(strCondName).append(u" In(").append(quote);
-      from = AppendItems(sql, list, from, groups > 1 && group == 0 ? 999 : 1000, separator, joint);
+      const std::size_t end = group + 1 < groups
+                                  ? EndOfItems(list, from, group == 0 ? 999 : 1000, separator)
+                                  : list.size();
+      AppendItems(sql, list.substr(from, end - from), separator, joint);
+      from = end + separator.size();
       sql.append(quote).append(u") ");
     }
     sql.push_back(u')');
@@ -120,7 +144,9 @@ Text SqlClauses::SplitInClause(TextView strList, TextView strSeparator, TextView
     std::size_t from = 0;
     for (std::size_t group = 0; group < groups; ++group) {
       sql.append(group > 0 ? u" Or " : u"").append(strField).append(u" IN (");
-      from = AppendItems(sql, strList, from, kGroup, strSeparator, u",");
+      const std::size_t end = EndOfItems(strList, from, kGroup, strSeparator);
+      AppendItems(sql, strList.substr(from, end - from), strSeparator, u",");
+      from = end + strSeparator.size();
       sql.push_back(u')');
     }
     return sql;

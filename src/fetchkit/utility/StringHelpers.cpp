@@ -1,7 +1,6 @@
 #include "fetchkit/utility/StringHelpers.h"
 
 #include <algorithm>
-#include <bitset>
 
 #include "fetchkit/base/Guard.h"
 #include "fetchkit/base/Numbers.h"
@@ -17,9 +16,25 @@ std::int32_t ToPosition(std::size_t offset) {
   return static_cast<std::int32_t>(offset + 1);
 }
 
-std::size_t FindWith(CompareMethod method, TextView text, TextView find, std::size_t from) {
-  return method == CompareMethod::Binary ? FindText(text, find, from)
-                                         : FindFolded(text, find, from);
+// How often find stands in text when the search goes on step units behind the begin of each.
+std::int32_t CountOccurrences(TextView text, TextView find, bool folded, std::size_t step) {
+  Occurrences places(text, find, folded);
+  std::int32_t count = 0;
+  for (std::size_t at = 0; (at = places.Next(at)) != TextView::npos; at += step)
+    ++count;
+  return count;
+}
+
+// Whether a text that holds no delimiter is one of the pieces between them.
+bool IsPiece(TextView source, TextView text, char16_t delimiter, bool folded) {
+  Occurrences places(source, text, folded);
+  for (std::size_t at = 0; (at = places.Next(at)) != TextView::npos; ++at) {
+    const std::size_t end = at + text.size();
+    if ((at == 0 || source[at - 1] == delimiter) &&
+        (end == source.size() || source[end] == delimiter))
+      return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -27,51 +42,66 @@ std::size_t FindWith(CompareMethod method, TextView text, TextView find, std::si
 bool StringHelpers::ContainErrorChar(TextView strText, TextView strCheckChar,
                                      TextView strFilterChar) {
   const MemberScope scope;
-  // Marks for the ASCII part, where the sets in use lie, so that a long text is walked once.
-  std::bitset<0x80> marked;
+  // The sets in use are ASCII, so that a long text is walked once.
+  scan::AsciiSet marked;
   bool others = false;
   for (const char16_t unit : strCheckChar) {
-    if (strFilterChar.find(unit) != TextView::npos) continue;
-    if (unit < marked.size()) {
-      marked.set(unit);
+    if (unit > 0 && unit < 0x80) {
+      marked.Add(unit);
     } else {
       others = true;
     }
   }
-  return std::any_of(strText.begin(), strText.end(), [&](char16_t unit) -> bool {
-    if (unit < marked.size()) return marked[unit];
-    return others && strCheckChar.find(unit) != TextView::npos &&
-           strFilterChar.find(unit) == TextView::npos;
-  });
+  for (const char16_t unit : strFilterChar)
+    if (unit < 0x80) marked.Remove(unit);
+  if (scan::FindAnyOf(strText, marked) != TextView::npos) return true;
+  return others && std::any_of(strText.begin(), strText.end(), [&](char16_t unit) {
+           return strCheckChar.find(unit) != TextView::npos &&
+                  strFilterChar.find(unit) == TextView::npos;
+         });
 }
 
 Text StringHelpers::GetNoXString(TextView strText, std::int16_t intNumber, TextView strDelimiter) {
   return GuardedOutermost(u"Utility.GetNoXString", Text(), [&]() -> Text {
-    // Walks no further than the piece that is asked for.
+    // Walks no further than the piece that is asked for; with fewer, the last one answers.
+    const auto wanted = static_cast<std::size_t>(std::max<std::int16_t>(intNumber, 1));
     std::size_t from = 0;
-    for (int piece = 1;; ++piece) {
-      const std::size_t at =
-          strDelimiter.empty() ? TextView::npos : FindText(strText, strDelimiter, from);
-      if (at == TextView::npos || piece >= intNumber)
-        return Text(TrimBlanks(strText.substr(from, at == TextView::npos ? at : at - from)));
-      from = at + strDelimiter.size();
+    std::size_t end = TextView::npos;
+    if (strDelimiter.size() == 1) {
+      const char16_t unit = strDelimiter.front();
+      if (wanted > 1) {
+        const std::size_t before = scan::FindNthUnit(strText, unit, wanted - 1);
+        from = before != TextView::npos ? before + 1 : strText.rfind(unit) + 1;
+      }
+      const std::size_t length = scan::FindNthUnit(strText.substr(from), unit, 1);
+      if (length != TextView::npos) end = from + length;
+    } else {
+      Occurrences delimiters(strText, strDelimiter);
+      end = delimiters.Next(from);
+      for (std::size_t piece = 1; piece < wanted && end != TextView::npos; ++piece) {
+        from = end + strDelimiter.size();
+        end = delimiters.Next(from);
+      }
     }
+    return Text(TrimBlanks(strText.substr(from, end == TextView::npos ? end : end - from)));
   });
 }
 
 std::int32_t StringHelpers::GetNoXPos(TextView strText, std::int16_t intNumber,
                                       TextView strDelimiter) {
   const MemberScope scope;
-  std::size_t from = 0;
-  for (int hit = 1; hit <= intNumber; ++hit) {
-    // A search that starts behind the text finds nothing, not even the empty delimiter.
-    const std::size_t at =
-        from < strText.size() ? FindText(strText, strDelimiter, from) : TextView::npos;
-    if (at == TextView::npos) return 0;
-    if (hit == intNumber) return ToPosition(at);
-    from = at + 1;
-  }
-  return 0;
+  if (intNumber < 1) return 0;
+  // The empty delimiter stands at each place inside the text.
+  if (strDelimiter.empty())
+    return static_cast<std::size_t>(intNumber) <= strText.size() ? intNumber : 0;
+  if (strDelimiter.size() == 1)
+    return ToPosition(
+        scan::FindNthUnit(strText, strDelimiter.front(), static_cast<std::size_t>(intNumber)));
+  Occurrences delimiters(strText, strDelimiter);
+  std::size_t at = delimiters.Next(0);
+  for (int hit = 1; hit < intNumber && at != TextView::npos; ++hit)
+    at = delimiters.Next(at + 1);
+  return ToPosition(at);
 }
 
 std::int32_t StringHelpers::StrCount(TextView strText, TextView strDelimiter) {
@@ -80,24 +110,16 @@ std::int32_t StringHelpers::StrCount(TextView strText, TextView strDelimiter) {
   if (strDelimiter.empty()) return 0;
   if (strDelimiter.size() == 1)
     return static_cast<std::int32_t>(CountUnit(strText, strDelimiter.front()));
-  std::int32_t count = 0;
-  for (std::size_t at = FindText(strText, strDelimiter); at != TextView::npos;
-       at = FindText(strText, strDelimiter, at + strDelimiter.size()))
-    ++count;
-  return count;
+  return CountOccurrences(strText, strDelimiter, false, strDelimiter.size());
 }
 
 std::int32_t StringHelpers::TextCount(TextView strText, TextView strFind,
                                       CompareMethod enmCompareMethod) {
   const MemberScope scope;
-  std::int32_t count = 0;
-  for (std::size_t from = 0; from < strText.size();) {
-    const std::size_t at = FindWith(enmCompareMethod, strText, strFind, from);
-    if (at == TextView::npos) break;
-    ++count;
-    from = at + strFind.size() + 1;
-  }
-  return count;
+  // The empty text stands at each place inside the other.
+  if (strFind.empty()) return static_cast<std::int32_t>(strText.size());
+  return CountOccurrences(strText, strFind, enmCompareMethod != CompareMethod::Binary,
+                          strFind.size() + 1);
 }
 
 std::int32_t StringHelpers::CharCount(TextView strText, TextView strChar) {
@@ -109,7 +131,7 @@ std::int32_t StringHelpers::CharCount(TextView strText, TextView strChar) {
 std::int32_t StringHelpers::StrLen(TextView strText) {
   return GuardedOutermost(u"Utility.StrLen", std::int32_t{0}, [&]() -> std::int32_t {
     return static_cast<std::int32_t>(
-        CurrentPlatform().AnsiLength(strText.substr(0, FindText(strText, TextView(u"\0", 1)))));
+        CurrentPlatform().AnsiLength(strText.substr(0, scan::FindNthUnit(strText, u'\0', 1))));
   });
 }
 
@@ -179,10 +201,22 @@ bool StringHelpers::StrInStr(TextView strSource, TextView strText, TextView strD
                              CompareMethod enmCompareMethod) {
   return GuardedOutermost(u"Utility.StrInStr", false, [&]() -> bool {
     const bool folded = enmCompareMethod != CompareMethod::Binary;
-    const auto pieces = Split(strSource, strDelimiter, folded);
-    return std::any_of(pieces.begin(), pieces.end(), [&](TextView piece) {
+    const auto isText = [&](TextView piece) {
       return folded ? EqualFolded(piece, strText) : piece == strText;
-    });
+    };
+    if (strSource.empty()) return false;
+    if (strDelimiter.size() == 1 && !strText.empty()) {
+      const char16_t delimiter = strDelimiter.front();
+      if (!folded || !IsAsciiLetter(delimiter))
+        return strText.find(delimiter) == TextView::npos &&
+               IsPiece(strSource, strText, delimiter, folded);
+    }
+    std::size_t from = 0;
+    Occurrences delimiters(strSource, strDelimiter, folded);
+    for (std::size_t at; (at = delimiters.Next(from)) != TextView::npos;
+         from = at + strDelimiter.size())
+      if (isText(strSource.substr(from, at - from))) return true;
+    return isText(strSource.substr(from));
   });
 }
 
