@@ -1,6 +1,8 @@
 // Numbers in texts and values, rounded and written.
 #include <cfloat>
 #include <cmath>
+#include <cstdio>
+#include <cstring>
 
 #include "fetchkit/base/Error.h"
 #include "fetchkit/base/Numbers.h"
@@ -17,6 +19,22 @@ bool Near(double a, double b) {
   return a == b || std::fabs(a - b) <= std::max(std::fabs(a), DBL_MIN) * 1e-14;
 }
 
+// The digits of a number's text, without zeros at either end.
+std::string DigitsIn(TextView text) {
+  std::string digits;
+  for (const char16_t unit : text.substr(0, text.find(u'E')))
+    if (unit >= u'0' && unit <= u'9') digits.push_back(static_cast<char>(unit));
+  digits.erase(0, digits.find_first_not_of('0'));
+  digits.erase(digits.find_last_not_of('0') + 1);
+  return digits;
+}
+
+std::string DigitsByPrintf(double value) {
+  char buffer[40];
+  std::snprintf(buffer, sizeof buffer, "%.14e", value);
+  return DigitsIn(FromUtf8(std::string(buffer, std::strchr(buffer, 'e'))));
+}
+
 void CheckWriting(double value, int decimals) {
   const Text text = NumberText(value);
   const Text plain = PlainDecimalText(value);
@@ -25,6 +43,7 @@ void CheckWriting(double value, int decimals) {
     EXPECT_FALSE(IsNumericText(text) || IsNumericText(plain) || IsNumericText(fixed));
     return;
   }
+  EXPECT_EQ(DigitsIn(text), DigitsByPrintf(value));
   const double read = NumericTextToDouble(text);
   EXPECT_TRUE(IsNumericText(text) && Near(value, read)) << ToUtf8(text);
   // Written again, it is the same text, unless rounding made it infinite.

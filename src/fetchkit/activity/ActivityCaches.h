@@ -12,6 +12,7 @@
 #include "fetchkit/base/Text.h"
 #include "fetchkit/base/ThreadState.h"
 #include "fetchkit/session/model/Session.h"
+#include "fetchkit/utility/DateKeywords.h"
 
 namespace fetchkit::MActivity {
 
@@ -32,32 +33,26 @@ struct DateRange {
   Date end;
 };
 
-// A date keyword as it was asked for. Looked up by view, so that a hit allocates nothing.
-template <class Word>
+// A date keyword as it was asked for.
 struct RangeKey {
-  Word keyword;
+  DateRule rule;
   double reference;  // serial of the reference date
   bool financial;
 
-  template <class Other>
-  bool operator==(const RangeKey<Other>& other) const {
-    return reference == other.reference && financial == other.financial && keyword == other.keyword;
-  }
+  bool operator==(const RangeKey&) const = default;
 };
 struct RangeKeyHash {
-  using is_transparent = void;
-  template <class Word>
-  std::size_t operator()(const RangeKey<Word>& key) const {
-    const std::size_t words = std::hash<TextView>()(key.keyword);
-    return words ^ (std::hash<double>()(key.reference) * 2 + (key.financial ? 1 : 0));
+  std::size_t operator()(const RangeKey& key) const {
+    return std::hash<double>()(key.reference) + static_cast<std::size_t>(key.rule) * 2 +
+           (key.financial ? 1 : 0);
   }
 };
 
 // The caches of one account and organization.
 struct LoginCaches {
-  std::unordered_map<double, AccountYear> years;      // by day
-  std::unordered_map<double, AccountPeriod> periods;  // by day
-  std::unordered_map<RangeKey<Text>, DateRange, RangeKeyHash, std::equal_to<>> ranges;
+  std::unordered_map<double, AccountYear> years;                 // by day
+  std::unordered_map<double, AccountPeriod> periods;             // by day
+  std::unordered_map<RangeKey, DateRange, RangeKeyHash> ranges;  // of those that ask the database
 };
 
 // Nothing is ever removed: what the accounting calendar and the schema said first holds for the

@@ -33,13 +33,8 @@ DateRange InOrder(Date one, Date other) {
   return {std::min(one, other), std::max(one, other)};
 }
 
-// The range of a keyword, or of the custom form; nothing for any other word.
-std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference, bool financial);
-
-// What one keyword needs of another is asked by its word, so that it is kept under its own key.
-DateRange RangeOf(Session& session, DateRule rule, Date reference, bool financial) {
-  return RangeOf(session, FindDateWord(&DateWord::rule, rule)->word, reference, financial).value();
-}
+// The range of a keyword's rule; nothing for the rule None.
+std::optional<DateRange> RangeOf(Session& session, DateRule rule, Date reference, bool financial);
 
 Date MonthBegin(Date date) {
   return AddDays(date, 1 - static_cast<int>(DayOf(date)));
@@ -78,7 +73,7 @@ DateRange ThisYear(Session& session, Date date, bool financial) {
     return {begin, AddDays(AddYears(begin, 1), -1)};
   }
   const AccountYear year = FindAccountYear(session, date);
-  if (year.year == 0) return RangeOf(session, DateRule::ThisYear, date, false);
+  if (year.year == 0) return RangeOf(session, DateRule::ThisYear, date, false).value();
   return {year.begin, year.end};
 }
 
@@ -91,7 +86,7 @@ DateRange LastYear(Session& session, Date date, bool financial) {
   } else {
     before = AddYears(date, -1);
   }
-  return RangeOf(session, DateRule::ThisYear, before, financial);
+  return RangeOf(session, DateRule::ThisYear, before, financial).value();
 }
 
 // Counted from the login organization's current period, whatever the reference date; so is the
@@ -105,12 +100,13 @@ DateRange SamePeriodLastYear(Session& session, bool financial) {
     if (row.HasRow())
       return {ReadPeriodDate(row[u"strStartDate"]), ReadPeriodDate(row[u"strEndDate"])};
   }
-  return RangeOf(session, DateRule::SameMonthLastYear, ReferenceDate(session, Date{}), financial);
+  return RangeOf(session, DateRule::SameMonthLastYear, ReferenceDate(session, Date{}), financial)
+      .value();
 }
 
 std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool financial) {
   const auto other = [&](DateRule wanted, Date reference) {
-    return RangeOf(session, wanted, reference, financial);
+    return RangeOf(session, wanted, reference, financial).value();
   };
   switch (rule) {
     case DateRule::Today:
@@ -157,33 +153,58 @@ std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool 
     case DateRule::SameMonthLastYear:
       return MonthRange(AddYears(d, -1));
     case DateRule::LastYearToDate:
-      return {
-          {RangeOf(session, DateRule::ThisYear, AddYears(d, -1), false).begin, AddYears(d, -1)}};
+      return {{YearBegin(AddYears(d, -1)), AddYears(d, -1)}};
     case DateRule::None:
       break;
   }
   return std::nullopt;
 }
 
-std::optional<DateRange> RangeOf(Session& session, TextView word, Date reference, bool financial) {
-  auto& ranges = ActivityCaches::Of(session).ForLogin(session).ranges;
-  const RangeKey<TextView> key{word, reference.serial, financial};
-  if (const auto known = ranges.find(key); known != ranges.end()) return known->second;
+// What the database may be asked for; the others are computed sooner than they are looked up.
+bool IsRemembered(DateRule rule, bool financial) {
+  switch (rule) {
+    case DateRule::ThisPeriod:
+    case DateRule::PeriodToDate:
+    case DateRule::LastPeriod:
+    case DateRule::SamePeriodLastYear:
+      return true;
+    case DateRule::ThisYear:
+    case DateRule::YearToDate:
+    case DateRule::LastYear:
+      return financial;
+    default:
+      return false;
+  }
+}
 
-  // A date that no calendar holds is refused for every word alike.
+std::optional<DateRange> RangeOf(Session& session, DateRule rule, Date reference, bool financial) {
+  if (!IsRemembered(rule, financial)) {
+    // A date that no calendar holds is refused for every word alike.
+    YmdOf(reference);
+    return Evaluate(session, rule, reference, financial);
+  }
+  auto& ranges = ActivityCaches::Of(session).ForLogin(session).ranges;
+  const RangeKey key{rule, reference.serial, financial};
+  if (const auto known = ranges.find(key); known != ranges.end()) return known->second;
+  YmdOf(reference);
+  const auto range = Evaluate(session, rule, reference, financial);
+  if (range) ranges.insert_or_assign(key, *range);
+  return range;
+}
+
+// The range of a keyword, or of the custom form; nothing for any other word.
+std::optional<DateRange> RangeOfWord(Session& session, TextView word, Date reference,
+                                     bool financial) {
+  if (const DateWord* keyword = DateWordOf(word); keyword != nullptr)
+    return RangeOf(session, keyword->rule, reference, financial);
   YmdOf(reference);
   // The test trims and the cut does not.
-  if (const TextView trimmed = TrimBlanks(word);
-      trimmed.size() > kCustomRange.size() && trimmed.starts_with(kCustomRange)) {
-    const TextView dates = word.substr(kCustomRange.size() + 1);
-    return InOrder(DateOrToday(StringHelpers::GetNoXString(dates, 1, u",")),
-                   DateOrToday(StringHelpers::GetNoXString(dates, 2, u",")));
-  }
-  const DateWord* keyword = FindDateWord(&DateWord::word, word);
-  if (keyword == nullptr) return std::nullopt;
-  const auto range = Evaluate(session, keyword->rule, reference, financial);
-  if (range) ranges.insert_or_assign({Text(word), reference.serial, financial}, *range);
-  return range;
+  const TextView trimmed = TrimBlanks(word);
+  if (trimmed.size() <= kCustomRange.size() || !trimmed.starts_with(kCustomRange))
+    return std::nullopt;
+  const TextView dates = word.substr(kCustomRange.size() + 1);
+  return InOrder(DateOrToday(StringHelpers::GetNoXString(dates, 1, u",")),
+                 DateOrToday(StringHelpers::GetNoXString(dates, 2, u",")));
 }
 
 }  // namespace
@@ -193,7 +214,7 @@ bool GetBeginAndEndDate(Session& session, TextView strDateType, Date& dNow, Date
   return Guarded(u"Activity.GetBeginAndEndDate", false, [&] {
     const Date reference = ReferenceDate(session, dNow);
     dNow = reference;
-    const auto range = RangeOf(session, strDateType, reference, blnFinancial);
+    const auto range = RangeOfWord(session, strDateType, reference, blnFinancial);
     if (!range) return false;
     dteBegin = range->begin;
     dteEnd = range->end;

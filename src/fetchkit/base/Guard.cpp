@@ -22,19 +22,12 @@ Text DescribeCurrentError() {
 
 }  // namespace
 
-void MemberScope::Begin(LastError atBegin) noexcept {
+ThreadState* MemberScope::FirstOnThread() noexcept {
   try {
-    thread_ = &CurrentThread();
+    return &CurrentThread();
   } catch (...) {
-    return;
+    return nullptr;
   }
-  thread_->memberAtWork = true;
-  if (atBegin == LastError::Cleared) thread_->lastError.clear();
-}
-
-void MemberScope::End() const noexcept {
-  // The thread may have been released meanwhile.
-  if (thread_ != nullptr && thread_ == GetThreadSlot()) thread_->memberAtWork = false;
 }
 
 void NoteCurrentError(TextView what, Severity severity) noexcept {

@@ -27,13 +27,18 @@ enum class LastError { Cleared, Kept };
 // touches the last error, the others cost no more than a look at the thread.
 class MemberScope {
  public:
-  explicit MemberScope(LastError atBegin = LastError::Cleared) noexcept {
-    const void* state = GetThreadSlot();
-    outermost_ = state == nullptr || !static_cast<const ThreadState*>(state)->memberAtWork;
-    if (outermost_) Begin(atBegin);
+  explicit MemberScope(LastError atBegin = LastError::Cleared) noexcept
+      : thread_(static_cast<ThreadState*>(GetThreadSlot())) {
+    if (thread_ == nullptr) thread_ = FirstOnThread();
+    outermost_ = thread_ == nullptr || !thread_->memberAtWork;
+    if (!outermost_ || thread_ == nullptr) return;
+    thread_->memberAtWork = true;
+    if (atBegin == LastError::Cleared) thread_->lastError.clear();
   }
   ~MemberScope() {
-    if (outermost_) End();
+    // The thread may have been released meanwhile.
+    if (outermost_ && thread_ != nullptr && thread_ == GetThreadSlot())
+      thread_->memberAtWork = false;
   }
   MemberScope(const MemberScope&) = delete;
   MemberScope& operator=(const MemberScope&) = delete;
@@ -41,10 +46,10 @@ class MemberScope {
   bool IsOutermost() const { return outermost_; }
 
  private:
-  void Begin(LastError atBegin) noexcept;
-  void End() const noexcept;
+  // Null when there is no memory for a thread's state.
+  static ThreadState* FirstOnThread() noexcept;
 
-  ThreadState* thread_ = nullptr;  // null: not the outermost, or no memory for one
+  ThreadState* thread_;
   bool outermost_;
 };
 

@@ -63,7 +63,10 @@ struct Blocks {
         hits = Add(hits, HitsOfTurn(text + at, wanted));
       count += hits.Sum();
     }
-    return count;
+    Block hits = Block::Zero();
+    for (; at + kUnits <= size; at += kUnits)
+      hits = Subtract(hits, Equal(Block::Load(text + at), wanted));
+    return count + hits.Sum();
   }
 
   static void Skip(const char16_t* text, std::size_t size, char16_t unit, std::size_t& n,

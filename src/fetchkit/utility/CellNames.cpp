@@ -1,6 +1,7 @@
 #include "fetchkit/utility/CellNames.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -97,12 +98,18 @@ bool CellNames::CellIsValid(TextView strCell, Text& strMsg) {
 
 Text CellNames::CellColToString(std::int16_t intCol) {
   return GuardedOutermost(u"Utility.CellColToString", Text(), [&]() -> Text {
-    if (intCol < 1) return {};
-    Text name;
-    if (intCol > 26)
-      name = CellColToString(static_cast<std::int16_t>(RoundHalfToEven((intCol - 1) / 26.0)));
-    name.push_back(static_cast<char16_t>((intCol - 1) % 26 + 65));
-    return name;
+    // From the last letter on; four are enough for every column.
+    std::array<char16_t, 4> letters;
+    std::size_t first = letters.size();
+    for (int column = intCol; column >= 1;) {
+      const int before = column - 1;
+      letters[--first] = static_cast<char16_t>(before % 26 + u'A');
+      // The quotient is rounded half to even.
+      const int whole = before / 26;
+      const int rest = before % 26;
+      column = column > 26 ? whole + (rest > 13 || (rest == 13 && whole % 2 != 0) ? 1 : 0) : 0;
+    }
+    return Text(letters.data() + first, letters.size() - first);
   });
 }
 

@@ -94,6 +94,35 @@ constexpr const DateWord* FindDateWord(Part DateWord::*part, Part value) {
   return row == std::end(kDateWords) ? nullptr : row;
 }
 
+namespace detail {
+constexpr std::size_t DateWordSlot(TextView word) {
+  return word.empty() ? 0 : (word.front() * 31u + word.back() * 7u + word.size()) % 64;
+}
+
+// Each row's number, from 1, in the slot of its word or behind it; 0 where none is.
+inline constexpr auto kDateWordSlots = [] {
+  std::array<unsigned char, 64> slots{};
+  static_assert(std::size(kDateWords) < 64);
+  for (std::size_t row = 0; row < std::size(kDateWords); ++row) {
+    std::size_t slot = DateWordSlot(kDateWords[row].word);
+    while (slots[slot] != 0)
+      slot = (slot + 1) % slots.size();
+    slots[slot] = static_cast<unsigned char>(row + 1);
+  }
+  return slots;
+}();
+}  // namespace detail
+
+// The row of a word, as quickly as a formula is recalculated; null when it is none.
+constexpr const DateWord* DateWordOf(TextView word) {
+  for (std::size_t slot = detail::DateWordSlot(word); detail::kDateWordSlots[slot] != 0;
+       slot = (slot + 1) % detail::kDateWordSlots.size()) {
+    const DateWord& row = kDateWords[detail::kDateWordSlots[slot] - 1];
+    if (row.word == word) return &row;
+  }
+  return nullptr;
+}
+
 // The words with a range.
 inline constexpr auto kDateKeywords = [] {
   constexpr auto hasRange = [](const DateWord& each) { return each.rule != DateRule::None; };

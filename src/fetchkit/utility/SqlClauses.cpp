@@ -1,6 +1,7 @@
 #include "fetchkit/utility/SqlClauses.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "fetchkit/base/Guard.h"
@@ -71,29 +72,73 @@ std::size_t PlaceholderSize(std::size_t number) {
   return size;
 }
 
-// Calls copy(text) for what stays and put(number) for what is replaced, from left to right.
-template <class Copy, class Put>
-void WalkPlaceholders(TextView format, std::size_t count, Copy copy, Put put) {
-  std::size_t copied = 0;
-  for (std::size_t open = FindText(format, u"{"); open != TextView::npos;
-       open = FindText(format, u"{", open + 1)) {
-    const auto number = PlaceholderAt(format, open, count);
-    if (!number) continue;
-    copy(format.substr(copied, open - copied));
-    put(*number);
-    copied = open + PlaceholderSize(*number);
-  }
-  copy(format.substr(copied));
+// A placeholder of a format: where its "{" stands, and its number.
+struct Hole {
+  std::size_t open;
+  std::size_t number;
+};
+
+// Calls visit(hole) for each placeholder, from left to right.
+template <class Visit>
+void VisitHoles(TextView format, std::size_t count, Visit visit) {
+  Occurrences braces(format, u"{");
+  for (std::size_t open = 0; (open = braces.Next(open)) != TextView::npos; ++open)
+    if (const auto number = PlaceholderAt(format, open, count)) visit(Hole{open, *number});
 }
 
 // Whether a "{" has nothing but digits between it and the unit, or, with orEnd, the end.
 bool OpenBraceLeadsTo(char16_t unit, bool orEnd, TextView text) {
-  for (std::size_t open = FindText(text, u"{"); open != TextView::npos;
-       open = FindText(text, u"{", open + 1)) {
-    const std::size_t next = text.find_first_not_of(u"0123456789", open + 1);
-    if (next == TextView::npos ? orEnd : text[next] == unit) return true;
+  Occurrences braces(text, u"{");
+  for (std::size_t open = 0; (open = braces.Next(open)) != TextView::npos; ++open) {
+    std::size_t next = open + 1;
+    while (next < text.size() && text[next] >= u'0' && text[next] <= u'9')
+      ++next;
+    if (next == text.size() ? orEnd : text[next] == unit) return true;
   }
   return false;
+}
+
+// valueAt(number) answers a view that stays.
+template <class ValueAt>
+Text Format(TextView format, std::size_t count, ValueAt valueAt) {
+  // The first ones are remembered; a format with more is walked again.
+  std::array<Hole, 64> holes;
+  std::size_t found = 0;
+  std::size_t length = format.size();
+  // An insertion can become part of a placeholder in two ways only: behind an open brace of the
+  // format, as in "{1{0}}", and by bringing in one itself.
+  bool mayNest = OpenBraceLeadsTo(u'{', false, format);
+  VisitHoles(format, count, [&](Hole hole) {
+    const TextView value = valueAt(hole.number);
+    length = length - PlaceholderSize(hole.number) + value.size();
+    mayNest = mayNest || OpenBraceLeadsTo(u'}', true, value);
+    if (found < holes.size()) holes[found] = hole;
+    ++found;
+  });
+  if (mayNest) {
+    // What one value brings in, the next ones may replace: number by number, as it is defined.
+    Text text(format);
+    for (std::size_t number = 0; number < count; ++number) {
+      const Text placeholder = Join(u"{", number, u"}");
+      if (FindText(text, placeholder) != TextView::npos)
+        text = ReplaceText(text, placeholder, valueAt(number));
+    }
+    return text;
+  }
+  Text text;
+  text.reserve(length);
+  std::size_t copied = 0;
+  const auto fill = [&](Hole hole) {
+    text.append(format.substr(copied, hole.open - copied)).append(valueAt(hole.number));
+    copied = hole.open + PlaceholderSize(hole.number);
+  };
+  if (found <= holes.size()) {
+    for (std::size_t i = 0; i < found; ++i)
+      fill(holes[i]);
+  } else {
+    VisitHoles(format, count, fill);
+  }
+  return text.append(format.substr(copied));
 }
 
 }  // namespace
@@ -185,32 +230,8 @@ Text SqlClauses::FormatLink(TextView strClause, TextView strText, TextView strLi
 
 Text SqlClauses::FormatString(TextView strFormatText, const std::vector<Text>& arrValues) {
   return GuardedOutermost(u"Utility.FormatString", Text(), [&]() -> Text {
-    std::size_t length = 0;
-    // An insertion can become part of a placeholder in two ways only: behind an open brace of the
-    // format, as in "{1{0}}", and by bringing in one itself.
-    bool mayNest = OpenBraceLeadsTo(u'{', false, strFormatText);
-    WalkPlaceholders(
-        strFormatText, arrValues.size(), [&](TextView text) { length += text.size(); },
-        [&](std::size_t number) {
-          length += arrValues[number].size();
-          mayNest = mayNest || OpenBraceLeadsTo(u'}', true, arrValues[number]);
-        });
-    if (mayNest) {
-      // What one value brings in, the next ones may replace: number by number, as it is defined.
-      Text text(strFormatText);
-      for (std::size_t number = 0; number < arrValues.size(); ++number) {
-        const Text placeholder = Join(u"{", number, u"}");
-        if (FindText(text, placeholder) != TextView::npos)
-          text = ReplaceText(text, placeholder, arrValues[number]);
-      }
-      return text;
-    }
-    Text text;
-    text.reserve(length);
-    WalkPlaceholders(
-        strFormatText, arrValues.size(), [&](TextView piece) { text.append(piece); },
-        [&](std::size_t number) { text.append(arrValues[number]); });
-    return text;
+    return Format(strFormatText, arrValues.size(),
+                  [&](std::size_t number) { return TextView(arrValues[number]); });
   });
 }
 
@@ -219,11 +240,18 @@ Text SqlClauses::FormatString(TextView strFormatText, const Value& arrValues) {
     const auto* array = std::get_if<Value::Array>(&arrValues.data());
     if (array == nullptr || *array == nullptr)
       throw ConvertError(ErrorKind::TypeMismatch, u"The values are no array.");
-    std::vector<Text> values;
-    values.reserve((*array)->items.size());
-    for (const Value& item : (*array)->items)
-      values.push_back(ToText(item));
-    return FormatString(strFormatText, values);
+    const std::vector<Value>& items = (*array)->items;
+    // Texts stand where they are; what is none becomes one here.
+    std::vector<Text> made;
+    for (std::size_t number = 0; number < items.size(); ++number)
+      if (!items[number].Is<Text>()) {
+        made.resize(items.size());
+        made[number] = ToText(items[number]);
+      }
+    return Format(strFormatText, items.size(), [&](std::size_t number) {
+      const auto* text = std::get_if<Text>(&items[number].data());
+      return TextView(text != nullptr ? *text : made[number]);
+    });
   });
 }
 

@@ -234,7 +234,8 @@ bool StringHelpers::DateIsValid(const Value& varDate) {
       return true;
     }
     const Text text = ToTextOrEmpty(varDate);
-    if (std::find(kDateKeywords.begin(), kDateKeywords.end(), text) != kDateKeywords.end())
+    if (const DateWord* keyword = DateWordOf(text);
+        keyword != nullptr && keyword->rule != DateRule::None)
       return true;
     const Platform& platform = CurrentPlatform();
     if (FindText(text, kCustomRange) != TextView::npos) {
