@@ -40,9 +40,14 @@ Date MonthBegin(Date date) {
   return AddDays(date, 1 - static_cast<int>(DayOf(date)));
 }
 
-DateRange MonthRange(Date date) {
+// That many months from the one of the date on.
+DateRange MonthsFrom(Date date, int months) {
   const Date begin = MonthBegin(date);
-  return {begin, AddDays(AddMonths(begin, 1), -1)};
+  return {begin, AddDays(AddMonths(begin, months), -1)};
+}
+
+DateRange MonthRange(Date date) {
+  return MonthsFrom(date, 1);
 }
 
 // At midnight, unlike the dates that are counted from the reference date.
@@ -54,8 +59,17 @@ Date WeekBegin(Date date) {
   return AddDays(date, 1 - WeekdayOf(date));
 }
 
-Date QuarterMonth(Date date, int number) {
-  return AddMonths(date, number - static_cast<int>(MonthOf(date) - 1) % 3);
+DateRange WeekRange(Date date) {
+  const Date begin = WeekBegin(date);
+  return {begin, AddDays(begin, 6)};
+}
+
+Date QuarterBegin(Date date) {
+  return MonthBegin(AddMonths(date, -(static_cast<int>(MonthOf(date) - 1) % 3)));
+}
+
+DateRange QuarterRange(Date date) {
+  return MonthsFrom(QuarterBegin(date), 3);
 }
 
 Date YearBegin(Date date) {
@@ -105,18 +119,15 @@ DateRange SamePeriodLastYear(Session& session, bool financial) {
 }
 
 std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool financial) {
-  const auto other = [&](DateRule wanted, Date reference) {
-    return RangeOf(session, wanted, reference, financial).value();
-  };
   switch (rule) {
     case DateRule::Today:
       return {{d, d}};
     case DateRule::ThisWeek:
-      return {{WeekBegin(d), AddDays(WeekBegin(d), 6)}};
+      return WeekRange(d);
     case DateRule::WeekToDate:
       return {{WeekBegin(d), d}};
     case DateRule::LastWeek:
-      return other(DateRule::ThisWeek, AddDays(d, -7));
+      return WeekRange(AddDays(d, -7));
     case DateRule::ThisPeriod:
       return PeriodRange(session, d);
     case DateRule::PeriodToDate:
@@ -128,7 +139,7 @@ std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool 
     case DateRule::MonthToDate:
       return {{MonthBegin(d), d}};
     case DateRule::LastMonth:
-      return other(DateRule::ThisMonth, AddMonths(d, -1));
+      return MonthRange(AddMonths(d, -1));
     case DateRule::FirstTenDays:
       return {{DayInMonth(d, 1), DayInMonth(d, 10)}};
     case DateRule::SecondTenDays:
@@ -136,12 +147,11 @@ std::optional<DateRange> Evaluate(Session& session, DateRule rule, Date d, bool 
     case DateRule::RestOfMonth:
       return {{DayInMonth(d, 21), AddDays(AddMonths(DayInMonth(d, 1), 1), -1)}};
     case DateRule::ThisQuarter:
-      return {{other(DateRule::ThisMonth, QuarterMonth(d, 0)).begin,
-               other(DateRule::ThisMonth, QuarterMonth(d, 2)).end}};
+      return QuarterRange(d);
     case DateRule::QuarterToDate:
-      return {{other(DateRule::ThisMonth, QuarterMonth(d, 0)).begin, d}};
+      return {{QuarterBegin(d), d}};
     case DateRule::LastQuarter:
-      return other(DateRule::ThisQuarter, AddMonths(d, -3));
+      return QuarterRange(AddMonths(d, -3));
     case DateRule::ThisYear:
       return ThisYear(session, d, financial);
     case DateRule::YearToDate:
