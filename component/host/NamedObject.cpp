@@ -70,11 +70,13 @@ NamedObject::Member& NamedObject::Find(TextView name) {
   auto* wide = text.get();
   Member member;
   HRESULT found = DISP_E_UNKNOWNNAME;
-  if (name.empty()) {
+  if (object_ && name.empty()) {
     found = S_OK;
     member.id = DISPID_VALUE;
   } else if (script_) {
     found = script_->GetDispID(wide, fdexNameCaseInsensitive, &member.id);
+    // Not every language can look without regard to letter case.
+    if (FAILED(found)) found = script_->GetDispID(wide, fdexNameCaseSensitive, &member.id);
   } else if (object_) {
     found = object_->GetIDsOfNames(IID_NULL, &wide, 1, LOCALE_USER_DEFAULT, &member.id);
   }
