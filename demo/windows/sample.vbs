@@ -8,7 +8,7 @@
 ' written \uXXXX and go through the host's Unescaped.
 Option Explicit
 
-Dim host, entry, connection, loginName, freshLogins
+Dim host, entry, diagnostics, connection, loginName, freshLogins
 freshLogins = 0
 Main
 
@@ -26,6 +26,7 @@ End Sub
 Sub Run(command)
   Set host = CreateObject("FetchKitHost.Sample")
   Set entry = CreateObject("FetchKit.Interface")
+  Set diagnostics = CreateObject("FetchKit.Diagnostics")
   LogIn ""
   Select Case command
     Case "dates" ShowDates
@@ -35,6 +36,8 @@ Sub Run(command)
   End Select
   ' The library gives back what it opens, whatever it was asked.
   If host.OpenRecordsets <> 0 Then Fail host.OpenRecordsets & " recordsets were not given back"
+  ' What fails is quiet, but it is counted.
+  If diagnostics.FailureCount <> 0 Then Fail diagnostics.LastFailure
 End Sub
 
 Sub Fail(why)
