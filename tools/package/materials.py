@@ -21,11 +21,17 @@ def macros(compiler, source):
 
 
 def parts(compiler, sqlite_header):
-    """What stands in the files beside FetchKit: name, version, license, the files."""
-    unihan = ("Unihan readings", "15.0.0", "Unicode-DFS-2016",
-              ("FetchKit.dll", "FetchKitHost.dll", "libFetchKit.a"))
+    """What stands in the files beside FetchKit: name, version, license, the files; a version where
+    they say one."""
+    everywhere = [
+        ("Unihan readings", "15.0.0", "Unicode-DFS-2016",
+         ("FetchKit.dll", "FetchKitHost.dll", "libFetchKit.a")),
+        ("Sphinx and its theme", NONE, "BSD-2-Clause AND MIT AND BSD-3-Clause",
+         ("searchtools.js", "language_data.js", "theme.js", "theme.css", "jquery.js", "underscore.js")),
+        ("Font Awesome", "4.7", "OFL-1.1 AND MIT", ("fontawesome-webfont.woff2",)),
+    ]
     if not compiler:
-        return [unihan]
+        return everywhere
     known = macros(compiler, "#include <_mingw.h>\n")
     mingw = ".".join(known[f"__MINGW64_VERSION_{each}"] for each in ("MAJOR", "MINOR", "BUGFIX"))
     gcc = ".".join(known[f"__GNUC{each}__"] for each in ("", "_MINOR", "_PATCHLEVEL"))
@@ -33,7 +39,7 @@ def parts(compiler, sqlite_header):
     sqlite = re.search(r'#define SQLITE_VERSION +"([0-9.]+)"', open(sqlite_header).read())[1]
     dlls = ("FetchKit.dll", "FetchKitHost.dll")
     return [
-        unihan,
+        *everywhere,
         ("winpthreads", mingw, "MIT AND BSD-3-Clause", dlls),
         ("mingw-w64 C run-time", mingw, "ZPL-2.1 AND LicenseRef-Lucent AND LicenseRef-Public-Domain", dlls),
         ("libstdc++ and libgcc", gcc, "GPL-3.0-or-later WITH GCC-exception-3.1", dlls),
@@ -74,7 +80,10 @@ def write(folder, name, version, epoch, linked):
             "filesAnalyzed": False, "licenseConcluded": license_, "licenseDeclared": license_,
             "copyrightText": "See NOTICE"})
         for each in holders:
-            describe(by_name[each], "STATIC_LINK", id_)
+            if each.endswith((".dll", ".a")):
+                describe(by_name[each], "STATIC_LINK", id_)
+            else:
+                describe(id_, "CONTAINS", by_name[each])
     whole = {
         "SPDXID": "SPDXRef-FetchKit", "name": "FetchKit", "versionInfo": version, "supplier": AUTHORS,
         "downloadLocation": NONE, "filesAnalyzed": True, "licenseConcluded": "MIT",

@@ -57,8 +57,10 @@ def stage(build, folder, readme, reference):
             (folder / each).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(ROOT / each, folder / each)
     if reference:
-        # Without what the generator keeps for itself.
-        shutil.copytree(reference, folder / "reference", ignore=shutil.ignore_patterns(".*"))
+        # Without what the generator keeps for itself, and without its fonts but the one that holds
+        # signs: every system has a font for texts.
+        shutil.copytree(reference, folder / "reference", ignore=shutil.ignore_patterns(
+            ".*", "Lato-*", "RobotoSlab-*", "*.eot", "*.ttf", "*.woff", "fontawesome*.svg"))
 
 
 def finish(folder, name, version, epoch, linked):
