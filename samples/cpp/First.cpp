@@ -5,6 +5,7 @@
 //
 //     cl /std:c++17 /EHsc /utf-8 First.cpp ole32.lib oleaut32.lib
 #include <windows.h>
+
 #include <oleauto.h>
 
 #include <cstdio>
@@ -48,8 +49,8 @@ class Bstr {
 
 void Print(const std::wstring& line) {
   std::string utf8(line.size() * 3, '\0');
-  const int size = WideCharToMultiByte(CP_UTF8, 0, line.data(), static_cast<int>(line.size()), &utf8[0],
-                                       static_cast<int>(utf8.size()), nullptr, nullptr);
+  const int size = WideCharToMultiByte(CP_UTF8, 0, line.data(), static_cast<int>(line.size()),
+                                       &utf8[0], static_cast<int>(utf8.size()), nullptr, nullptr);
   std::printf("%.*s\n", size, utf8.data());
 }
 
@@ -84,8 +85,8 @@ HRESULT SampleConnection(IDispatch* host, IDispatch** connection) {
   argument.vt = VT_BSTR;
   argument.bstrVal = login;
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
-  result = host->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, &answer, nullptr,
-                        nullptr);
+  result = host->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, &answer,
+                        nullptr, nullptr);
   if (SUCCEEDED(result)) *connection = answer.pdispVal;
   return result;
 }
@@ -102,7 +103,8 @@ int Run() {
   Bstr name;
   if (SUCCEEDED(result)) fetch->get_LoginOrganizationName(name.address());
   if (name.str().empty()) {
-    std::fprintf(stderr, "The login did not come in (0x%08lX).\n", static_cast<unsigned long>(result));
+    std::fprintf(stderr, "The login did not come in (0x%08lX).\n",
+                 static_cast<unsigned long>(result));
     return 1;
   }
 
