@@ -10,6 +10,9 @@
 namespace fetchkit::hosts::typing {
 namespace {
 
+// Of a column in every server.
+constexpr std::size_t kLongestName = 60;
+
 const std::vector<TextView> kSets = {u"UNION", u"INTERSECT", u"EXCEPT"};
 const std::vector<TextView> kJoins = {u"JOIN", u"INNER", u"LEFT",   u"RIGHT",
                                       u"FULL", u"CROSS", u"NATURAL"};
@@ -239,7 +242,8 @@ bool TypedStatement::List(Tokens& list, Use use, bool keepsQuotients) {
         item.isColumn = isName && EqualFolded(item.alias, NameOf(tokens_[at_]));
         item.alias = NameOf(tokens_[at_]);
         Take(list);
-      } else if (node.tokens.size() != end - begin) {
+      } else if (node.tokens.size() != end - begin &&
+                 (!isServer_ || item.key.size() < kLongestName)) {
         // The database names a column after its text: the one that was sent.
         list.push_back({TokenKind::Word, u"AS", tokens_[begin].position, true});
         list.push_back({TokenKind::QuotedName, InDoubleQuotes(ToSql(Slice(tokens_, begin, end))),

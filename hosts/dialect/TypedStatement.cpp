@@ -170,7 +170,8 @@ void TypedStatement::RequireDate(const Node& node) const {
   // yyyy-MM-dd, with or without hh:mm:ss
   bool isDate = node.type == Text && node.isLiteral && (text.size() == 11 || text.size() == 20) &&
                 text[4] == u'-' && text[7] == u'-' &&
-                DateFromYmd(number(0, 4), number(5, 2), number(8, 2));
+                DateFromYmd(number(0, 4), static_cast<unsigned>(number(5, 2)),
+                            static_cast<unsigned>(number(8, 2)));
   if (isDate && text.size() == 20)
     isDate = text[10] == u' ' && text[13] == u':' && text[16] == u':' && number(11, 2) >= 0 &&
              number(11, 2) < 24 && number(14, 2) >= 0 && number(14, 2) < 60 && number(17, 2) >= 0 &&

@@ -54,10 +54,9 @@ hosts::TypedColumn TypeOf(const odbc::ColumnDescription& column) {
 
 // A date that a driver may have put in the place of one that it cannot read: the day on which it
 // did so, without a time, and the last second of all. Midnight may have passed since.
-bool IsDoubtful(const Value& value) {
+bool IsDoubtful(const Value& value, double today) {
   const auto* date = std::get_if<Date>(&value.data());
   if (date == nullptr) return false;
-  const double today = SystemDate().serial;
   return date->serial == today || date->serial == today - 1 || date->serial > 2'958'465.999;
 }
 
@@ -122,14 +121,20 @@ class OdbcConnection::Session : public hosts::Catalog {
 
   odbc::Rows Query(TextView sql) {
     odbc::Rows rows = NewStatement().Query(sql);
-    if (!engine_.MistakesDates() || std::none_of(rows.cells.begin(), rows.cells.end(), IsDoubtful))
-      return rows;
+    if (!engine_.MistakesDates()) return rows;
+    const double today = SystemDate().serial;
+    const std::size_t width = rows.names.size();
+    std::vector<bool> isDoubtful(width);
+    for (std::size_t i = 0; i < rows.cells.size(); ++i)
+      if (IsDoubtful(rows.cells[i], today)) isDoubtful[i % width] = true;
+    if (std::count(isDoubtful.begin(), isDoubtful.end(), true) == 0) return rows;
+    // Rows may come in another order.
     const odbc::Rows years = NewStatement().QueryYears(sql);
-    for (std::size_t i = 0; i < std::min(years.cells.size(), rows.cells.size()); ++i) {
-      if (!IsDoubtful(rows.cells[i]) || years.cells[i].IsNull()) continue;
+    for (std::size_t i = 0; i < years.cells.size(); ++i) {
+      if (!isDoubtful[i % width] || years.cells[i].IsNull()) continue;
       const double year = ToDouble(years.cells[i]);
       if (year < 100 || year > 9999)
-        Fail(Join(u"Column ", rows.names[i % rows.names.size()],
+        Fail(Join(u"Column ", rows.names[i % width],
                   u" holds a date outside of the years 100 to 9999."));
     }
     return rows;
