@@ -1,13 +1,9 @@
 #include "fetchkit/activity/ServiceRows.h"
 
-#include "fetchkit/base/Error.h"
-
 namespace fetchkit::MActivity {
 
 ServiceRows::ServiceRows(const Session& session, TextView sql)
-    : OpenedRecordset(MAction::ConnectionOf(session), sql, Cursor::Static) {
-  if (!*this) throw Error(ErrorKind::Host, u"The database refused the statement.");
-}
+    : OpenedRecordset(MAction::ConnectionOf(session), sql, Cursor::Static, Throwing()) {}
 
 std::optional<Value> ReadFirst(const Session& session, TextView sql, TextView column) {
   ServiceRows row(session, sql);

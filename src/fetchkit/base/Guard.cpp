@@ -36,7 +36,8 @@ void NoteCurrentError(TextView what, Severity severity) noexcept {
     const Text description = DescribeCurrentError();
     if (severity == Severity::Failure) thread.lastError = description;
     const Text statement = std::exchange(thread.failingStatement, {});
-    TellDiagnostics(what, description, statement, severity);
+    const Text databaseText = std::exchange(thread.databaseText, {});
+    TellDiagnostics(what, description, statement, severity, databaseText);
   } catch (...) {
     // Out of memory while noting it: the caller's answer matters more than the note. This one is
     // short enough to need none.

@@ -45,6 +45,7 @@ struct ThreadState {
   Text lastError;             // description of the last member's last error; empty when it had none
   bool memberAtWork = false;  // whether a public member is being run
   Text failingStatement;      // noted while an error passes its statement's owner
+  Text databaseText;          // and the database's own words, where it is a refusal
   DiagnosticsSink* diagnostics = nullptr;  // not owned; null when nobody asks
   std::unique_ptr<DiagnosticsSink>
       systemDiagnostics;                  // hears failures too; null where there is none

@@ -17,26 +17,49 @@ StatementTrace::~StatementTrace() {
   if (failing.empty()) failing = std::move(sql_);
 }
 
+namespace {
+
+constexpr TextView kRefused = u"The database refused the statement.";
+
+// The database's own words.
+Text WordsOfRefusal(SessionConnection& connection) {
+  Text words;
+  Step(
+      u"LastRefusal", [&] { words = connection.LastRefusal(); }, Severity::Note);
+  return words;
+}
+
+}  // namespace
+
 void TellRefusal(SessionConnection& connection, TextView operation, TextView sql,
                  Severity severity) {
   if (!IsHeard(severity)) return;
-  Text reason;
-  Step(
-      u"LastRefusal", [&] { reason = connection.LastRefusal(); }, Severity::Note);
-  TellDiagnostics(operation, u"The database refused the statement.", sql, severity, reason);
+  TellDiagnostics(operation, kRefused, sql, severity, WordsOfRefusal(connection));
 }
 
 OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor,
                                  Severity refusal)
     : trace_(sql), connection_(std::move(connection)) {
+  Open(cursor);
+  if (!opened_) TellRefusal(*connection_, u"OpenRecordset", trace_.sql(), refusal);
+}
+
+OpenedRecordset::OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor,
+                                 Throwing)
+    : trace_(sql), connection_(std::move(connection)) {
+  Open(cursor);
+  if (opened_) return;
+  if (IsHeard(Severity::Failure)) CurrentThread().databaseText = WordsOfRefusal(*connection_);
+  throw Error(ErrorKind::Host, kRefused);
+}
+
+void OpenedRecordset::Open(Cursor cursor) {
   if (!connection_)
     throw Error(ErrorKind::ObjectMissing, u"No connection: Interface.Initialize comes first.");
   opened_ = cursor == Cursor::Static
                 ? connection_->OpenStaticRecordset(trace_.sql(), recordset_, 3, 1, 1, 0)
                 : connection_->OpenRecordset(trace_.sql(), recordset_, 0, 0);
-  if (!opened_) {
-    TellRefusal(*connection_, u"OpenRecordset", trace_.sql(), refusal);
-  } else if (!recordset_) {
+  if (opened_ && !recordset_) {
     opened_ = false;
     throw Error(ErrorKind::Host, u"The connection opened a statement but gave no recordset.");
   }

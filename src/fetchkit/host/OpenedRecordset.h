@@ -43,6 +43,11 @@ class OpenedRecordset {
   OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor,
                   Severity refusal = Severity::Failure);
 
+  // For whom an open that answers False is no different from one that throws: Error (Host), which
+  // the trap tells the sink, with the database's own words.
+  struct Throwing {};
+  OpenedRecordset(SessionConnectionPtr connection, TextView sql, Cursor cursor, Throwing);
+
   // Gives the recordset back unless Close has done so. An error of the host is noted, not thrown.
   ~OpenedRecordset();
 
@@ -70,6 +75,8 @@ class OpenedRecordset {
   void Close();
 
  private:
+  void Open(Cursor cursor);
+
   HostCall call_;
   StatementTrace trace_;
   SessionConnectionPtr connection_;  // of its own: the session may get another one meanwhile
