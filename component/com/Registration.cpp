@@ -96,6 +96,19 @@ void Enter(const CreatableClass& each, const LibraryKey& library, const std::wst
   Key(scope, std::wstring(each.progId) + L"\\CLSID", KEY_WRITE).Set(nullptr, id);
 }
 
+// Whether the other of the two sizes is registered for the class. Identifiers of classes stand in
+// two views of the registry, one for each size, their names in both at once. On a system of one
+// size the two views are one, and what the class had in it is gone when this is asked.
+bool OtherSizeHas(const CreatableClass& each, RegistrationScope scope) {
+  const HKEY root = scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+  const std::wstring path = L"Software\\Classes\\CLSID\\" + TextOf(*each.id) + L"\\InprocServer32";
+  const REGSAM view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, &key) != ERROR_SUCCESS) return false;
+  RegCloseKey(key);
+  return true;
+}
+
 }  // namespace
 
 HRESULT Register(std::span<const CreatableClass> classes, RegistrationScope scope) noexcept {
@@ -121,7 +134,9 @@ HRESULT Unregister(std::span<const CreatableClass> classes, RegistrationScope sc
   };
   for (const CreatableClass& each : classes) {
     remember(Run([&] { Key(scope, L"CLSID", KEY_ALL_ACCESS).DeleteTree(TextOf(*each.id)); }));
-    remember(Run([&] { Key(scope, L"", KEY_ALL_ACCESS).DeleteTree(each.progId); }));
+    remember(Run([&] {
+      if (!OtherSizeHas(each, scope)) Key(scope, L"", KEY_ALL_ACCESS).DeleteTree(each.progId);
+    }));
   }
   remember(Run([&] {
     const LibraryKey key = KeyOf(TypeLibrary::Library().get());

@@ -18,7 +18,7 @@ enum class RegistrationScope {
 HRESULT Register(std::span<const CreatableClass> classes, RegistrationScope scope) noexcept;
 
 // Takes everything out, as far as it goes; the first refusal is the result. Entries that are not
-// there are no failure.
+// there are no failure. The classes' names stay as long as the other size, 32 or 64 bits, has them.
 HRESULT Unregister(std::span<const CreatableClass> classes, RegistrationScope scope) noexcept;
 
 }  // namespace fetchkit

@@ -287,9 +287,9 @@ TEST_F(Arguments, NoValueMakesAMemberRaise) {
       ExpectUnchanged(back.get(), value.get());
     }
 
-    // Every member that takes any-values, in the place of each at once. References to nothing do
-    // not come through the system's late-bound calls.
-    if ((value.get().vt & VT_BYREF) != 0) continue;
+    // Every member that takes any-values, in the place of each at once. References to nothing, and
+    // what the system does not copy, do not come through its late-bound calls.
+    if ((value.get().vt & VT_BYREF) != 0 || value.get().vt == VT_FILETIME) continue;
     int called = 0;
     ForEachMember([&](const Member& member) {
       const auto count = static_cast<UINT>(member.function.cParams);

@@ -221,6 +221,38 @@ TEST_F(Lifetime, AHalfDoneRegistrationIsTakenBack) {
   RegCloseKey(machine);
 }
 
+// The names of the classes are entered once for both sizes.
+TEST_F(Lifetime, TheOtherSizeKeepsItsNames) {
+  if constexpr (sizeof(void*) == 4) GTEST_SKIP() << "a 32-bit system has one size alone";
+  const auto keep = CreateUtility();
+  constexpr REGSAM kOther = KEY_ALL_ACCESS | KEY_WOW64_32KEY;
+  const wchar_t* const activity = L"{439B84CA-8F11-4B49-815F-33E6B2F4390E}";
+  HKEY classes = nullptr;
+  HKEY server = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0, nullptr, 0, kOther,
+                            nullptr, &classes, nullptr),
+            ERROR_SUCCESS);
+  ASSERT_EQ(RegCreateKeyExW(classes, (std::wstring(activity) + L"\\InprocServer32").c_str(), 0,
+                            nullptr, 0, kOther, nullptr, &server, nullptr),
+            ERROR_SUCCESS);
+  RegCloseKey(server);
+  for (const bool other : {true, false}) {
+    EXPECT_EQ(CallEntryPoint("DllRegisterServer"), S_OK);
+    EXPECT_EQ(CallEntryPoint("DllUnregisterServer"), S_OK);
+    for (const auto& [name, stays] :
+         {std::pair(L"Software\\Classes\\FetchKit.Activity\\CLSID", other),
+          std::pair(L"Software\\Classes\\FetchKit.Utility\\CLSID", false)}) {
+      HKEY key = nullptr;
+      const bool isThere =
+          RegOpenKeyExW(HKEY_LOCAL_MACHINE, name, 0, KEY_READ, &key) == ERROR_SUCCESS;
+      EXPECT_EQ(isThere, stays);
+      if (isThere) RegCloseKey(key);
+    }
+    if (other) RegDeleteTreeW(classes, activity);
+  }
+  RegCloseKey(classes);
+}
+
 // What the process holds: measured by walking its heaps, because not every system that runs this
 // counts private bytes and handles. Without allocations of its own between two measurements.
 struct Footprint {

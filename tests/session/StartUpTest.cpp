@@ -437,6 +437,27 @@ TEST_F(StartUp, BeforeTheFirstLoginEverythingIsEmptyAndNothingRaises) {
   EXPECT_THROW(entry_.LoginOrganization()->BeginYear(), ConvertError);
 }
 
+TEST_F(StartUp, AServiceWithoutALoginIsToldOnceAThread) {
+  RecordingSink sink;
+  const auto thisMonth = [&] {
+    Date now{};
+    Date first{};
+    Date last{};
+    return entry_.Activity()->GetBeginAndEndDate(u"本月", now, first, last, false);
+  };
+  EXPECT_TRUE(thisMonth()) << "the clock's";
+  EXPECT_TRUE(thisMonth());
+  ASSERT_EQ(sink.failures.size(), 1u);
+  EXPECT_EQ(sink.failures[0].what, u"Session");
+  entry_.Initialize(host_);
+  ReleaseThread();
+  SetDiagnosticsSink(&sink);
+  sink.failures.clear();
+  entry_.Initialize(host_);
+  EXPECT_TRUE(thisMonth());
+  EXPECT_TRUE(sink.failures.empty());
+}
+
 TEST_F(StartUp, KeysOfTwoClassesNeverMeet) {
   // The account "A$5" and organization 5 of the account "A" have the same cache key.
   host_->login.user = u"A";

@@ -8,7 +8,7 @@ import time
 import uuid
 
 NAMESPACE = uuid.UUID("5b0f0c5e-2f65-4f0b-9a3f-6d5e6f2f3f11")
-AUTHORS = "Organization: FetchKit authors"
+AUTHORS = "Organization: the FetchKit maintainers"
 NONE = "NOASSERTION"
 OWN_FILES = ("FetchKit.spdx.json", "SHA256SUMS")  # they cannot hold their own sums
 
@@ -88,7 +88,7 @@ def write(folder, name, version, epoch, linked):
         "SPDXID": "SPDXRef-FetchKit", "name": "FetchKit", "versionInfo": version, "supplier": AUTHORS,
         "downloadLocation": NONE, "filesAnalyzed": True, "licenseConcluded": "MIT",
         "licenseDeclared": "MIT", "licenseInfoFromFiles": licenses,
-        "copyrightText": "Copyright (c) 2026 FetchKit authors", "primaryPackagePurpose": "LIBRARY",
+        "copyrightText": "Copyright (c) 2026 the FetchKit maintainers", "primaryPackagePurpose": "LIBRARY",
         "packageVerificationCode": {
             "packageVerificationCodeValue": hashlib.sha1("".join(sorted(sums)).encode()).hexdigest(),
             "packageVerificationCodeExcludedFiles": ["./" + each for each in OWN_FILES]}}

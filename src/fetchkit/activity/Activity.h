@@ -33,7 +33,7 @@ class Activity {
                       const Value& varModuleId = MissingValue(),
                       const Value& varOrganizationId = MissingValue()) const {
     return Guarded(u"Activity.GetSysSetting", Value(u""), [&] {
-      return MActivity::GetSysSetting(MAction::CurrentSession(), strKey, varSection,
+      return MActivity::GetSysSetting(MAction::SessionOfLogin(), strKey, varSection,
                                       varDefaultValue, varModuleId, varOrganizationId);
     });
   }
@@ -80,7 +80,7 @@ class Activity {
   Text FormatSQL(TextView strSql) const {
     return Guarded(u"Activity.FormatSQL", Text(), [&](Text& sql) {
       sql = strSql;
-      sql = MActivity::FormatSQL(MAction::CurrentSession(), strSql);
+      sql = MActivity::FormatSQL(MAction::SessionOfLogin(), strSql);
     });
   }
 
@@ -90,7 +90,7 @@ class Activity {
   template <class Result, class... Formal, class... Arguments>
   static Result Ask(Result (*function)(Session&, Formal...), Arguments&&... arguments) {
     return Guarded(u"Activity", Result(), [&] {
-      return function(MAction::CurrentSession(), std::forward<Arguments>(arguments)...);
+      return function(MAction::SessionOfLogin(), std::forward<Arguments>(arguments)...);
     });
   }
 };

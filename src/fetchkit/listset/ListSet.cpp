@@ -64,7 +64,7 @@ Text ListSet::ShowMultiChoose(const RecordsetPtr& oCodeRs, TextView strCodeName,
 bool ListSet::ShowFilter(std::int32_t hWndOwner) {
   return Guarded(u"ListSet.ShowFilter", false, [&] {
     const HostCall call;  // an open dialog handles messages
-    Session& session = MAction::CurrentSession();
+    Session& session = MAction::SessionOfLogin();
     if (session.View == nullptr) return false;
     RequireWhole();
     ListType record = list_;
@@ -91,7 +91,7 @@ void ListSet::ViewId(std::int32_t lngViewId) {
   ListType record;
   const bool done = Step(u"ListSet.ViewId", [&] {
     record = list_;
-    MListSet::LoadView(MAction::CurrentSession(), record, loaded);
+    MListSet::LoadView(MAction::SessionOfLogin(), record, loaded);
   });
   if (done) list_ = std::move(record);
   loaded_ = loaded;
@@ -118,7 +118,7 @@ void ListSet::RefreshListField() {
   const std::int32_t view = list_.lngViewID;
   const bool done = Step(u"ListSet.RefreshListField", [&] {
     record = list_;
-    MListSet::RefreshListField(MAction::CurrentSession(), record, loaded);
+    MListSet::RefreshListField(MAction::SessionOfLogin(), record, loaded);
   });
   if (list_.lngViewID != view) return;
   if (done) list_ = std::move(record);
@@ -127,7 +127,7 @@ void ListSet::RefreshListField() {
 
 Text ListSet::FindAllKeyID(TextView strCodeTableName, TextView strMulCode) const {
   return Guarded(u"ListSet.FindAllKeyID", Text(), [&] {
-    return MListSet::FindAllKeyID(MAction::CurrentSession(), strCodeTableName, strMulCode);
+    return MListSet::FindAllKeyID(MAction::SessionOfLogin(), strCodeTableName, strMulCode);
   });
 }
 
@@ -139,7 +139,7 @@ void ListSet::SaveList() {
   Step(u"ListSet.SaveList", [&] {
     RequireWhole();
     ListType record = list_;
-    MListSet::SaveList(MAction::CurrentSession(), record);
+    MListSet::SaveList(MAction::SessionOfLogin(), record);
     Keep(std::move(record));
   });
 }

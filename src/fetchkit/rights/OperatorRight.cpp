@@ -59,7 +59,7 @@ bool OperatorRight::UserRight(TextView RightIDs) {
     if (!rightsLoaded_) {
       // Set first: rights that could not be read are not asked for again.
       rightsLoaded_ = true;
-      rights_ = ReadRights(MAction::CurrentSession());
+      rights_ = ReadRights(MAction::SessionOfLogin());
     }
     if (rights_.empty()) return false;
     const auto wanted = Split(RightIDs, u",");
@@ -74,7 +74,7 @@ std::optional<bool> OperatorRight::ReadAllRight(TextView strCode, TextView use) 
   const Text sql = Join(u"SELECT blnAll", strCode, use, u" As blnHaveRight FROM OperatorAllRight ",
                         u"WHERE lngOperatorID = ", LoginOperator().OperatorId(), u" ",
                         u"AND lngOrganizationID = ", LoginOperator().OrganizationId());
-  OpenedRecordset row(MAction::ConnectionOf(MAction::CurrentSession()), sql, Cursor::Plain);
+  OpenedRecordset row(MAction::ConnectionOf(MAction::SessionOfLogin()), sql, Cursor::Plain);
   if (!row) return std::nullopt;
   return row.HasRowForCertain() && ToDouble(row[u"blnHaveRight"]) == 1;
 }
@@ -94,7 +94,7 @@ Text OperatorRight::QueryCondition(TextView tableName) const {
   const std::int32_t organizationId = LoginOperator().OrganizationId();
   const Text upperName = UpperAscii(tableName);
   const Text groups =
-      AssignsPerOrganization(MAction::CurrentSession())
+      AssignsPerOrganization(MAction::SessionOfLogin())
           ? Join(u"((RightGroup.lngOrganizationID = 0 AND OperatorRight.lngOrganizationID = ",
                  organizationId, u") OR RightGroup.lngOrganizationID = ", organizationId, u")")
           : Join(u"RightGroup.lngOrganizationID = ", organizationId);

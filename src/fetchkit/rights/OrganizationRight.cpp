@@ -36,7 +36,7 @@ std::int32_t OrganizationRight::OrganizationId() const {
 OrganizationRight::Allotment OrganizationRight::Read(TextView upperName) const {
   const Text sql = Join(u"SELECT lngKeyID,blnUse FROM OrgCodeAllot ", u"WHERE lngOrganizationID = ",
                         OrganizationId(), u" ", u"AND Upper(strTableName) = '", upperName, u"'");
-  Session& session = MAction::CurrentSession();
+  Session& session = MAction::SessionOfLogin();
   const StatementTrace trace(sql);
   std::optional<OpenedRecordset> rows;
   Step(

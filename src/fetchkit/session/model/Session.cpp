@@ -1,6 +1,7 @@
 #include "fetchkit/session/model/Session.h"
 
 #include "fetchkit/base/Error.h"
+#include "fetchkit/base/Guard.h"
 
 namespace fetchkit::MAction {
 
@@ -8,6 +9,22 @@ Session& CurrentSession() {
   ThreadState& thread = CurrentThread();
   if (!thread.session) thread.session = std::make_unique<Session>();
   return static_cast<Session&>(*thread.session);
+}
+
+Session& SessionOfLogin() {
+  Session& session = CurrentSession();
+  // With a connection already while the first Initialize is under way, from which the host may
+  // call.
+  if (session.InitializeEnded || session.Connection || session.ToldWithoutLogin) return session;
+  session.ToldWithoutLogin = true;
+  Step(u"Session", [] {
+    TellDiagnostics(
+        u"Session",
+        u"Asked without a login on this thread: Interface.Initialize comes first, and one "
+        u"Interface has to be kept for as long as the login is to last.",
+        {});
+  });
+  return session;
 }
 
 const SessionConnectionPtr& ConnectionOf(const Session& session) {

@@ -44,6 +44,7 @@ struct Session : ThreadOwned {
   RecordLoad CustomerLoad;
   RecordLoad HostLoad;  // what the host itself tells: never due, the failing steps only
   bool InitializeEnded = false;
+  bool ToldWithoutLogin = false;  // that a service was asked before the first one
 
   SessionConnectionPtr Connection;
   std::shared_ptr<Activity> ActivityObject;  // created on first use, survive every login
@@ -101,6 +102,10 @@ namespace MAction {
 
 // The calling thread's session, created on first use.
 Session& CurrentSession();
+
+// The same for a service whose answer depends on the login: the thread's diagnostics are told once
+// when there was none, because the answer may look like one all the same.
+Session& SessionOfLogin();
 
 // The host's connection. Error (ObjectMissing) before the first Initialize.
 const SessionConnectionPtr& ConnectionOf(const Session& session);
