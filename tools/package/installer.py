@@ -16,7 +16,7 @@ from xml.sax.saxutils import quoteattr
 
 # Everything the installer is known by is derived from this and a name; it never changes.
 NAMESPACE = uuid.UUID("0f2b1d9e-5a83-4c3c-a7e6-8d0f5cf1b6a2")
-MANUFACTURER = "the FetchKit maintainers"
+MANUFACTURER = "FetchKit maintainers"
 PROXY = "{00020424-0000-0000-C000-000000000046}"  # the system's marshaller by type library
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 

@@ -8,7 +8,7 @@ import time
 import uuid
 
 NAMESPACE = uuid.UUID("5b0f0c5e-2f65-4f0b-9a3f-6d5e6f2f3f11")
-AUTHORS = "Organization: the FetchKit maintainers"
+AUTHORS = "Organization: FetchKit maintainers"
 NONE = "NOASSERTION"
 OWN_FILES = ("FetchKit.spdx.json", "SHA256SUMS")  # they cannot hold their own sums
 
