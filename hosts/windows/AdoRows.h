@@ -258,8 +258,9 @@ class RecordsetObject : public ComObject<ado::Recordset, ado::Recordset::kId, Re
   bool wasClosed_ = false;
 };
 
-// The recordset that a connection opened, with a reference for the caller.
+// The recordset that a connection opened, with a reference for the caller; null for none.
 inline IDispatch* RecordsetOf(RecordsetPtr rows, SessionConnectionPtr connection) {
+  if (!rows) return nullptr;
   ado::Recordset* fresh = new RecordsetObject(std::move(rows), std::move(connection));
   fresh->AddRef();
   return fresh;
