@@ -16,7 +16,6 @@ Set utility = CreateObject("FetchKit.Utility")
 Check "FetchKit.Activity", IsObject(CreateObject("FetchKit.Activity")), True
 Check "FetchKit.ListSet", IsObject(CreateObject("FetchKit.ListSet")), True
 Check "FetchKit.TypeDef", IsObject(CreateObject("FetchKit.TypeDef")), True
-Check "the name of its class", TypeName(utility), "Utility"
 Check "a date", utility.NotNull(#2004-02-29#, 0), #2004-02-29#
 Check "a Null", utility.NotNull(Null, "x"), "x"
 Check "an array", utility.FormatString("{0}-{1}", Array("a", "b")), "a-b"
