@@ -1,5 +1,5 @@
 # `cmake --install` of a Windows build: the DLLs with their type libraries, and what C++ hosts need
-# (headers, identifiers, an import library for activation without the registry). tools/package.py
+# (headers, identifiers, an import library for activation without the registry). tools/package/package.py
 # packs it. The target fetchkit_package builds all of it and nothing else.
 set(PACKAGE_BUILD ${PROJECT_BINARY_DIR}/package)
 set(COMPONENT_DIR ${PROJECT_SOURCE_DIR}/component)
@@ -77,6 +77,13 @@ if(LLVM_DLLTOOL)
 else()
   message(STATUS "No llvm-dlltool: cmake --install leaves out lib/FetchKit.lib")
 endif()
+
+# fmt's own checks name their header with its path, which is in the build folder.
+foreach(target fetchkit_host fetchkit_demo fetchkit_windows_demo)
+  if(TARGET ${target})
+    target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
+  endif()
+endforeach()
 
 add_custom_target(fetchkit_sdk ALL DEPENDS ${made})
 add_custom_target(fetchkit_package DEPENDS fetchkit_sdk)
