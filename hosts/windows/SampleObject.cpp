@@ -21,8 +21,10 @@ template <class Texts, class Convert>
 Value TextArray(const Texts& texts, Convert&& convert) {
   ValueArray array;
   array.dimensioned = true;
-  for (const auto& each : texts)
-    array.items.emplace_back(convert(each));
+  for (const auto& each : texts) {
+    const Text text(convert(each));
+    array.items.emplace_back(TextView(text));
+  }
   return Value(std::move(array));
 }
 

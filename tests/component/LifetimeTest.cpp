@@ -150,7 +150,7 @@ TEST_F(Lifetime, FaultsOfTheHostEndAtTheMembers) {
           auto entry = CreateInterface();
           const auto connection = byName
                                       ? NamedConnectionOf(host, References::Variants)
-                                      : demo::ConnectionObjectOf(host).As<IDispatch>(IID_IDispatch);
+                                      : hosts::ConnectionObjectOf(host).As<IDispatch>(IID_IDispatch);
           EXPECT_EQ(Initialize(entry, connection.get()), S_OK);
           auto list = Get(entry, &IInterface::get_ListSet);
           EXPECT_EQ(list->put_ViewId(5), S_OK);

@@ -39,7 +39,7 @@ class NamedHost : public ComponentTest {
 };
 
 // An early-bound connection that counts who calls it by name, and hands out what the test wants.
-class CountingConnection : public demo::ConnectionObject {
+class CountingConnection : public hosts::ConnectionObject {
  public:
   using ConnectionObject::ConnectionObject;
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
@@ -110,8 +110,8 @@ TEST_F(NamedHost, SeesAndIsAskedWhatAnEarlyBoundOneIs) {
 
 // By name with what has interfaces inside.
 TEST_F(NamedHost, MayHandOutWhatHasInterfaces) {
-  const auto expected = Play(demo::ConnectionObjectOf(host_).get());
-  const auto early = demo::ConnectionObjectOf(host_);
+  const auto expected = Play(hosts::ConnectionObjectOf(host_).get());
+  const auto early = hosts::ConnectionObjectOf(host_);
   const auto open = [&](std::span<VARIANT> arguments, bool isStatic) {
     VARIANT_BOOL opened = VARIANT_FALSE;
     IDispatch** const variable = &arguments[1].pvarVal->pdispVal;

@@ -185,7 +185,7 @@ const Group kGroups[] = {
      "`ViewField.strKeyField` names, STEM the word in its columns' names. The statements without "
      "a\n"
      "condition are sent where the table has no `blnIsInActive`.",
-     {"ListSet.ShowFilter"}},
+     {"ListSet.ShowFilter", "ListSet.SetCondition"}},
 };
 
 // A statement in lines: long ones break in front of their clauses, else behind commas and blanks.

@@ -116,6 +116,14 @@ void EveryPicker(Login& in) {
   in.list.List(std::move(list));
 }
 
+// As a script sets them: a column of codes or values asks for what its picker offers.
+void EveryCondition(Login& in) {
+  Text reason;
+  const ListType list = in.list.List();
+  for (const ListFieldType& field : list.ListField)
+    in.list.SetCondition(field.strListFieldDesc, u"01", reason);
+}
+
 // Those that change what is saved stand last.
 std::vector<Call> Calls() {
   const Chosen codes{kCodeTables, {}};
@@ -233,6 +241,9 @@ std::vector<Call> Calls() {
          bool ok = false;
          in.list.ShowMultiChoose(nullptr, u"a", u"", shown, true, Value(std::move(items)), ok, 0);
        }},
+      {"ListSet.SetCondition", "", EveryCondition, Owner::CodeTable, codes, LoadView},
+      {"ListSet.SetCondition", "", EveryCondition, Owner::Library, codes, EveryPicker},
+      {"ListSet.ClearConditions", "", [](Login& in) { in.list.ClearConditions(); }},
       {"ListSet.SaveList",
        "view",
        [](Login& in) { in.list.SaveList(); },

@@ -54,13 +54,11 @@ constexpr const BlockScans* kNarrow = &Blocks<Block8>::kScans;
 constexpr const BlockScans* kNarrow = nullptr;
 #endif
 
-bool HasAvx2() {
 #if defined(FETCHKIT_AVX2)
+bool HasAvx2() {
   return __builtin_cpu_supports("avx2") != 0;
-#else
-  return false;
-#endif
 }
+#endif
 
 // The widest scans for a text of that size; null: unit by unit.
 const BlockScans* ScansFor(std::size_t size) {
