@@ -104,13 +104,14 @@ clang_finds_nothing() {
     sed '/ warnings* generated\.$/d'
 }
 
-# What a document is made of: its headings, the size of each table, and its blocks of code without
-# their comments.
+# What a document is made of: its headings and points, the size of each table, and its blocks of code
+# without their comments.
 shape() {
   awk '
     /^```/ { inside = !inside; print; next }
     inside { sub(/ *(#|\/\/|'"'"') .*/, ""); print "  " $0; next }
     /^#+ / { sub(/ .*/, ""); print }
+    /^(- |[0-9]+\. )/ { print "a point" }
     /^\|/ { ++rows; columns = gsub(/\|/, "") - 1; next }
     rows { print "table of", rows, "rows and", columns, "columns"; rows = 0 }
     END { if (rows) print "table of", rows, "rows and", columns, "columns" }' "$1"

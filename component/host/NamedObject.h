@@ -34,7 +34,7 @@ class NamedObject {
   // Calls a method or reads a property, with the arguments in their order. References are variants
   // for the callee, as scripts pass their variables; one that refuses these for its typed arguments
   // is given references of the variables' types, from then on at once. Throws Error (Host) with the
-  // callee's own words, and ConvertError for an answer of a type that is not known here.
+  // callee's own words. An answer of a type that is not known here is an opaque value.
   Value Call(TextView member, std::span<const VARIANT> arguments = {});
 
   // The same for an answer that is an object; empty when it is none.

@@ -45,6 +45,7 @@ class MariaDbEngine : public Engine {
     const std::size_t at = words.find(kRefusal);
     if (at == TextView::npos) return Text(words);
     const TextView sum = words.substr(at + kRefusal.size());  // "1 * 35 + ..."
+    if (sum.empty()) return Text(words);
     const std::size_t reason = sum[0] - u'1';
     const TextView place = sum.substr(std::min<std::size_t>(4, sum.size()));
     const TextView digits = place.substr(0, place.find_first_not_of(u"0123456789"));

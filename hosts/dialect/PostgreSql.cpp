@@ -72,18 +72,21 @@ class PostgreSqlEngine : public Engine {
       {u"TRUNC", 2, u"trunc(CAST($1 AS numeric), CAST(trunc($2) AS integer))"},
       {u"TO_CHAR", 1, u"($1)"},
       {u"TO_NUMBER", 1, u"($1)"},
-      // NaN, infinity and what newer versions take, 0x10 and 1_000, are no numbers.
-      {u"TO_NUMBER", 2, u"CAST(translate(CAST($1 AS text), 'nNxX_', '#####') AS numeric)"},
+      // NaN, infinity and what newer versions take, 0x10, 0o7, 0b1 and 1_000, are no numbers.
+      {u"TO_NUMBER", 2, u"CAST(translate(CAST($1 AS text), 'nNxXoObB_', '#########') AS numeric)"},
       // A floating number becomes one of 15 digits.
       {u"EXACT", 1, u"CAST(CAST($1 AS numeric) AS double precision)"},
       {u"QUOTIENT", 3, u"(CAST($1 AS double precision) / $2)"},
       {u"TEXT_ONLY", 2, u"$1"},
       {u"ONLY_ROW", -1, u"$1"},
       {u"WHOLE_TEXT", 1, u"CAST($1 AS text)"},
-      // Larger numbers have another form in the dialect; here they are an overflow.
+      // Larger numbers and longer decimals have another form in the dialect; here the first are an
+      // overflow, and the others a text that is no number.
       {u"DECIMAL_TEXT", 2,
-       u"regexp_replace(CAST(trim_scale(CAST($1 AS numeric(80,40))) AS text), '^(-?)0[.]', "
-       u"'\\1.')"},
+       u"CASE WHEN CAST($1 AS numeric) = CAST($1 AS numeric(80,40)) "
+       u"THEN regexp_replace(CAST(trim_scale(CAST($1 AS numeric(80,40))) AS text), '^(-?)0[.]', "
+       u"'\\1.') WHEN $1 IS NOT NULL "
+       u"THEN CAST(CAST(CAST($1 AS text) || ' has too many decimals' AS numeric) AS text) END"},
       {u"REPLACE", 3, u"NULLIF(replace($1, COALESCE($2, ''), COALESCE($3, '')), '')"},
   };
   std::vector<TextView> keywords_ = {u"ANALYSE", u"ANALYZE",   u"ARRAY",   u"BINARY",  u"COLLATION",

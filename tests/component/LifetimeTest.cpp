@@ -148,9 +148,9 @@ TEST_F(Lifetime, FaultsOfTheHostEndAtTheMembers) {
                                           << (byName ? ", by name" : ""));
           host->Fail(nth, fault, forGood);
           auto entry = CreateInterface();
-          const auto connection = byName
-                                      ? NamedConnectionOf(host, References::Variants)
-                                      : hosts::ConnectionObjectOf(host).As<IDispatch>(IID_IDispatch);
+          const auto connection =
+              byName ? NamedConnectionOf(host, References::Variants)
+                     : hosts::ConnectionObjectOf(host).As<IDispatch>(IID_IDispatch);
           EXPECT_EQ(Initialize(entry, connection.get()), S_OK);
           auto list = Get(entry, &IInterface::get_ListSet);
           EXPECT_EQ(list->put_ViewId(5), S_OK);

@@ -245,7 +245,7 @@ pictures() {
   done
 }
 
-# load ENGINE: by the program under Wine; what it says holds no connection string.
+# load ENGINE: by the program under Wine.
 load() { wine FetchKitDemo.exe load --replace --engine "$1" | grep '^[0-9]* tables with [0-9]* rows '; }
 by_script() {
   local output

@@ -145,8 +145,8 @@ def write_source(wide, version, stages, path):
             inner = each.relative_to(stage)
             folder = "" if inner.parent == pathlib.Path() else inner.parent.as_posix()
             registry = ""
-            if each.name in ("SHA256SUMS", "FetchKit.spdx.json"):
-                continue  # they speak of the archive's files
+            if folder == "" and each.name in ("SHA256SUMS", "FetchKit.spdx.json", "README.md"):
+                continue  # they speak of the archive and its files
             if folder == "" and each.suffix in (".dll", ".tlb", ".manifest"):
                 host = each.name.startswith("FetchKitHost.")
                 if each.name in servers:

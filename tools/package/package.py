@@ -50,12 +50,11 @@ def stage(build, folder, readme, reference):
     shutil.copy(ROOT / "tools/package" / readme, folder / "README.md")
     ignore = shutil.ignore_patterns("reference*", "*.gitignore")
     shutil.copytree(ROOT / "docs", folder / "docs", ignore=ignore)
-    if (ROOT / "samples").is_dir() and readme == "README.windows.md":
-        tracked = subprocess.run(["git", "ls-files", "samples"], cwd=ROOT, check=True, text=True,
-                                 capture_output=True).stdout.split("\n")
-        for each in filter(None, tracked):
-            (folder / each).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(ROOT / each, folder / each)
+    tracked = subprocess.run(["git", "ls-files", "samples"], cwd=ROOT, check=True, text=True,
+                             capture_output=True).stdout.split("\n")
+    for each in filter(None, tracked):
+        (folder / each).parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(ROOT / each, folder / each)
     if reference:
         # Without what the generator keeps for itself, and without its fonts but the one that holds
         # signs: every system has a font for texts.
@@ -149,14 +148,15 @@ def main():
         sign(msi, epoch)
 
     symbols = {size: sorted(build.glob("*.debug")) for size, build in builds.items() if size != "linux"}
-    if all(symbols.values()):
-        folder = work / f"FetchKit-{version}-windows-symbols"
-        shutil.rmtree(folder, ignore_errors=True)
-        for size, files in symbols.items():
-            (folder / size).mkdir(parents=True)
-            for each in files:
-                shutil.copy(each, folder / size / each.name)
-        zip_folder(folder, folder.name, out / f"{folder.name}.zip", epoch)
+    if not all(symbols.values()):
+        raise SystemExit("The builds hold no symbols (*.debug).")
+    folder = work / f"FetchKit-{version}-windows-symbols"
+    shutil.rmtree(folder, ignore_errors=True)
+    for size, files in symbols.items():
+        (folder / size).mkdir(parents=True)
+        for each in files:
+            shutil.copy(each, folder / size / each.name)
+    zip_folder(folder, folder.name, out / f"{folder.name}.zip", epoch)
 
     files = sorted(out.glob("FetchKit-*"))
     (out / "SHA256SUMS").write_text(
