@@ -109,7 +109,7 @@ Text CellNames::CellColToString(std::int16_t intCol) {
       const int rest = before % 26;
       column = column > 26 ? whole + (rest > 13 || (rest == 13 && whole % 2 != 0) ? 1 : 0) : 0;
     }
-    return Text(letters.data() + first, letters.size() - first);
+    return {letters.data() + first, letters.size() - first};
   });
 }
 
