@@ -40,14 +40,13 @@ Date MonthBegin(Date date) {
   return AddDays(date, 1 - static_cast<int>(DayOf(date)));
 }
 
-// That many months from the one of the date on.
-DateRange MonthsFrom(Date date, int months) {
-  const Date begin = MonthBegin(date);
+// From the first day of a month on.
+DateRange MonthsFrom(Date begin, int months) {
   return {begin, AddDays(AddMonths(begin, months), -1)};
 }
 
 DateRange MonthRange(Date date) {
-  return MonthsFrom(date, 1);
+  return MonthsFrom(MonthBegin(date), 1);
 }
 
 // At midnight, unlike the dates that are counted from the reference date.
@@ -190,13 +189,13 @@ bool IsRemembered(DateRule rule, bool financial) {
 std::optional<DateRange> RangeOf(Session& session, DateRule rule, Date reference, bool financial) {
   if (!IsRemembered(rule, financial)) {
     // A date that no calendar holds is refused for every word alike.
-    YmdOf(reference);
+    RequireInCalendar(reference);
     return Evaluate(session, rule, reference, financial);
   }
   auto& ranges = ActivityCaches::Of(session).ForLogin(session).ranges;
   const RangeKey key{rule, reference.serial, financial};
   if (const auto known = ranges.find(key); known != ranges.end()) return known->second;
-  YmdOf(reference);
+  RequireInCalendar(reference);
   const auto range = Evaluate(session, rule, reference, financial);
   if (range) ranges.insert_or_assign(key, *range);
   return range;
@@ -207,7 +206,7 @@ std::optional<DateRange> RangeOfWord(Session& session, TextView word, Date refer
                                      bool financial) {
   if (const DateWord* keyword = DateWordOf(word); keyword != nullptr)
     return RangeOf(session, keyword->rule, reference, financial);
-  YmdOf(reference);
+  RequireInCalendar(reference);
   // The test trims and the cut does not.
   const TextView trimmed = TrimBlanks(word);
   if (trimmed.size() <= kCustomRange.size() || !trimmed.starts_with(kCustomRange))

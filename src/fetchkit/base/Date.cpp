@@ -58,6 +58,10 @@ std::optional<Date> DateFromYmd(int yearNumber, unsigned monthNumber, unsigned d
   return Compose(sys_days(ymd), 0);
 }
 
+void RequireInCalendar(Date date) {
+  DayNumber(date);
+}
+
 year_month_day YmdOf(Date date) {
   return {DaysOf(date)};
 }

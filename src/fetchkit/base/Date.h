@@ -28,6 +28,9 @@ constexpr int kLastYear = 9999;
 // The date at midnight; nothing when the calendar has no such day in kFirstYear to kLastYear.
 std::optional<Date> DateFromYmd(int year, unsigned month, unsigned day);
 
+// Error (Overflow) for a date outside the range above.
+void RequireInCalendar(Date date);
+
 // Year, month and day of the date, its time left aside. Error (Overflow) outside the range above.
 std::chrono::year_month_day YmdOf(Date date);
 
