@@ -81,6 +81,9 @@ class ComObject : public I, public ISupportErrorInfo, public IProvideClassInfo {
   // Destroyed by the last Release only.
   virtual ~ComObject() {
     Shells::Remove(core_.get());
+    // What goes with the core may be slow or the caller's own code: the DLL stays until it has
+    // gone.
+    core_.reset();
     Module::Leave();
   }
 

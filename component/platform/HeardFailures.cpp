@@ -18,12 +18,7 @@ HeardFailures& HeardFailures::OfThread() {
 void HeardFailures::OnFailure(const Failure& failure) {
   if (count_ < std::numeric_limits<std::int32_t>::max()) ++count_;
   try {
-    // What a refusal ends tells it once more, without the database's words.
-    Text databaseText = failure.databaseText;
-    if (databaseText.empty() && !failure.statement.empty() && failure.statement == last_.statement)
-      databaseText = last_.databaseText;
     last_ = failure;
-    last_.databaseText = std::move(databaseText);
     if (const Text file = LogFile(); !file.empty()) AppendToLog(file, last_);
     if (!telling_ && !listeners_.empty()) TellListeners();
   } catch (...) {

@@ -169,6 +169,9 @@ TEST_F(Diagnostics, WriteALogWithoutSecrets) {
       {"cannot open Driver={X};Server=db;Pwd=topsecret;", "cannot open ***"},
       {"two\nlines, password : topsecret", "two lines, ***"},
       {"at odbc://sa:topsecret@db now", "at odbc***"},
+      {"with userPassword=topsecret", "with user***"},
+      {"{\"password\": \"topsecret\"}", "{\"***"},
+      {"登录失败，密码：topsecret", "登录失败，***"},
       {"the forwarder of 连接 = none", "the forwarder of 连接 = none"}};
   for (const auto& [words, written] : kWords)
     EXPECT_EQ(Initialize(entry, ScriptObject::Make({{"HostContext",

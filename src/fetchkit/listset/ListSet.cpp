@@ -160,7 +160,7 @@ bool ListSet::SetCondition(TextView strListFieldDesc, TextView strCondition, Tex
     RequireWhole();
     ListType record = list_;
     reason =
-        MListSet::SetCondition(MAction::CurrentSession(), record, strListFieldDesc, strCondition);
+        MListSet::SetCondition(MAction::SessionOfLogin(), record, strListFieldDesc, strCondition);
     if (reason.empty() && record.lngViewID != list_.lngViewID)
       reason = u"设条件时列表换成了另一个视图";
     if (!reason.empty()) {
