@@ -66,14 +66,8 @@ InOutValue::~InOutValue() {
   VARIANT fresh;
   const HRESULT made = Run([&] { ToVariant(value_, &fresh); });
   if (FAILED(made)) return;
-  // A reference inside the variant is the caller's variable and is written through.
-  if (argument_->vt == (VT_BYREF | VT_VARIANT)) {
-    VariantClear(argument_->pvarVal);
-    *argument_->pvarVal = fresh;
-    return;
-  }
-  VariantClear(argument_);
-  *argument_ = fresh;
+  WriteThrough(argument_, &fresh);
+  VariantClear(&fresh);
 }
 
 }  // namespace fetchkit

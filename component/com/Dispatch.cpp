@@ -1,7 +1,6 @@
 #include "component/com/Dispatch.h"
 
 #include <algorithm>
-#include <cstring>
 #include <deque>
 #include <vector>
 
@@ -43,48 +42,13 @@ class Between {
 
   void WriteBack() {
     if ((original_.vt & VT_BYREF) == 0) return;
-    if (original_.vt == (VT_BYREF | VT_VARIANT)) {
-      Check(VariantCopy(original_.pvarVal, &variable_));
-      return;
-    }
-    const auto type = static_cast<VARTYPE>(original_.vt & ~VT_BYREF);
-    Variant changed;
-    Check(VariantChangeType(changed.InOut(), &variable_, 0, type));
-    VARIANT& fresh = *changed.InOut();
-    if (type == VT_BSTR) {
-      std::swap(*original_.pbstrVal, fresh.bstrVal);
-    } else if (type == VT_DISPATCH || type == VT_UNKNOWN) {
-      std::swap(*original_.ppunkVal, fresh.punkVal);
-    } else {
-      std::memcpy(original_.byref, &fresh.llVal, SizeOf(type));
-    }
+    Check(WriteThrough(&original_, &variable_));
   }
 
  private:
   static void Check(HRESULT result) {
     if (FAILED(result))
       throw ComError{result == DISP_E_OVERFLOW ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH};
-  }
-
-  static std::size_t SizeOf(VARTYPE type) {
-    switch (type) {
-      case VT_UI1:
-      case VT_I1:
-        return 1;
-      case VT_I2:
-      case VT_UI2:
-      case VT_BOOL:
-        return 2;
-      case VT_I4:
-      case VT_UI4:
-      case VT_INT:
-      case VT_UINT:
-      case VT_R4:
-      case VT_ERROR:
-        return 4;
-      default:
-        return 8;
-    }
   }
 
   VARIANT original_;

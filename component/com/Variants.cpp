@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -14,6 +15,28 @@
 
 namespace fetchkit {
 namespace {
+
+// Bytes of a variable of a plain type.
+std::size_t SizeOf(VARTYPE type) {
+  switch (type) {
+    case VT_UI1:
+    case VT_I1:
+      return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+      return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+    case VT_ERROR:
+      return 4;
+    default:
+      return 8;
+  }
+}
 
 // A copy of its own, for values that give it back later. Null for what the system does not copy.
 std::shared_ptr<const Variant> Copied(const VARIANT& variant) {
@@ -262,6 +285,30 @@ struct VariantWriter {
 void ToVariant(const Value& value, VARIANT* variant) {
   VariantInit(variant);
   std::visit(VariantWriter{*variant}, value.data());
+}
+
+HRESULT WriteThrough(VARIANT* target, VARIANT* value) noexcept {
+  while (target->vt == (VT_BYREF | VT_VARIANT) && target->pvarVal)
+    target = target->pvarVal;
+  if ((target->vt & VT_BYREF) == 0) return VariantCopy(target, value);
+  if (!target->byref) return DISP_E_TYPEMISMATCH;
+  const auto type = static_cast<VARTYPE>(target->vt & ~VT_BYREF);
+  if ((type & VT_ARRAY) != 0) return S_OK;
+  Variant changed;
+  const HRESULT result = VariantChangeType(changed.InOut(), value, 0, type);
+  if (FAILED(result)) return result;
+  VARIANT& fresh = *changed.InOut();
+  if (type == VT_BSTR) {
+    std::swap(*target->pbstrVal, fresh.bstrVal);
+  } else if (type == VT_DISPATCH || type == VT_UNKNOWN) {
+    std::swap(*target->ppunkVal, fresh.punkVal);
+  } else if (type == VT_DECIMAL) {
+    *target->pdecVal = fresh.decVal;
+    target->pdecVal->wReserved = 0;  // where the variant has its type
+  } else {
+    std::memcpy(target->byref, &fresh.llVal, SizeOf(type));
+  }
+  return S_OK;
 }
 
 bool IsSame(const Value& a, const Value& b) {

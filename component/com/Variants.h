@@ -39,6 +39,11 @@ Value ValueOf(const VARIANT& variant);
 // missing value becomes the omitted argument, an opaque value what it was made of.
 void ToVariant(const Value& value, VARIANT* variant);
 
+// Leaves a copy of value in the target or, when that is a reference, in the variable that it refers
+// to, at any depth and in that variable's type. A failure leaves the variable as it was; so does a
+// reference to an array: no member makes one, and the caller's may be one of fixed size.
+HRESULT WriteThrough(VARIANT* target, VARIANT* value) noexcept;
+
 // Whether the two would be the same variant; arrays, objects and opaque values only when they are
 // one.
 bool IsSame(const Value& a, const Value& b);

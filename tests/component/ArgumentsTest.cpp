@@ -367,6 +367,41 @@ TEST_F(Arguments, MayBeNamed) {
 }
 
 // The name that scripts show.
+// As a typed caller hands over its variables, and a script those that hold references themselves.
+TEST_F(Arguments, AReferenceIsWrittenInItsOwnType) {
+  const auto activity = Get(LogIn(), &IInterface::get_Activity);
+  for (const bool nested : {false, true}) {
+    SCOPED_TRACE(nested);
+    DATE begin = 38051;  // 2004-03-05
+    BSTR end = SysAllocString(L"2004-03-20");
+    VARIANT dates[4] = {};
+    dates[0].vt = VT_BYREF | VT_DATE;
+    dates[0].pdate = &begin;
+    dates[1].vt = VT_BYREF | VT_BSTR;
+    dates[1].pbstrVal = &end;
+    for (int i = 0; i < 2; ++i) {
+      dates[2 + i].vt = VT_BYREF | VT_VARIANT;
+      dates[2 + i].pvarVal = &dates[i];
+    }
+    short year = 0;
+    EXPECT_EQ(activity->GetEndDate(&dates[nested ? 2 : 0], &dates[nested ? 3 : 1], &year), S_OK);
+    EXPECT_EQ(dates[0].vt, VT_BYREF | VT_DATE);
+    EXPECT_EQ(begin, 38047) << "2004-03-01";
+    EXPECT_EQ(std::wstring(end), L"2004-03-04");
+    SysFreeString(end);
+  }
+  // The caller's array is its own.
+  SAFEARRAY* bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
+  VARIANT arguments[2] = {};
+  arguments[0].vt = arguments[1].vt = VT_BYREF | VT_ARRAY | VT_UI1;
+  SAFEARRAY* const kept = bytes;
+  arguments[0].pparray = arguments[1].pparray = &bytes;
+  DISPPARAMS parameters{arguments, nullptr, 2, 0};
+  activity->Invoke(13, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+  EXPECT_EQ(bytes, kept);
+  SafeArrayDestroy(bytes);
+}
+
 TEST_F(Arguments, ObjectsSayOfWhichClassTheyAre) {
   for (const auto& [name, object] : ObjectsOf(LogIn())) {
     ComPtr<ITypeInfo> type;
