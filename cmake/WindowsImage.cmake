@@ -20,8 +20,9 @@ function(fetchkit_windows_image target)
     return()
   endif()
   set(debug $<TARGET_FILE:${target}>.debug)
+  # With the image's own date, which is none: otherwise no two builds would be the same bytes.
   add_custom_command(TARGET ${target} POST_BUILD
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${debug}
-    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${debug} $<TARGET_FILE:${target}>
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug $<TARGET_FILE:${target}> ${debug}
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${debug} $<TARGET_FILE:${target}>
     VERBATIM)
 endfunction()
