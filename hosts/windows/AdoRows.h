@@ -129,7 +129,10 @@ class FieldEnumeration : public IEnumVARIANT {
 
  private:
   // Destroyed by the last Release only.
-  virtual ~FieldEnumeration() { Module::Leave(); }
+  virtual ~FieldEnumeration() {
+    rows_.reset();  // the DLL stays until they have gone
+    Module::Leave();
+  }
 
   LONG references_ = 0;
   RecordsetPtr rows_;

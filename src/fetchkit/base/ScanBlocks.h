@@ -4,10 +4,11 @@
 // second copy of an inline function of the standard library, which the linker might then take for
 // all of the program.
 //
-// A Block has kUnits, Load, Store, All (one unit everywhere), Equal (all bits of a unit set where
-// two are equal), And, Or, Subtract, Sum (of its units, each at most 32,767), Mask (one bit for
-// each unit that is set), Zero and InHan (set for U+4E00 to U+9FA5), and IsAscii (set below
-// U+0080). A function that goes as far as whole blocks do says in at where it stopped.
+// A Block has kUnits, kFullMask (the mask with all units set), Load, Store, All (one unit
+// everywhere), Zero, Equal (all bits of a unit set where two are equal), And, Or, Add, Subtract,
+// Sum (of its units, each at most 32,767), Mask (one bit for each unit that is set), IsHan (set for
+// U+4E00 to U+9FA5) and IsAscii (set below U+0080). A function that goes as far as whole blocks do
+// says in at where it stopped.
 #pragma once
 
 #include <cstddef>
